@@ -76,7 +76,7 @@ class Host {
   void SetProbe(OperationProbe* probe);
   // Told of each macro run, with the path "project/module/procedure".
   void SetMacroListener(
-      std::function<void(const std::string& path, const host::Array& args)> listener);
+      std::function<void(const std::string& path, const host::ValueArray& args)> listener);
 
   // Hides the rows for which shows returns false until the filter is switched off.
   void SetFilter(std::string_view table, FilterKind kind,

@@ -24,7 +24,7 @@ class HostProcedure {
  public:
   virtual ~HostProcedure() = default;
   // Runs the macro. The macro may change the arguments.
-  virtual void Run(Array& args) = 0;
+  virtual void Run(ValueArray& args) = 0;
 };
 
 // The macro environment. Projects, modules and procedures are plain name

@@ -32,7 +32,7 @@ class Document : public Object {};
 
 class Value;
 using ObjectRef = std::shared_ptr<Object>;
-using Array = std::vector<Value>;
+using ValueArray = std::vector<Value>;
 
 struct Empty {
   friend bool operator==(Empty, Empty) { return true; }
@@ -58,7 +58,7 @@ class Value {
   requires std::derived_from<T, Object> Value(std::shared_ptr<T> object)
       : data_(ObjectRef(std::move(object))) {}
   Value(std::nullptr_t) : data_(ObjectRef()) {}
-  Value(Array elements) : data_(std::make_shared<const Array>(std::move(elements))) {}
+  Value(ValueArray elements) : data_(std::make_shared<const ValueArray>(std::move(elements))) {}
 
   Kind GetKind() const { return static_cast<Kind>(data_.index()); }
   bool IsEmpty() const { return GetKind() == Kind::Empty; }
@@ -71,14 +71,14 @@ class Value {
   bool AsBoolean() const { return std::get<bool>(data_); }
   const std::string& AsText() const { return std::get<std::string>(data_); }
   const ObjectRef& AsObject() const { return std::get<ObjectRef>(data_); }
-  const Array& AsArray() const { return *std::get<std::shared_ptr<const Array>>(data_); }
+  const ValueArray& AsArray() const { return *std::get<std::shared_ptr<const ValueArray>>(data_); }
 
   // Equal kind and equal content; arrays element by element, objects by identity.
   friend bool operator==(const Value& a, const Value& b);
 
  private:
   std::variant<Empty, std::int16_t, std::int32_t, double, Date, std::string, bool, ObjectRef,
-               std::shared_ptr<const Array>>
+               std::shared_ptr<const ValueArray>>
       data_;
 };
 
