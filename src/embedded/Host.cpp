@@ -1,0 +1,81 @@
+#include "embedded/Host.h"
+
+#include <utility>
+
+#include "embedded/Core.h"
+#include "embedded/LiveApp.h"
+#include "embedded/LiveDb.h"
+#include "embedded/LiveProfile.h"
+#include "embedded/LiveTable.h"
+#include "embedded/errors.h"
+
+namespace pactora::embedded {
+
+Core::Core(std::unique_ptr<store::RecordStore> record_store)
+    : store_(std::move(record_store)), catalog_(store_->Catalog()) {
+  for (store::TableId table = 0; table < catalog_.tables.size(); ++table) {
+    tables_.push_back(std::make_unique<LiveTable>(*this, table));
+  }
+  profile_ = std::make_unique<LiveProfile>(*this);
+  db_ = std::make_unique<LiveDb>(*this);
+  app_ = std::make_unique<LiveApp>(*this);
+}
+
+Core::~Core() = default;
+
+void Core::RaiseClosed() { Raise(HostError::HostClosed); }
+
+LiveTable* Core::FindTable(std::string_view name) {
+  const auto table = catalog_.FindTable(name);
+  return table ? tables_[*table].get() : nullptr;
+}
+
+void Core::EndUnit() {
+  if (!store_->InUnit()) return;
+  try {
+    store_->Commit();
+  } catch (...) {
+    store_->Rollback();
+    for (const auto& table : tables_) table->Forget();
+    profile_->Reload();
+    throw;
+  }
+}
+
+void Core::Close() { store_.reset(); }
+
+Host::Host(std::unique_ptr<store::RecordStore> store)
+    : core_(std::make_shared<Core>(std::move(store))) {}
+
+Host::~Host() {
+  core_->probe = nullptr;
+  core_->Close();
+}
+
+std::shared_ptr<host::HostApp> Host::App() { return core_->Handle<host::HostApp>(core_->App()); }
+
+store::RecordStore& Host::Store() { return core_->Store(); }
+
+std::shared_ptr<host::HostTable> Host::Table(std::string_view name) {
+  return core_->Db().Tables().Item(name);
+}
+
+void Host::EndUnit() { core_->EndUnit(); }
+
+void Host::SetProbe(OperationProbe* probe) { core_->probe = probe; }
+
+void Host::SetMacroListener(
+    std::function<void(const std::string&, const host::ValueArray&)> listener) {
+  core_->macro_listener = std::move(listener);
+}
+
+void Host::SetFilter(std::string_view table, FilterKind kind,
+                     std::function<bool(const store::Record&)> shows) {
+  LiveTable* live = core_->FindTable(table);
+  if (live == nullptr) Raise(HostError::UnknownTable, table);
+  live->SetFilter(kind, std::move(shows));
+}
+
+void Host::ReloadProfile() { core_->Profile().Reload(); }
+
+}  // namespace pactora::embedded

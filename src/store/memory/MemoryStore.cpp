@@ -1,0 +1,279 @@
+#include "store/memory/MemoryStore.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <unordered_map>
+#include <utility>
+
+#include "platform/Text.h"
+#include "store/errors.h"
+
+namespace pactora::store {
+namespace {
+
+// A place in the order of an index.
+struct KeyPlace {
+  std::string_view key;
+  std::int64_t order;
+};
+
+// Orders rows by their key in one index, then by record order.
+struct KeyLess {
+  using is_transparent = void;
+  IndexId index;
+
+  static bool Less(const KeyPlace& a, const KeyPlace& b) {
+    const int compared = a.key.compare(b.key);
+    return compared != 0 ? compared < 0 : a.order < b.order;
+  }
+  KeyPlace PlaceOf(const Record* record) const { return {record->keys[index], record->order}; }
+  bool operator()(const Record* a, const Record* b) const { return Less(PlaceOf(a), PlaceOf(b)); }
+  bool operator()(const KeyPlace& a, const Record* b) const { return Less(a, PlaceOf(b)); }
+  bool operator()(const Record* a, const KeyPlace& b) const { return Less(PlaceOf(a), b); }
+};
+
+using RowsByKey = std::set<const Record*, KeyLess>;
+
+// The rows of one parent, ascending in record order; new rows mostly go last.
+using Siblings = std::vector<std::pair<std::int64_t, const Record*>>;
+
+Siblings::const_iterator Behind(const Siblings& rows, std::int64_t order) {
+  return std::upper_bound(rows.begin(), rows.end(), order,
+                          [](std::int64_t value, const auto& row) { return value < row.first; });
+}
+
+struct TableRows {
+  std::unordered_map<Oid, std::unique_ptr<Record>> by_oid;
+  std::unordered_map<Oid, Siblings> by_parent;
+  std::vector<RowsByKey> by_key;
+};
+
+// What a write of the open unit replaced; null for a row that was inserted.
+struct Undo {
+  TableId table;
+  Oid oid;
+  std::unique_ptr<Record> before;
+};
+
+class MemoryStore final : public RecordStore {
+ public:
+  MemoryStore(schema::Catalog catalog, Profile profile)
+      : catalog_(std::move(catalog)),
+        tables_(catalog_.tables.size()),
+        profile_(std::move(profile)) {
+    for (TableId table = 0; table < tables_.size(); ++table) {
+      for (IndexId index = 0; index < catalog_.tables[table].indexes.size(); ++index) {
+        tables_[table].by_key.emplace_back(KeyLess{index});
+      }
+    }
+  }
+
+  const schema::Catalog& Catalog() const override { return catalog_; }
+
+  bool Read(TableId table, Oid oid, Record& record) override {
+    const Record* row = Find(table, oid);
+    if (row == nullptr) return false;
+    record = *row;
+    return true;
+  }
+
+  bool NextInParent(TableId table, Oid parent, std::int64_t after, Record& record) override {
+    const auto found = tables_[table].by_parent.find(parent);
+    if (found == tables_[table].by_parent.end()) return false;
+    const auto next = Behind(found->second, after);
+    if (next == found->second.end()) return false;
+    record = *next->second;
+    return true;
+  }
+
+  bool NextByKey(TableId table, IndexId index, std::string_view key, std::int64_t after,
+                 Record& record) override {
+    const RowsByKey& rows = tables_[table].by_key[index];
+    const auto next = rows.upper_bound(KeyPlace{key, after});
+    if (next == rows.end()) return false;
+    record = **next;
+    return true;
+  }
+
+  std::int64_t CountInParent(TableId table, Oid parent) override {
+    const auto found = tables_[table].by_parent.find(parent);
+    return found == tables_[table].by_parent.end()
+               ? 0
+               : static_cast<std::int64_t>(found->second.size());
+  }
+
+  std::int64_t Count(TableId table) override {
+    return static_cast<std::int64_t>(tables_[table].by_oid.size());
+  }
+
+  void Insert(TableId table, Record& record) override {
+    const auto parent_table = catalog_.tables[table].parent;
+    if (parent_table && Find(*parent_table, record.parent) == nullptr) {
+      Raise(StoreError::Failed, "der übergeordnete Datensatz fehlt");
+    }
+    if (record.oid != 0 && Find(table, record.oid) != nullptr) Raise(StoreError::DuplicateOid);
+    CheckUnique(table, record);
+    last_number_ = std::max({last_number_, record.oid, record.order});
+    const std::int64_t number = last_number_ + 1;
+    if (record.oid == 0) record.oid = last_number_ = number;
+    if (record.order == 0) record.order = last_number_ = number;
+    record.version = 1;
+    Remember(table, record.oid, nullptr);
+    Link(table, std::make_unique<Record>(record));
+  }
+
+  bool Update(TableId table, Record& record) override {
+    const Record* row = Find(table, record.oid);
+    if (row == nullptr || row->version != record.version) return false;
+    CheckUnique(table, record);
+    auto changed = std::make_unique<Record>(record);
+    changed->parent = row->parent;
+    changed->order = row->order;
+    ++changed->version;
+    Replace(table, std::move(changed));
+    ++record.version;
+    return true;
+  }
+
+  void UpdateKeys(TableId table, Oid oid, const std::vector<std::string>& keys) override {
+    const Record* row = Find(table, oid);
+    if (row == nullptr) return;
+    auto changed = std::make_unique<Record>(*row);
+    changed->keys = keys;
+    Replace(table, std::move(changed));
+  }
+
+  bool Erase(TableId table, Oid oid, std::int64_t version) override {
+    const Record* row = Find(table, oid);
+    if (row == nullptr || row->version != version) return false;
+    for (const std::size_t child : catalog_.tables[table].children) {
+      if (CountInParent(child, oid) != 0) Raise(StoreError::HasChildren);
+    }
+    Remember(table, oid, Unlink(table, oid));
+    return true;
+  }
+
+  void LockForUpdate() override { in_unit_ = true; }
+  bool InUnit() const override { return in_unit_; }
+
+  void Commit() override { EndUnit(); }
+
+  void Rollback() override {
+    for (auto undo = undos_.rbegin(); undo != undos_.rend(); ++undo) {
+      if (Find(undo->table, undo->oid) != nullptr) Unlink(undo->table, undo->oid);
+      if (undo->before != nullptr) Link(undo->table, std::move(undo->before));
+    }
+    if (profile_before_) profile_ = std::move(*profile_before_);
+    EndUnit();
+  }
+
+  Profile ReadProfile() override { return profile_; }
+
+  void WriteProfile(const Profile& profile) override {
+    RememberProfile();
+    profile_ = profile;
+  }
+
+  void WriteSetting(const Setting& setting) override {
+    RememberProfile();
+    for (Setting& known : profile_.settings) {
+      if (known.scope == setting.scope &&
+          platform::EqualsIgnoringCase(known.owner, setting.owner) &&
+          platform::EqualsIgnoringCase(known.name, setting.name)) {
+        known = setting;
+        return;
+      }
+    }
+    profile_.settings.push_back(setting);
+  }
+
+  // Nobody else writes here.
+  std::int64_t ProfileStamp() override { return 0; }
+
+ private:
+  const Record* Find(TableId table, Oid oid) const {
+    const auto found = tables_[table].by_oid.find(oid);
+    return found == tables_[table].by_oid.end() ? nullptr : found->second.get();
+  }
+
+  void CheckUnique(TableId table, const Record& record) const {
+    const auto& fields = catalog_.tables[table].unique_fields;
+    if (fields.empty()) return;
+    const auto siblings = tables_[table].by_parent.find(record.parent);
+    if (siblings == tables_[table].by_parent.end()) return;
+    for (const auto& [order, row] : siblings->second) {
+      const auto equal = [&, other = row](std::size_t field) {
+        return other->cells[field] == record.cells[field];
+      };
+      if (row->oid != record.oid && std::all_of(fields.begin(), fields.end(), equal)) {
+        Raise(StoreError::DuplicateKey);
+      }
+    }
+  }
+
+  void Link(TableId table, std::unique_ptr<Record> record) {
+    TableRows& rows = tables_[table];
+    const Record* row = record.get();
+    Siblings& siblings = rows.by_parent[row->parent];
+    siblings.insert(Behind(siblings, row->order), {row->order, row});
+    for (RowsByKey& by_key : rows.by_key) by_key.insert(row);
+    rows.by_oid[row->oid] = std::move(record);
+  }
+
+  std::unique_ptr<Record> Unlink(TableId table, Oid oid) {
+    TableRows& rows = tables_[table];
+    const auto found = rows.by_oid.find(oid);
+    std::unique_ptr<Record> record = std::move(found->second);
+    rows.by_oid.erase(found);
+    for (RowsByKey& by_key : rows.by_key) by_key.erase(record.get());
+    Siblings& siblings = rows.by_parent[record->parent];
+    siblings.erase(std::prev(Behind(siblings, record->order)));
+    return record;
+  }
+
+  void Replace(TableId table, std::unique_ptr<Record> changed) {
+    TableRows& rows = tables_[table];
+    std::unique_ptr<Record>& place = rows.by_oid[changed->oid];
+    Siblings& siblings = rows.by_parent[changed->parent];
+    for (RowsByKey& by_key : rows.by_key) by_key.erase(place.get());
+    std::swap(place, changed);
+    const auto behind = Behind(siblings, place->order) - siblings.cbegin();
+    siblings[static_cast<std::size_t>(behind - 1)].second = place.get();
+    for (RowsByKey& by_key : rows.by_key) by_key.insert(place.get());
+    Remember(table, place->oid, std::move(changed));
+  }
+
+  void Remember(TableId table, Oid oid, std::unique_ptr<Record> before) {
+    in_unit_ = true;
+    undos_.push_back({table, oid, std::move(before)});
+  }
+
+  void RememberProfile() {
+    in_unit_ = true;
+    if (!profile_before_) profile_before_ = profile_;
+  }
+
+  void EndUnit() {
+    undos_.clear();
+    profile_before_.reset();
+    in_unit_ = false;
+  }
+
+  schema::Catalog catalog_;
+  std::vector<TableRows> tables_;
+  Profile profile_;
+  std::int64_t last_number_ = 0;  // the last oid or order given out
+
+  bool in_unit_ = false;
+  std::vector<Undo> undos_;
+  std::optional<Profile> profile_before_;
+};
+
+}  // namespace
+
+std::unique_ptr<RecordStore> CreateMemoryStore(schema::Catalog catalog, Profile profile) {
+  return std::make_unique<MemoryStore>(std::move(catalog), std::move(profile));
+}
+
+}  // namespace pactora::store
