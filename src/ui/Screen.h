@@ -20,6 +20,11 @@ inline constexpr std::int32_t kDefaultButton2 = 256;
 
 enum class Answer { Ok, Yes, No };
 
+// The button that the return key presses, and whether a box of these flags has
+// a button of that answer.
+Answer DefaultAnswer(std::int32_t flags);
+bool Offers(std::int32_t flags, Answer answer);
+
 // The title of a message that names none.
 inline constexpr char kDefaultTitle[] = "Pactora";
 

@@ -1,0 +1,25 @@
+// Why a person cannot do something with a control.
+#pragma once
+
+#include <string>
+
+namespace pactora::ui {
+
+enum class Hindrance {
+  None,
+  DialogClosed,
+  Hidden,
+  Disabled,
+  FrameHidden,    // a frame around the control is hidden
+  FrameDisabled,  // a frame around the control is disabled
+  FrameBehind,    // a frame around the control lies behind another one
+  WrongKind,      // the control offers no such action
+  ReadOnly,
+  NotInList,
+  DateNeeded,  // a date picker without a check box always shows a date
+};
+
+// For the user, in German: "ist gesperrt". Empty for None.
+std::string Describe(Hindrance hindrance);
+
+}  // namespace pactora::ui
