@@ -38,6 +38,10 @@ platform::Error CurrentError();
 // without icon, with the default title.
 void ShowInlineError(Module& module, const std::string& display_name, const platform::Error& error);
 
+// Shows the error through the module's reporter. Raises error 91 when there is
+// none.
+void ReportError(Module& module, const std::string& display_name, const platform::Error& error);
+
 // Form 1: through the reporter; the procedure ends normally.
 template <typename Body>
 void WithReporter(Module& module, std::string_view module_name, std::string_view procedure,
@@ -55,7 +59,7 @@ auto RaisingAgain(std::string_view module_name, std::string_view procedure, Body
     -> decltype(std::forward<Body>(body)());
 
 // Errors ignored: runs one step and gives its error, if any, to the caller to
-// look at. Returns true when the step succeeded.
+// look at; error may be null. Returns true when the step succeeded.
 template <typename Body>
 bool IgnoringErrors(platform::Error* error, Body&& body);
 
