@@ -1,0 +1,193 @@
+// The dialog that maintains a contract type: a new one, a stored one, or a copy
+// of a stored one for a single contract, which goes to memory instead of the
+// tables.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "definitions/AttributeChooser.h"
+#include "definitions/vv_CDefinition.h"
+#include "host/HostTable.h"
+#include "shell/Module.h"
+#include "ui/controls.h"
+
+namespace pactora::definitions {
+
+class frmFEditDefPositions;
+
+class frmFEditDefinitions final : public ui::Form {
+ public:
+  // Fills the lists from the tables; a failure is reported and leaves a dialog
+  // that is not fit for use.
+  // Requires: gDb and gAddonError are set. The module must outlive the dialog.
+  explicit frmFEditDefinitions(shell::Module& module);
+
+  // Prepares for a new type. Always true.
+  bool InitNew();
+  // Prepares for the current row of vv_Vertragsdefinitionen. False when that
+  // row cannot be shown; the dialog must not be shown then.
+  bool InitEdit();
+  // After InitEdit: what is changed will go to gDefinition and gPositions. Brings
+  // back an earlier change that is still held there for the same type.
+  void ShowForNewContract();
+
+  bool mbOK = false;  // the user saved
+
+ private:
+  // Opening.
+  void Wire();
+  void Form_Load();
+  void FillLists();
+  void FillAttributes();
+  void FillArticleGroups();
+  bool ShowStoredType();
+  bool SelectTyp();
+  bool SelectArt(std::int32_t art);
+  void SelectStatus(const std::string& status);
+  void ShowFromMemory();
+  void ShowDefinition(const vv_CDefinition& definition);
+
+  // Term and payment.
+  void cboZahlungsperiode_Click();
+  void cboKuendFrist_Click();
+  void cboKuendEinh_Click();
+  void txtDauer_Change();
+  void txtDauer2_Validate(bool& cancel);
+  void optBefristet_Click();
+  void optUnbefristet_Click();
+  void chkVerlaengerbar_Click();
+  void optDebitor_Click();
+  void optKreditor_Click();
+  void ApplyFollowUpState();
+  void EnableKuendFrist(bool enabled);
+  void EnableVerlaengerung(bool enabled);
+  void RemindPriceCheck();
+  void ShowPeriodMisfit(bool follow_up, std::int32_t term);
+  void ShowInputError(const std::string& name);
+  bool IsRenewableClaim() const;
+  std::int32_t Dauer() const;
+  std::int32_t Dauer2() const;
+  std::int32_t Zahlungsperiode() const;
+  std::int32_t Zahlungsperiode2() const;
+
+  // Workflow.
+  void FillWorkflows();
+  void EnableWorkflowSelection(bool enabled);
+  void cboWorkflow_Click();
+
+  // Positions.
+  void cboArtikelGruppen_Click();
+  void cmdAddPos_Click();
+  void cmdEditPos_Click();
+  void cmdDeletePos_Click();
+  void AddPosition();
+  void EditPosition();
+  void ReadStoredPositions();
+  void ShowPositionsFromMemory(const shell::PositionCollection& positions);
+  bool HasPositionOf(const std::string& article_id) const;
+  std::int32_t PriceTerm() const;
+
+  // Saving.
+  void cmdSave_Click();
+  bool MayBeSaved();
+  void SaveType();
+  vv_CDefinition EnteredDefinition() const;
+  void WriteDefinition(const vv_CDefinition& definition);
+  std::optional<double> WritePositions();
+  std::optional<double> WritePositionRows();
+  std::optional<double> WriteDummyPosition();
+  void WriteToNewContract();
+  double CollectPositions();
+
+  ui::Answer Ask(std::string text, std::string title = ui::kDefaultTitle);
+  void Say(std::string text, std::int32_t style, std::string title = ui::kDefaultTitle);
+
+  shell::Module& module_;
+  std::shared_ptr<host::HostTable> moArtikel;
+  std::shared_ptr<host::HostTable> moArtikelgruppen;
+  std::shared_ptr<host::HostTable> moDefinitionen;
+  std::shared_ptr<host::HostTable> moPositionen;
+  std::shared_ptr<host::HostTable> moVorgaenge;
+  AttributeTables attribute_tables_;
+  std::vector<std::string> msArtikelgruppeIDs;  // by list position + 1; element 0 is ""
+  std::vector<std::string> msWorkflowIDs;       // by list position
+  std::vector<std::string> mcolDeletedOids;     // stored positions removed in the dialog
+  bool mbNew = false;
+  bool mbForNewContract = false;
+  bool mbLoading = false;
+  std::int32_t mlArt = 0;
+  std::string msTyp;
+  std::string msWorkflowID;  // of the chosen workflow, kept while none can be chosen
+
+  // Controls in tab order.
+  ui::Frame fraTyp{*this, "fraTyp"};
+  ui::Label lblBezeichnung{fraTyp, "lblBezeichnung", "Vertragstyp"};
+  ui::TextBox txtBezeichnung{fraTyp, "txtBezeichnung"};
+  ui::Label lblStatus{fraTyp, "lblStatus", "Status"};
+  ui::ComboBox cboStatus{fraTyp, "cboStatus", ui::ComboBox::Style::FreeText};
+  ui::Label lblArt{fraTyp, "lblArt", "Art"};
+  ui::Frame fraArt{fraTyp, "fraArt"};
+  ui::OptionButton optDebitor{fraArt, "optDebitor", "Forderungs-Vertrag"};
+  ui::OptionButton optKreditor{fraArt, "optKreditor", "Verbindlichkeits-Vertrag"};
+  ui::Label lblDauer{fraTyp, "lblDauer", "Dauer"};
+  ui::Frame fraDauer{fraTyp, "fraDauer"};
+  ui::OptionButton optBefristet{fraDauer, "optBefristet", "Befristet"};
+  ui::CheckBox chkVerlaengerbar{fraDauer, "chkVerlaengerbar", "mit automat. Folgevertrag"};
+  ui::OptionButton optUnbefristet{fraDauer, "optUnbefristet", "Unbefristet"};
+
+  ui::Frame fraErstvertrag{*this, "fraErstvertrag", "Erstvertrag"};
+  ui::Label lblDauer1{fraErstvertrag, "lblDauer1", "Vertragsdauer"};
+  ui::TextBox txtDauer{fraErstvertrag, "txtDauer"};
+  ui::Label lblDauerEinheit{fraErstvertrag, "lblDauerEinheit"};
+  ui::Label lblZahlungsPeriode{fraErstvertrag, "lblZahlungsPeriode", "Zahlungsperiode"};
+  ui::ComboBox cboZahlungsperiode{fraErstvertrag, "cboZahlungsperiode"};
+  ui::Label lblRechnungWann{fraErstvertrag, "lblRechnungWann", "Rechnung"};
+  ui::ComboBox cboRechnungWann{fraErstvertrag, "cboRechnungWann"};
+  ui::CheckBox chkNoBooking{fraErstvertrag, "chkNoBooking", "Fremdfakturierung"};
+  ui::Frame fraKuendFrist{fraErstvertrag, "fraKuendFrist"};
+  ui::Label lblKuendFrist{fraKuendFrist, "lblKuendFrist", "Kündigungsfrist"};
+  ui::ComboBox cboKuendFrist{fraKuendFrist, "cboKuendFrist"};
+  ui::ComboBox cboKuendEinh{fraKuendFrist, "cboKuendEinh"};
+  ui::ComboBox cboKuenfristBezug{fraKuendFrist, "cboKuenfristBezug"};
+
+  ui::Frame fraVerlaengerung{*this, "fraVerlaengerung", "Folgevertrag"};
+  ui::Label lblDauer2{fraVerlaengerung, "lblDauer2", "Vertragsdauer"};
+  ui::TextBox txtDauer2{fraVerlaengerung, "txtDauer2"};
+  ui::Label lblDauerEinheit2{fraVerlaengerung, "lblDauerEinheit2"};
+  ui::Label lblZahlungsPeriode2{fraVerlaengerung, "lblZahlungsPeriode2", "Zahlungsperiode"};
+  ui::ComboBox cboZahlungsperiode2{fraVerlaengerung, "cboZahlungsperiode2"};
+  ui::Label lblKuendFrist2{fraVerlaengerung, "lblKuendFrist2", "Kündigungsfrist"};
+  ui::ComboBox cboKuendFrist2{fraVerlaengerung, "cboKuendFrist2"};
+  ui::ComboBox cboKuendEinh2{fraVerlaengerung, "cboKuendEinh2"};
+
+  AttributeChooser required_attribute_;
+  AttributeChooser set_attribute_;
+
+  ui::Frame fraWF{*this, "fraWF", "Workflow bei Verlängerung"};
+  ui::Label lblWorkflow{fraWF, "lblWorkflow", "Workflow"};
+  ui::ComboBox cboWorkflow{fraWF, "cboWorkflow"};
+
+  ui::Frame fraPositionen{*this, "fraPositionen", "Bearbeitung der Vertragspositionen"};
+  ui::Label lblArtikel{fraPositionen, "lblArtikel", "Artikelpositionen"};
+  ui::ComboBox cboArtikelGruppen{fraPositionen, "cboArtikelGruppen"};
+  ui::ListView lvwArtikel{fraPositionen, "lvwArtikel"};
+  ui::Button cmdAddPos{fraPositionen, "cmdAddPos", "->+"};
+  ui::Button cmdDeletePos{fraPositionen, "cmdDeletePos", "<- -"};
+  ui::Button cmdEditPos{fraPositionen, "cmdEditPos", "..."};
+  ui::Label lblPositionen{fraPositionen, "lblPositionen", "Vertragspositionen"};
+  ui::ListView lvwPositionen{fraPositionen, "lvwPositionen"};
+
+  ui::Frame fraPositionenK{*this, "fraPositionenK"};
+  ui::Label lblPositionenK{
+      fraPositionenK, "lblPositionenK",
+      "Bei einem Verbindlichkeits-Vertag werden keine Vertagspositionenvorbelegt."};
+
+  ui::Button cmdSave{*this, "cmdSave", "Speichern", ui::Button::Role::Default};
+  ui::Button cmdCancel{*this, "cmdCancel", "Abbrechen", ui::Button::Role::Cancel};
+};
+
+}  // namespace pactora::definitions
