@@ -101,7 +101,6 @@ class Form : public Container {
   bool Dispatch(const std::string& procedure, const std::function<void()>& body);
   void MoveFocus(Control* control, FocusCause cause);
   void NotifyChanged(const Control& control, Property property) const;
-  Button* ButtonOfRole(int role) const;
 
   const std::string class_name_;
   std::string caption_;

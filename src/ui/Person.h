@@ -7,7 +7,9 @@
 // nothing was touched.
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -49,6 +51,7 @@ class Person {
   // The characters of a text one by one. Ends early, and is done, when a key moves
   // the focus elsewhere. A line break is the return key.
   Outcome Type(Control& control, std::string_view text);
+  Outcome TypeKeys(Control& control, std::span<const std::int32_t> keys);
   // Replaces the text of such a box at once, past the key handler.
   Outcome Paste(Control& control, std::string text);
 
@@ -62,15 +65,20 @@ class Person {
   // No date unticks the picker.
   Outcome PickDate(Control& control, std::optional<platform::Date> date);
 
-  // Closes the form by its window frame: the cancel button's click, or just
-  // hiding where there is none. Validates nothing.
+  // Closes the form by its window frame: the cancel button's click, then hiding
+  // if the form is still there. Validates nothing.
   Outcome Close();
 
  private:
   class Acting;  // while it lives, events of the form are a person's
 
   Outcome TakeFocus(Control& control, bool validates);
-  Outcome ReplaceText(Control& control, std::string text);
+  // False when the box with the focus refused to be left.
+  bool LeaveFocused();
+  // Requires: the control has a text that a person can change.
+  void SetTextOf(Control& control, std::string text);
+  // Why an entry that was not found cannot be chosen.
+  Outcome Missing(const Control& control) const;
 
   Form& form_;
 };

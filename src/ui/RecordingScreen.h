@@ -56,6 +56,7 @@ class RecordingScreen final : public Screen {
     Acts acts;
   };
   static std::string Text(const Expectation& expectation);
+  void EndLevel();
 
   std::vector<std::deque<Expectation>> levels_;  // of nested dialogs, innermost last
   std::vector<Message> messages_;
