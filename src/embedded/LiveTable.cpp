@@ -322,6 +322,13 @@ void LiveTable::Store(std::int32_t) {
     Raise(HostError::RowChanged, schema_.name);
   }
   pending_ = false;
+  for (LiveTable* child : children_) child->RefreshKeys(row_.oid);
+}
+
+// The parent's row was stored, and with it perhaps the keys that hold a part of it.
+void LiveTable::RefreshKeys(store::Oid parent) {
+  if (!keys_need_parent_ || StoredOid() == 0 || row_.parent != parent) return;
+  if (core_.Store().Read(table_, row_.oid, next_)) row_.keys = next_.keys;
 }
 
 void LiveTable::StoreNew(std::int32_t) {

@@ -102,6 +102,7 @@ class LiveTable final : public host::HostTable {
   void FollowParent(store::Oid parent);
   void TellChildren();
   void ParentMoved();
+  void RefreshKeys(store::Oid parent);
   bool Seek(const host::Value& key, bool exact);
   bool Find(std::string_view oid);
   const std::vector<host::Value>* ParentCells(store::Record& parent);
