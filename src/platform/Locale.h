@@ -13,23 +13,28 @@ struct Locale {
   char decimal_separator = ',';
 };
 
-// The user's locale as the environment names it (LC_ALL, LC_NUMERIC, LANG); the
-// German one where it names none.
+// The locale of a name like "de_DE.UTF-8", by its language and country. The empty
+// name, "C" and "POSIX" name none and give the German one.
+Locale NamedLocale(std::string_view name);
+
+// The user's locale as the environment names it (LC_ALL, LC_NUMERIC, LANG).
 Locale SystemLocale();
 
 // "Fixed": at least one digit before the decimal separator, exactly two after
 // it, no thousands separators. Halves of the number's shortest decimal text are
-// rounded away from zero: 0.125 gives "0,13".
+// rounded away from zero: 0.125 gives "0,13". What rounds to zero has no sign.
 // Raises error 6 for a number that is not finite.
 std::string FormatFixed(double value, const Locale& locale);
 
 // The shortest decimal text that reads back to the same number, with the
-// locale's separator and no exponent.
+// locale's separator and no exponent. Zero has no sign.
+// Raises error 6 for a number that is not finite.
 std::string FormatPlain(double value, const Locale& locale);
 
 // Reads an optional sign, at least one digit and at most one decimal separator
 // before, among or after the digits, blanks around it allowed. Nothing else is a
-// number, thousands separators and exponents included.
+// number, thousands separators and exponents included, nor is a text whose
+// number is too large for a double.
 std::optional<double> ParseNumber(std::string_view text, const Locale& locale);
 
 }  // namespace pactora::platform

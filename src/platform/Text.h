@@ -15,14 +15,17 @@ bool IsValidUtf8(std::string_view text);
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 std::string_view LastCharacters(std::string_view text, std::size_t count);
 
-// Unicode's simple case mapping, one character to one: "ß" stays "ß".
+// Unicode's simple case mapping, one character to one: "ß" stays "ß", and a byte
+// that is no valid UTF-8 stays what it is.
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
+// Appends UpperCase(text) to out.
+void AppendUpperCase(std::string& out, std::string_view text);
 
 // Without regard to case: equal when the upper-cased texts are equal.
 bool EqualsIgnoringCase(std::string_view a, std::string_view b);
 
-// Without blanks at both ends.
+// Without blanks at both ends: spaces, tabs and line breaks.
 std::string_view Trim(std::string_view text);
 
 }  // namespace pactora::platform
