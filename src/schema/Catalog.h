@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "schema/NameLookup.h"
+
 namespace pactora::schema {
 
 enum class FieldType { Text, Long, Double, Date, Boolean, Document };
@@ -45,6 +47,7 @@ struct Table {
   bool counter = false;
   // Fields that no two rows of one parent may share all of; empty for none.
   std::vector<std::size_t> unique_fields;
+  NameLookup field_lookup;
 
   // Without regard to case.
   std::optional<std::size_t> FindField(std::string_view field_name) const;
@@ -55,9 +58,15 @@ struct Catalog {
   std::int32_t version = 1;   // of the structure, stored in database files
   std::vector<Table> tables;  // a parent before its children
   bool workflow_add_on = true;
+  NameLookup table_lookup;
 
   // Without regard to case.
   std::optional<std::size_t> FindTable(std::string_view table_name) const;
+
+  // Appends a table under the parent, enters it among the parent's children and
+  // makes its names quick to find. Returns its position.
+  // Requires: the table has no children yet; parent, if any, is a position.
+  std::size_t Add(Table table, std::optional<std::size_t> parent);
 };
 
 // The tables of the contract add-on and of its host. Without the workflow
