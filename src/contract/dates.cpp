@@ -60,11 +60,15 @@ Date AddWeeks(Date date, std::int32_t weeks) {
   return MoveByDays(date, std::int64_t{weeks} * kDaysPerWeek);
 }
 
+Date WeeksBefore(Date date, std::int32_t weeks) {
+  return MoveByDays(date, -std::int64_t{weeks} * kDaysPerWeek);
+}
+
 Date TermEnd(Date start, std::int32_t months) { return AddDays(AddMonths(start, months), -1); }
 
 Date NoticeDate(Date end, std::int32_t frist, std::string_view einheit) {
   const Date day_after = AddDays(end, 1);
-  if (einheit == schema::kWeeks) return MoveByDays(day_after, -std::int64_t{frist} * kDaysPerWeek);
+  if (einheit == schema::kWeeks) return WeeksBefore(day_after, frist);
   return MoveByMonths(day_after, -std::int64_t{frist});
 }
 

@@ -19,6 +19,8 @@ using platform::Date;
 Date AddMonths(Date date, std::int32_t months);
 Date AddDays(Date date, std::int32_t days);
 Date AddWeeks(Date date, std::int32_t weeks);
+// The day of an alarm so many weeks ahead of date.
+Date WeeksBefore(Date date, std::int32_t weeks);
 
 // The last day of a term that begins on start.
 Date TermEnd(Date start, std::int32_t months);
