@@ -3,7 +3,14 @@
 #include <array>
 #include <charconv>
 
+#include "platform/current_error.h"
+
 namespace pactora::platform {
+namespace {
+
+constexpr std::int32_t kInternalError = 51;
+
+}  // namespace
 
 std::string HexNumber(std::int32_t number) {
   std::array<char, 8> digits{};
@@ -40,6 +47,16 @@ std::string RuntimeErrorText(RuntimeError error) {
 
 void Raise(RuntimeError error) {
   throw Error(static_cast<std::int32_t>(error), RuntimeErrorText(error));
+}
+
+Error CurrentError() {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return error;
+  } catch (...) {
+    return Error(kInternalError, "Interner Fehler");
+  }
 }
 
 }  // namespace pactora::platform

@@ -1,14 +1,9 @@
 #include "shell/handlers.h"
 
+#include "platform/current_error.h"
 #include "shell/CAddonError.h"
 
 namespace pactora::shell {
-
-namespace {
-
-constexpr std::int32_t kInternalError = 51;
-
-}  // namespace
 
 std::string DisplayName(std::string_view module_name, std::string_view procedure) {
   std::string name(module_name);
@@ -17,15 +12,7 @@ std::string DisplayName(std::string_view module_name, std::string_view procedure
   return name;
 }
 
-platform::Error CurrentError() {
-  try {
-    throw;
-  } catch (const platform::Error& error) {
-    return error;
-  } catch (...) {
-    return platform::Error(kInternalError, "Interner Fehler");
-  }
-}
+platform::Error CurrentError() { return platform::CurrentError(); }
 
 void ShowInlineError(Module& module, const std::string& display_name,
                      const platform::Error& error) {

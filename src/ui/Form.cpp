@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/current_error.h"
 #include "ui/Button.h"
 
 namespace pactora::ui {
@@ -84,9 +85,9 @@ bool Form::Dispatch(const std::string& procedure, const std::function<void()>& b
   try {
     body();
     return true;
-  } catch (const platform::Error& error) {
+  } catch (...) {
     if (!OnError) throw;
-    OnError(procedure, error);
+    OnError(procedure, platform::CurrentError());
   }
   return false;
 }

@@ -138,8 +138,8 @@ Outcome Person::TypeKeys(Control& control, std::span<const std::int32_t> keys) {
   if (const Hindrance now = TextHindrance(control); now != Hindrance::None) return Impossible(now);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;
   for (const std::int32_t key : keys) {
-    if (!form_.Visible() || !control.HasFocus()) break;
-    if (const Outcome outcome = TypeKey(control, key); !outcome.Done()) return outcome;
+    if (!form_.Visible() || !control.HasFocus() || control.Reach() != Hindrance::None) break;
+    TypeKey(control, key);
   }
   return {};
 }

@@ -20,6 +20,8 @@ std::string Describe(Hindrance hindrance) {
       return "steht in einem verdeckten Rahmen";
     case Hindrance::WrongKind:
       return "ist kein Steuerelement für diese Aktion";
+    case Hindrance::WrongValue:
+      return "nimmt keinen solchen Wert";
     case Hindrance::ReadOnly:
       return "kann nur gelesen werden";
     case Hindrance::NotInList:

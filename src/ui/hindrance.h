@@ -14,6 +14,7 @@ enum class Hindrance {
   FrameDisabled,  // a frame around the control is disabled
   FrameBehind,    // a frame around the control lies behind another one
   WrongKind,      // the control offers no such action
+  WrongValue,     // nor a value of this kind
   ReadOnly,
   NotInList,
   DateNeeded,  // a date picker without a check box always shows a date
