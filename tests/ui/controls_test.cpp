@@ -1,0 +1,185 @@
+#include <gmock/gmock.h>
+
+#include "SampleForm.h"
+#include "platform/Error.h"
+
+namespace pactora::ui {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// The number of the error that an action raises, 0 for none.
+std::int32_t ErrorOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const platform::Error& error) {
+    return error.Number();
+  }
+  return 0;
+}
+
+constexpr platform::Date kDay{45366.0};
+constexpr platform::Date kNextDay{45367.0};
+
+struct Step {
+  const char* name;
+  std::function<void(SampleForm&)> act;
+  std::vector<std::string> runs;
+};
+
+TEST(Controls, RunTheirHandlersOnARealChangeOnly) {
+  const Step steps[] = {
+      {"text", [](auto& f) { f.txtDauer.SetText("12"); }, {"txtDauer_Change"}},
+      {"same text", [](auto& f) { f.txtDauer.SetText("12"); }, {}},
+      {"entry by text", [](auto& f) { f.cboList.SetText("Monate"); }, {"cboList_Click"}},
+      {"same entry by text", [](auto& f) { f.cboList.SetText("Monate"); }, {}},
+      {"same entry", [](auto& f) { f.cboList.SetListIndex(1); }, {}},
+      {"another entry", [](auto& f) { f.cboList.SetListIndex(0); }, {"cboList_Click"}},
+      {"no entry", [](auto& f) { f.cboList.SetListIndex(-1); }, {"cboList_Click"}},
+      {"no text", [](auto& f) { f.cboList.SetText(""); }, {}},
+      {"further entry", [](auto& f) { f.cboList.AddItem("Tage"); }, {}},
+      {"chosen entry's text", [](auto& f) { f.cboList.SetListIndex(2); }, {"cboList_Click"}},
+      {"renamed entry", [](auto& f) { f.cboList.SetItemText(2, "Jahre"); }, {}},
+      {"its new text", [](auto& f) { f.cboList.SetText("Jahre"); }, {}},
+      {"cleared list", [](auto& f) { f.cboList.Clear(); }, {}},
+      {"free text", [](auto& f) { f.cboFree.SetText("kg"); }, {"cboFree_Change"}},
+      {"free entry", [](auto& f) { f.cboFree.SetListIndex(0); }, {"cboFree_Click"}},
+      {"list entry", [](auto& f) { f.lstRows.SetListIndex(0); }, {"lstRows_Click"}},
+      {"option", [](auto& f) { f.optA.SetValue(true); }, {"optA_Click"}},
+      {"same option", [](auto& f) { f.optA.SetValue(true); }, {}},
+      {"other option", [](auto& f) { f.optB.SetValue(true); }, {"optB_Click"}},
+      {"option off", [](auto& f) { f.optB.SetValue(false); }, {}},
+      {"check", [](auto& f) { f.chkFlag.SetValue(1); }, {"chkFlag_Click"}},
+      {"same check", [](auto& f) { f.chkFlag.SetChecked(true); }, {}},
+      {"uncheck", [](auto& f) { f.chkFlag.SetValue(0); }, {"chkFlag_Click"}},
+      {"date", [](auto& f) { f.dtpStart.SetValue(kDay); }, {"dtpStart_Change"}},
+      {"time of the same day", [](auto& f) { f.dtpStart.SetValue({45366.5}); }, {}},
+      {"no date", [](auto& f) { f.dtpClosed.SetNull(); }, {"dtpClosed_Change"}},
+      {"no date again", [](auto& f) { f.dtpClosed.SetNull(); }, {}},
+      {"the day shown", [](auto& f) { f.dtpClosed.SetValue({0.0}); }, {"dtpClosed_Change"}},
+      {"row", [](auto& f) { f.lvwRows.AddRow("1"); }, {}},
+      {"selected row", [](auto& f) { f.lvwRows.SelectRow(0); }, {}},
+      {"disabled", [](auto& f) { f.txtDauer.SetEnabled(false); }, {}},
+  };
+  SampleForm form;
+  for (const Step& step : steps) {
+    step.act(form);
+    EXPECT_EQ(form.Ran(), step.runs) << step.name;
+  }
+}
+
+TEST(ComboBox, OfAListTakesItsEntriesOnly) {
+  SampleForm form;
+  form.cboList.SetText("Monate");
+  form.Ran();
+  EXPECT_EQ(ErrorOf([&] { form.cboList.SetText("monate"); }), 380);
+  EXPECT_EQ(form.cboList.Text(), "Monate");
+  EXPECT_EQ(form.cboList.ItemData(form.cboList.ListIndex()), 30);
+  EXPECT_THAT(form.Ran(), IsEmpty());
+}
+
+TEST(ComboBox, WithFreeTextChoosesTheEntryThatEqualsIt) {
+  SampleForm form;
+  form.cboFree.SetText("kg");
+  EXPECT_EQ(form.cboFree.ListIndex(), -1);
+  form.cboFree.SetText("Stück");
+  EXPECT_EQ(form.cboFree.ListIndex(), 0);
+  form.cboFree.SetListIndex(-1);
+  EXPECT_EQ(form.cboFree.Text(), "");
+  form.cboFree.SetText("kg");
+  form.cboFree.Clear();
+  EXPECT_EQ(form.cboFree.Text(), "");
+}
+
+TEST(ComboBox, ShowsTheChosenEntryUnderItsNewText) {
+  SampleForm form;
+  form.cboList.SetListIndex(0);
+  form.cboList.SetItemText(0, "weg");
+  form.cboList.SetItemData(0, 5);
+  EXPECT_EQ(form.cboList.Text(), "weg");
+  EXPECT_EQ(form.cboList.FindData(5), 0);
+  EXPECT_EQ(form.cboList.FindData(7), -1);
+}
+
+TEST(Controls, RefuseWhatDoesNotExist) {
+  SampleForm form;
+  form.lvwRows.AddRow("1");
+  const std::pair<std::int32_t, std::function<void()>> cases[] = {
+      {9, [&] { form.cboList.SetListIndex(2); }},
+      {9, [&] { form.cboList.SetListIndex(-2); }},
+      {9, [&] { form.cboList.ItemData(-1); }},
+      {9, [&] { form.cboList.SetItemText(2, ""); }},
+      {91, [&] { form.lvwRows.Text(0); }},
+      {9, [&] { form.lvwRows.Text(2); }},
+      {9, [&] { form.lvwRows.SelectRow(2); }},
+      {9, [&] { form.lvwRows.RemoveRow(-1); }},
+      {5, [&] { form.chkFlag.SetValue(2); }},
+      {5, [&] { form.dtpStart.SetNull(); }},
+      {13, [&] { form.dtpClosed.SetNull(), form.dtpClosed.Value(); }},
+  };
+  for (const auto& [number, act] : cases) EXPECT_EQ(ErrorOf(act), number);
+}
+
+TEST(OptionButton, ExcludesTheOthersOfItsContainer) {
+  SampleForm form;
+  form.optElsewhere.SetValue(true);
+  form.optA.SetValue(true);
+  bool others_off = false;
+  form.optB.Click = [&] { others_off = !form.optA.Value(); };
+  form.optB.SetValue(true);
+  EXPECT_TRUE(others_off);
+  EXPECT_TRUE(form.optElsewhere.Value());
+}
+
+TEST(DatePicker, RemembersTheDayWhileItHasNone) {
+  SampleForm form;
+  form.dtpClosed.SetValue(kDay);
+  form.dtpClosed.SetNull();
+  form.dtpClosed.SetValue(kNextDay);
+  form.dtpClosed.SetNull();
+  EXPECT_TRUE(form.dtpClosed.IsNull());
+  EXPECT_EQ(form.dtpClosed.ShownDate(), kNextDay);
+}
+
+TEST(ListView, KeepsTheSelectionWithItsRow) {
+  SampleForm form;
+  ListView& view = form.lvwRows;
+  EXPECT_EQ(view.SelectedRow(), 0);
+  for (const char* text : {"a", "b", "c"}) view.AddRow(text);
+  EXPECT_EQ(view.SelectedRow(), 1) << "the first row of a list is selected";
+  view.SelectRow(3);
+  view.RemoveRow(1);
+  EXPECT_EQ(view.Text(view.SelectedRow()), "c");
+  view.RemoveRow(2);
+  EXPECT_EQ(view.SelectedRow(), 0);
+  view.AddRow("d");
+  EXPECT_EQ(view.Text(view.SelectedRow()), "d");
+  view.ClearRows();
+  EXPECT_EQ(view.SelectedRow(), 0);
+}
+
+TEST(ListView, HoldsSubItemsByNumber) {
+  SampleForm form;
+  ListView& view = form.lvwRows;
+  view.AddRow("17", {"Wartung", "1,00"}, "Wartung Server");
+  view.SetText(1, 5, "Stück");
+  const std::vector<std::string> texts = {view.Text(1, 0), view.Text(1, 1), view.Text(1, 2),
+                                          view.Text(1, 3), view.Text(1, 5), view.Text(1, 22)};
+  EXPECT_THAT(texts, ElementsAre("17", "Wartung", "1,00", "", "Stück", ""));
+  EXPECT_EQ(view.RowToolTip(1), "Wartung Server");
+  EXPECT_EQ(view.FirstShownColumn(), 1);
+}
+
+TEST(Form, FindsControlsByTheirExactName) {
+  SampleForm form;
+  EXPECT_EQ(form.Find("txtDauer"), &form.txtDauer);
+  EXPECT_EQ(form.Find("txtdauer"), nullptr);
+  EXPECT_EQ(form.Find<TextBox>("txtDauer"), &form.txtDauer);
+  EXPECT_EQ(form.Find<Label>("txtDauer"), nullptr);
+  EXPECT_EQ(form.CancelButton(), &form.cmdCancel);
+  EXPECT_EQ(form.DefaultButton(), &form.cmdOK);
+}
+
+}  // namespace
+}  // namespace pactora::ui

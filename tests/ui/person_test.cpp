@@ -1,0 +1,261 @@
+#include "ui/Person.h"
+
+#include <gmock/gmock.h>
+
+#include "SampleForm.h"
+
+namespace pactora::ui {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct PersonTest : testing::Test, FormObserver {
+  PersonTest() {
+    form.txtMemo.SetFocus();
+    form.BeginModal();
+    form.AddObserver(*this);
+  }
+
+  void ControlChanged(const Control& control, Property) override {
+    seen.push_back("changed " + control.Name());
+  }
+  void FocusChanged(const Control* control, FocusCause cause) override {
+    static constexpr const char* kCauses[] = {"person", "program", "kept"};
+    seen.push_back(std::string(kCauses[static_cast<int>(cause)]) + " " +
+                   (control ? control->Name() : "none"));
+  }
+  void CaptionChanged() override { seen.push_back("caption"); }
+  void Hidden() override { seen.push_back("hidden"); }
+
+  void Expect(Hindrance hindrance, const Outcome& outcome) {
+    EXPECT_EQ(outcome.kind, Outcome::Kind::Impossible);
+    EXPECT_EQ(Describe(outcome.hindrance), Describe(hindrance));
+  }
+
+  SampleForm form;
+  Person person{form};
+  std::vector<std::string> seen;
+};
+
+TEST_F(PersonTest, ChangesControlsAsCodeDoes) {
+  person.Click(form.optA);
+  person.Click(form.optA);
+  person.Click(form.chkFlag);
+  person.SetCheck(form.chkFlag, true);
+  person.Choose(form.cboList, 1);
+  person.ChooseText(form.cboList, "Monate");
+  person.ChooseText(form.lstRows, "zwei");
+  person.PickDate(form.dtpStart, platform::Date{45366.0});
+  person.PickDate(form.dtpClosed, std::nullopt);
+  person.Paste(form.cboFree, "kg");
+  person.Click(form.cmdOK);
+  EXPECT_THAT(form.Ran(),
+              ElementsAre("optA_Click", "chkFlag_Click", "cboList_Click", "lstRows_Click",
+                          "dtpStart_Change", "dtpClosed_Change", "cboFree_Change", "cmdOK_Click"));
+}
+
+TEST_F(PersonTest, ClickingARowAlwaysCounts) {
+  form.lvwRows.AddRow("9", {"Wartung"});
+  form.lvwRows.AddRow("8", {"Server"});
+  person.Choose(form.lvwRows, 0);
+  person.Choose(form.lvwRows, 0);
+  person.ChooseText(form.lvwRows, "Server");
+  person.Choose(form.lvwRows, -1);
+  EXPECT_THAT(form.Ran(),
+              ElementsAre("lvwRows_ItemClick 1", "lvwRows_ItemClick 1", "lvwRows_ItemClick 2"));
+  EXPECT_EQ(form.lvwRows.SelectedRow(), 0);
+  Expect(Hindrance::NotInList, person.ChooseText(form.lvwRows, "9"));  // a hidden column
+}
+
+TEST_F(PersonTest, TypesKeyByKeyThroughTheHandler) {
+  form.txtDauer.SetText("1");
+  form.Ran();
+  form.on_key = [](std::int32_t& key) {
+    if (key == '.') key = ',';
+    if (key == 'x') key = 0;
+  };
+  person.Type(form.txtDauer, "x2.");
+  EXPECT_EQ(form.txtDauer.Text(), "12,");
+  EXPECT_THAT(form.Ran(),
+              ElementsAre("txtDauer_KeyPress 120", "txtDauer_KeyPress 50", "txtDauer_Change",
+                          "txtDauer_KeyPress 46", "txtDauer_Change"));
+}
+
+TEST_F(PersonTest, BackspaceTakesTheLastCharacter) {
+  struct Case {
+    const char* before;
+    const char* after;
+  };
+  for (const auto& [before, after] : {Case{"12", "1"}, Case{"ü", ""}, Case{"", ""}}) {
+    form.txtDauer.SetText(before);
+    person.TypeKey(form.txtDauer, 8);
+    EXPECT_EQ(form.txtDauer.Text(), after);
+  }
+  person.Type(form.txtMemo, "a\n");
+  EXPECT_EQ(form.txtMemo.Text(), "a\r\n");
+  person.TypeKey(form.txtMemo, 8);
+  EXPECT_EQ(form.txtMemo.Text(), "a");
+  person.Type(form.txtDauer, "1\n2");
+  EXPECT_EQ(form.txtDauer.Text(), "12") << "the return key writes nothing on a single line";
+}
+
+TEST_F(PersonTest, StopsTypingWhenAKeyMovesTheFocus) {
+  form.txtDauer.Change = [this] { form.cboList.SetFocus(); };
+  EXPECT_TRUE(person.Type(form.txtDauer, "24").Done());
+  EXPECT_EQ(form.txtDauer.Text(), "2");
+  EXPECT_EQ(form.Focus(), &form.cboList);
+  form.txtMemo.Change = [this] { form.Hide(); };
+  person.Type(form.txtMemo, "ab");
+  EXPECT_EQ(form.txtMemo.Text(), "a");
+}
+
+TEST_F(PersonTest, PastesPastTheKeyHandler) {
+  form.on_key = [](std::int32_t& key) { key = 0; };
+  person.Paste(form.txtDauer, "-5 %");
+  EXPECT_EQ(form.txtDauer.Text(), "-5 %");
+}
+
+TEST_F(PersonTest, ValidatesTheBoxThatIsLeft) {
+  person.Enter(form.txtDauer);
+  person.Click(form.cmdOK);
+  EXPECT_THAT(form.Ran(), ElementsAre("txtDauer_Validate", "cmdOK_Click"));
+  person.Click(form.cmdOK);
+  EXPECT_THAT(form.Ran(), ElementsAre("cmdOK_Click")) << "the focus was not in the box";
+  person.Leave(form.txtDauer);
+  EXPECT_EQ(form.Focus(), nullptr);
+  person.Click(form.chkFlag);
+  EXPECT_THAT(form.Ran(), ElementsAre("txtDauer_Validate", "chkFlag_Click"));
+}
+
+TEST_F(PersonTest, StaysInABoxThatRefuses) {
+  person.Enter(form.txtDauer);
+  form.on_validate = [](bool& cancel) { cancel = true; };
+  seen.clear();
+  for (const Outcome outcome :
+       {person.Click(form.cmdOK), person.Choose(form.cboList, 1), person.Leave(form.txtDauer),
+        person.Type(form.txtMemo, "a"), person.PickDate(form.dtpClosed, std::nullopt)}) {
+    EXPECT_EQ(outcome.kind, Outcome::Kind::FocusKept);
+  }
+  EXPECT_THAT(seen, testing::AllOf(testing::SizeIs(5), testing::Each("kept txtDauer")));
+  EXPECT_EQ(form.Focus(), &form.txtDauer);
+  EXPECT_THAT(form.Ran(), testing::Each("txtDauer_Validate"));
+}
+
+TEST_F(PersonTest, IsNeverTrappedInABox) {
+  form.on_validate = [](bool& cancel) { cancel = true; };
+  person.Enter(form.txtDauer);
+  EXPECT_TRUE(person.Click(form.cmdCancel).Done());
+  EXPECT_THAT(form.Ran(), ElementsAre("cmdCancel_Click"));
+  form.BeginModal();
+  person.Enter(form.txtDauer);
+  EXPECT_TRUE(person.Close().Done());
+  EXPECT_THAT(form.Ran(), ElementsAre("cmdCancel_Click"));
+  EXPECT_FALSE(form.Visible());
+  form.cmdCancel.SetEnabled(false);
+  form.BeginModal();
+  person.Close();
+  EXPECT_THAT(form.Ran(), IsEmpty());
+  EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(PersonTest, DoesNotValidateABoxThatWentOutOfReach) {
+  person.Enter(form.txtDauer);
+  form.fraTyp.SetEnabled(false);
+  EXPECT_TRUE(person.Click(form.cmdOK).Done());
+  EXPECT_THAT(form.Ran(), ElementsAre("cmdOK_Click"));
+}
+
+TEST_F(PersonTest, CannotActOnWhatTheValidationTookAway) {
+  person.Enter(form.txtDauer);
+  form.on_validate = [this](bool&) { form.cmdOK.SetEnabled(false); };
+  Expect(Hindrance::Disabled, person.Click(form.cmdOK));
+  EXPECT_THAT(form.Ran(), ElementsAre("txtDauer_Validate"));
+}
+
+TEST_F(PersonTest, CannotReachWhatIsShutOff) {
+  struct Case {
+    Hindrance hindrance;
+    std::function<void()> shut;
+    Control& control;
+  };
+  form.fraPositionenK.BringToFront();
+  const Case cases[] = {
+      {Hindrance::Disabled, [&] { form.chkFlag.SetEnabled(false); }, form.chkFlag},
+      {Hindrance::Hidden, [&] { form.optElsewhere.SetVisible(false); }, form.optElsewhere},
+      {Hindrance::FrameBehind, [] {}, form.cmdAdd},
+      {Hindrance::FrameDisabled, [&] { form.fraTyp.SetEnabled(false); }, form.optA},
+      {Hindrance::FrameDisabled, [] {}, form.txtDauer},  // two frames up
+      {Hindrance::FrameHidden, [&] { form.fraTyp.SetVisible(false); }, form.optB},
+      {Hindrance::WrongKind, [] {}, form.lblDauer},
+      {Hindrance::WrongKind, [] {}, form.fraPositionen},
+      {Hindrance::DialogClosed, [&] { form.Hide(); }, form.cmdOK},
+  };
+  for (const Case& c : cases) {
+    c.shut();
+    Expect(c.hindrance, person.Enter(c.control));
+    EXPECT_EQ(form.Focus(), &form.txtMemo);
+  }
+  EXPECT_THAT(form.Ran(), IsEmpty());
+}
+
+TEST_F(PersonTest, ReachesTheFrameInFrontOnly) {
+  Expect(Hindrance::FrameBehind, person.Enter(form.txtNote));
+  form.fraPositionenK.BringToFront();
+  EXPECT_TRUE(person.Enter(form.txtNote).Done());
+  form.fraPositionen.BringToFront();
+  EXPECT_TRUE(person.Click(form.cmdAdd).Done());
+}
+
+TEST_F(PersonTest, CannotDoWhatTheControlDoesNotOffer) {
+  form.txtMemo.SetReadOnly(true);
+  Expect(Hindrance::ReadOnly, person.Type(form.txtMemo, "a"));
+  Expect(Hindrance::ReadOnly, person.Paste(form.txtMemo, "a"));
+  Expect(Hindrance::WrongKind, person.Type(form.cboList, "M"));
+  Expect(Hindrance::WrongKind, person.Paste(form.chkFlag, "1"));
+  Expect(Hindrance::WrongKind, person.Click(form.txtMemo));
+  Expect(Hindrance::WrongKind, person.SetCheck(form.optA, true));
+  Expect(Hindrance::WrongKind, person.Choose(form.txtMemo, 0));
+  Expect(Hindrance::WrongKind, person.PickDate(form.txtMemo, std::nullopt));
+  Expect(Hindrance::NotInList, person.Choose(form.cboList, 2));
+  Expect(Hindrance::NotInList, person.ChooseText(form.cboList, "Tage"));
+  Expect(Hindrance::DateNeeded, person.PickDate(form.dtpStart, std::nullopt));
+  EXPECT_THAT(form.Ran(), IsEmpty());
+  EXPECT_TRUE(person.Enter(form.txtMemo).Done()) << "a read-only box can have the focus";
+}
+
+TEST_F(PersonTest, SeesTheProgramMoveTheFocus) {
+  person.Enter(form.txtDauer);
+  seen.clear();
+  form.txtDauer.SetFocus();  // is there already
+  form.lblDauer.SetFocus();  // never has it
+  form.chkFlag.SetEnabled(false);
+  form.chkFlag.SetFocus();  // out of reach
+  form.cboList.SetFocus();
+  EXPECT_THAT(seen, ElementsAre("changed chkFlag", "program cboList"));
+  EXPECT_THAT(form.Ran(), IsEmpty()) << "the program's own move validates nothing";
+}
+
+TEST_F(PersonTest, StartsInTheFirstControlOrWhereTheProgramPutTheFocus) {
+  EXPECT_EQ(form.Focus(), &form.txtMemo);
+  SampleForm other;
+  other.BeginModal();
+  EXPECT_EQ(other.Focus(), &other.txtDauer);
+  other.Hide();
+  other.fraTyp.SetVisible(false);
+  other.BeginModal();
+  EXPECT_EQ(other.Focus(), &other.txtMemo);
+}
+
+TEST_F(PersonTest, ObserversHearOfAChangeBeforeItsHandlerRuns) {
+  form.txtDauer.Change = [this] { seen.push_back("handler"); };
+  form.txtDauer.SetText("1");
+  form.SetCaption("neu");
+  form.SetCaption("neu");
+  form.Hide();
+  form.Hide();
+  EXPECT_THAT(seen, ElementsAre("changed txtDauer", "handler", "caption", "hidden"));
+}
+
+}  // namespace
+}  // namespace pactora::ui
