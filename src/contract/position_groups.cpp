@@ -23,4 +23,9 @@ std::vector<GroupedPosition> WritingOrder(const std::vector<std::string>& groups
   return order;
 }
 
+std::string RowText(std::size_t number) {
+  const std::string digits = std::to_string(number);
+  return digits.size() < 3 ? std::string(3 - digits.size(), '0') + digits : digits;
+}
+
 }  // namespace pactora::contract

@@ -22,4 +22,8 @@ struct GroupedPosition {
 // compared exactly. Takes time proportional to the list.
 std::vector<GroupedPosition> WritingOrder(const std::vector<std::string>& groups);
 
+// The field Row of the position with that number in its list (from 1): at least
+// three digits.
+std::string RowText(std::size_t number);
+
 }  // namespace pactora::contract

@@ -60,6 +60,7 @@ class AttributeChooser {
   void AddEmptyGroup();
   void AddGroup(std::string name, std::string oid);
   void SelectEmptyGroup();
+  void FillEmptyAttribute();
   // Requires: loading is false.
   void SelectEmptyAttribute();
 
@@ -81,9 +82,10 @@ class AttributeChooser {
   void OfferValues();
   void LoadUsers();
   void RestoreAttribute(const AttributeTriple& stored);
-  void ClearToEmptyAttribute();
   void ShowValueBox();
   void Report(std::string_view before, std::string_view after, const std::function<void()>& body);
+
+  static constexpr std::int32_t kDateKind = 1;  // the picker holds the value
 
   const AttributeRole role_;
   shell::Module& module_;
@@ -102,7 +104,7 @@ class AttributeChooser {
   // Oids of the rows at the boxes' list positions; "" for "<leer>".
   std::vector<std::string> group_oids_;
   std::vector<std::string> attribute_oids_;
-  std::int32_t value_kind_ = 0;  // 1 for a date, which the picker holds
+  std::int32_t value_kind_ = 0;
 };
 
 }  // namespace pactora::definitions

@@ -4,9 +4,12 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "definitions/AttributeChooser.h"
@@ -16,8 +19,6 @@
 #include "ui/controls.h"
 
 namespace pactora::definitions {
-
-class frmFEditDefPositions;
 
 class frmFEditDefinitions final : public ui::Form {
  public:
@@ -46,10 +47,11 @@ class frmFEditDefinitions final : public ui::Form {
   void FillArticleGroups();
   bool ShowStoredType();
   bool SelectTyp();
-  bool SelectArt(std::int32_t art);
+  void FixTyp();
+  bool SelectKind(std::int32_t art);
   void SelectStatus(const std::string& status);
-  void ShowFromMemory();
-  void ShowDefinition(const vv_CDefinition& definition);
+  void SelectPeriod(ui::ComboBox& box, std::int32_t period);
+  void SelectRechnungWann(std::int32_t place);
 
   // Term and payment.
   void cboZahlungsperiode_Click();
@@ -65,9 +67,10 @@ class frmFEditDefinitions final : public ui::Form {
   void ApplyFollowUpState();
   void EnableKuendFrist(bool enabled);
   void EnableVerlaengerung(bool enabled);
+  bool CheckPeriod();   // says so when the first contract's period does not fit
+  bool CheckPeriod2();  // the follow-up contract's
   void RemindPriceCheck();
-  void ShowPeriodMisfit(bool follow_up, std::int32_t term);
-  void ShowInputError(const std::string& name);
+  void SetSinglePaymentTerm(std::int32_t term);
   bool IsRenewableClaim() const;
   std::int32_t Dauer() const;
   std::int32_t Dauer2() const;
@@ -78,6 +81,7 @@ class frmFEditDefinitions final : public ui::Form {
   void FillWorkflows();
   void EnableWorkflowSelection(bool enabled);
   void cboWorkflow_Click();
+  std::string ChosenWorkflowID() const;
 
   // Positions.
   void cboArtikelGruppen_Click();
@@ -87,24 +91,36 @@ class frmFEditDefinitions final : public ui::Form {
   void AddPosition();
   void EditPosition();
   void ReadStoredPositions();
-  void ShowPositionsFromMemory(const shell::PositionCollection& positions);
   bool HasPositionOf(const std::string& article_id) const;
   std::int32_t PriceTerm() const;
+  std::string Evaluate(std::string_view expression);
+  std::string Fixed(double number) const;
 
   // Saving.
   void cmdSave_Click();
   bool MayBeSaved();
-  void SaveType();
+  bool SaveType();
   vv_CDefinition EnteredDefinition() const;
   void WriteDefinition(const vv_CDefinition& definition);
-  std::optional<double> WritePositions();
+  std::optional<double> WritePositions();  // the net sum; none when it failed
+  void DeleteRemovedPositions();
   std::optional<double> WritePositionRows();
   std::optional<double> WriteDummyPosition();
+
+  // Memory.
+  void ShowFromMemory();
+  void ShowDefinition(const vv_CDefinition& definition);
+  void ShowPositionsFromMemory(const shell::PositionCollection& positions);
   void WriteToNewContract();
   double CollectPositions();
 
-  ui::Answer Ask(std::string text, std::string title = ui::kDefaultTitle);
-  void Say(std::string text, std::int32_t style, std::string title = ui::kDefaultTitle);
+  // A procedure whose failure the reporter shows.
+  void Report(std::string_view procedure, const std::function<void()>& body);
+
+  static constexpr char kInMonths[] = "in Monaten";
+  static constexpr char kUsualNotice[] = "6";
+  static constexpr char kNoNotice[] = "0";
+  static constexpr char kSinglePayment[] = "einmalig";
 
   shell::Module& module_;
   std::shared_ptr<host::HostTable> moArtikel;
@@ -115,7 +131,7 @@ class frmFEditDefinitions final : public ui::Form {
   AttributeTables attribute_tables_;
   std::vector<std::string> msArtikelgruppeIDs;  // by list position + 1; element 0 is ""
   std::vector<std::string> msWorkflowIDs;       // by list position
-  std::vector<std::string> mcolDeletedOids;     // stored positions removed in the dialog
+  std::deque<std::string> mcolDeletedOids;      // stored positions removed in the dialog
   bool mbNew = false;
   bool mbForNewContract = false;
   bool mbLoading = false;
