@@ -1,0 +1,94 @@
+#include "store/sqlite/Connection.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "store/errors.h"
+#include "store/sqlite/Statement.h"
+
+namespace pactora::store::sqlite {
+namespace {
+
+int OpenFlags(Access access) {
+  // One thread at a time uses a connection, so SQLite needs no mutex of its own.
+  constexpr int kCommon = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+  switch (access) {
+    case Access::ReadOnly:
+      return kCommon | SQLITE_OPEN_READONLY;
+    case Access::ReadWrite:
+      return kCommon | SQLITE_OPEN_READWRITE;
+    case Access::Create:
+      return kCommon | SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+  }
+  return kCommon;
+}
+
+StoreError ErrorOf(int code) {
+  switch (code) {
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+      return StoreError::DuplicateOid;
+    case SQLITE_CONSTRAINT_UNIQUE:
+      return StoreError::DuplicateKey;
+    default:
+      break;
+  }
+  switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return StoreError::Locked;
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_READONLY:
+      return StoreError::NotReachable;
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+      return StoreError::NotADatabase;
+    case SQLITE_FULL:
+      return StoreError::Full;
+    default:
+      return StoreError::Failed;
+  }
+}
+
+}  // namespace
+
+Connection::Connection(const std::string& path, Access access, std::chrono::milliseconds timeout) {
+  // SQLite takes an empty name for a temporary database.
+  if (path.empty()) Raise(StoreError::NotReachable, "kein Dateiname");
+  const int code = sqlite3_open_v2(path.c_str(), &database_, OpenFlags(access), nullptr);
+  if (code != SQLITE_OK) {
+    const std::string detail = path + ": " + sqlite3_errstr(code);
+    sqlite3_close(database_);
+    Raise(StoreError::NotReachable, detail);
+  }
+  const auto longest = std::chrono::milliseconds(std::numeric_limits<int>::max());
+  sqlite3_busy_timeout(database_, static_cast<int>(std::min(timeout, longest).count()));
+}
+
+Connection::~Connection() { sqlite3_close(database_); }
+
+void Connection::SetUp() {
+  Run("PRAGMA trusted_schema = OFF");
+  Run("PRAGMA foreign_keys = ON");
+  Run("PRAGMA temp_store = MEMORY");
+  Run("PRAGMA cache_size = -32000");  // KiB: a long unit need not write before its commit
+  Run("PRAGMA synchronous = FULL");
+  Statement journal(*this, "PRAGMA journal_mode = TRUNCATE");
+  journal.Step();
+  const std::string_view mode = journal.Text(0);
+  if (mode != "truncate" && mode != "memory") {
+    Raise(StoreError::Locked, "journal_mode = " + std::string(mode));
+  }
+}
+
+void Connection::Run(const char* sql) {
+  const int code = sqlite3_exec(database_, sql, nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) Fail(code);
+}
+
+void Connection::Fail(int code) const {
+  Raise(ErrorOf(code), sqlite3_errmsg(database_) + (", SQLite " + std::to_string(code)));
+}
+
+}  // namespace pactora::store::sqlite

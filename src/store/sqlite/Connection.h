@@ -1,0 +1,46 @@
+// One open SQLite database.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+namespace pactora::store::sqlite {
+
+enum class Access { ReadOnly, ReadWrite, Create };
+
+inline constexpr const char* kInMemory = ":memory:";
+
+class Connection {
+ public:
+  // Opens the file. Raises StoreError::NotReachable if that fails; whether it is
+  // a database shows with the first statement. timeout: how long each statement
+  // waits for other users.
+  Connection(const std::string& path, Access access, std::chrono::milliseconds timeout);
+  // Drops an open transaction. Requires: all statements are gone.
+  ~Connection();
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  sqlite3* Handle() const { return database_; }
+
+  // Prepares for work on rows: references are enforced, commits are durable.
+  void SetUp();
+
+  // Runs statements whose rows don't matter.
+  void Run(const char* sql);
+  void Run(const std::string& sql) { Run(sql.c_str()); }
+
+  // False also when SQLite gave up the transaction by itself after a failure.
+  bool InTransaction() const { return sqlite3_get_autocommit(database_) == 0; }
+
+  // Raises the store's error for a result code of SQLite.
+  [[noreturn]] void Fail(int code) const;
+
+ private:
+  sqlite3* database_ = nullptr;
+};
+
+}  // namespace pactora::store::sqlite

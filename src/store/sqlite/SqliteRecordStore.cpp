@@ -1,0 +1,284 @@
+#include "store/sqlite/SqliteRecordStore.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "store/Document.h"
+#include "store/errors.h"
+#include "store/sqlite/profile.h"
+
+namespace pactora::store::sqlite {
+namespace {
+
+using host::Value;
+using schema::FieldType;
+
+void BindCell(Statement& statement, int parameter, FieldType type, const Value& cell) {
+  if (cell.IsEmpty()) return statement.BindNull(parameter);
+  switch (type) {
+    case FieldType::Text:
+      return statement.Bind(parameter, std::string_view(cell.AsText()));
+    case FieldType::Long:
+      return statement.Bind(parameter, std::int64_t{cell.AsLong()});
+    case FieldType::Double:
+      return statement.Bind(parameter, cell.AsDouble());
+    case FieldType::Date:
+      return statement.Bind(parameter, cell.AsDate().days);
+    case FieldType::Boolean:
+      return statement.Bind(parameter, std::int64_t{cell.AsBoolean()});
+    case FieldType::Document:
+      break;
+  }
+  const auto* const document = dynamic_cast<const NamedDocument*>(cell.AsObject().get());
+  if (document != nullptr) return statement.Bind(parameter, std::string_view(document->Name()));
+  if (cell.AsObject() != nullptr) platform::Raise(platform::RuntimeError::TypeMismatch);
+  statement.BindNull(parameter);
+}
+
+void ReadCell(const Statement& statement, int column, FieldType type, Value& cell) {
+  if (statement.IsNull(column)) {
+    cell = Value();
+    return;
+  }
+  switch (type) {
+    case FieldType::Text:
+      cell = statement.Text(column);
+      return;
+    case FieldType::Long:
+      cell = static_cast<std::int32_t>(statement.Integer(column));
+      return;
+    case FieldType::Double:
+      cell = statement.Real(column);
+      return;
+    case FieldType::Date:
+      cell = host::Date{statement.Real(column)};
+      return;
+    case FieldType::Boolean:
+      cell = statement.Integer(column) != 0;
+      return;
+    case FieldType::Document:
+      cell = std::make_shared<NamedDocument>(std::string(statement.Text(column)));
+      return;
+  }
+}
+
+void BindKeys(Statement& statement, int parameter, const std::vector<std::string>& keys) {
+  for (const std::string& key : keys) statement.Bind(parameter++, std::string_view(key));
+}
+
+// All but oid, version, order and parent.
+void BindContent(Statement& statement, const schema::Table& table, const Record& record) {
+  int parameter = kFirstCellParameter;
+  for (std::size_t field = 0; field < table.fields.size(); ++field) {
+    BindCell(statement, parameter++, table.fields[field].type, record.cells[field]);
+  }
+  BindKeys(statement, parameter, record.keys);
+}
+
+void ReadRow(const Statement& statement, const schema::Table& table, Record& record) {
+  record.oid = statement.Integer(kOidColumn);
+  record.version = statement.Integer(kVersionColumn);
+  record.order = statement.Integer(kOrderColumn);
+  record.parent = statement.Integer(kParentColumn);
+  record.cells.resize(table.fields.size());
+  record.keys.resize(table.indexes.size());
+  int column = kFirstCellColumn;
+  for (std::size_t field = 0; field < table.fields.size(); ++field) {
+    ReadCell(statement, column++, table.fields[field].type, record.cells[field]);
+  }
+  for (std::string& key : record.keys) key = statement.Text(column++);
+}
+
+std::int64_t ReadNumber(Statement& statement) {
+  if (!statement.Step()) return 0;
+  const std::int64_t number = statement.Integer(0);
+  statement.Reset();
+  return number;
+}
+
+}  // namespace
+
+SqliteRecordStore::SqliteRecordStore(std::unique_ptr<Connection> connection,
+                                     schema::Catalog catalog)
+    : connection_(std::move(connection)),
+      catalog_(std::move(catalog)),
+      statements_(*connection_, catalog_),
+      begin_(*connection_, "BEGIN IMMEDIATE"),
+      read_last_number_(*connection_, "SELECT last_number FROM pactora_database"),
+      write_last_number_(*connection_, "UPDATE pactora_database SET last_number = ?1"),
+      commit_(*connection_, "COMMIT"),
+      rollback_(*connection_, "ROLLBACK"),
+      data_version_(*connection_, "PRAGMA data_version") {}
+
+bool SqliteRecordStore::Find(Statement& statement, TableId table, Record& record) {
+  const ResetAtEnd reset(statement);
+  if (!statement.Step()) return false;
+  ReadRow(statement, catalog_.tables[table], record);
+  return true;
+}
+
+bool SqliteRecordStore::Read(TableId table, Oid oid, Record& record) {
+  Statement& statement = statements_.Get(table, Operation::Read);
+  statement.Bind(1, oid);
+  return Find(statement, table, record);
+}
+
+bool SqliteRecordStore::NextInParent(TableId table, Oid parent, std::int64_t after,
+                                     Record& record) {
+  Statement& statement = statements_.Get(table, Operation::NextInParent);
+  int parameter = 1;
+  if (catalog_.tables[table].parent) statement.Bind(parameter++, parent);
+  statement.Bind(parameter, after);
+  return Find(statement, table, record);
+}
+
+bool SqliteRecordStore::NextByKey(TableId table, IndexId index, std::string_view key,
+                                  std::int64_t after, Record& record) {
+  Statement& statement = statements_.NextByKey(table, index);
+  statement.Bind(1, key);
+  statement.Bind(2, after);
+  return Find(statement, table, record);
+}
+
+std::int64_t SqliteRecordStore::CountInParent(TableId table, Oid parent) {
+  Statement& statement = statements_.Get(table, Operation::CountInParent);
+  if (catalog_.tables[table].parent) statement.Bind(1, parent);
+  return ReadNumber(statement);
+}
+
+std::int64_t SqliteRecordStore::Count(TableId table) {
+  return ReadNumber(statements_.Get(table, Operation::Count));
+}
+
+bool SqliteRecordStore::HasWritten(int code) const {
+  if (code != SQLITE_DONE) connection_->Fail(code);
+  return sqlite3_changes(connection_->Handle()) != 0;
+}
+
+void SqliteRecordStore::Insert(TableId table, Record& record) {
+  EnterUnit();
+  std::int64_t number = std::max({last_number_, record.oid, record.order});
+  // A number for the row itself and one for its order at most.
+  if (number >= std::numeric_limits<std::int64_t>::max() - 1) {
+    Raise(StoreError::Failed, "keine Oid mehr frei");
+  }
+  const Oid oid = record.oid != 0 ? record.oid : ++number;
+  std::int64_t order = record.order;
+  if (order == 0) order = record.oid == 0 ? oid : ++number;
+
+  Statement& statement = statements_.Get(table, Operation::Insert);
+  statement.Bind(kOidParameter, oid);
+  statement.Bind(kVersionParameter, std::int64_t{1});
+  statement.Bind(kOrderParameter, order);
+  if (catalog_.tables[table].parent) statement.Bind(kParentParameter, record.parent);
+  BindContent(statement, catalog_.tables[table], record);
+  HasWritten(statement.Run());
+  last_number_ = number;
+  record.oid = oid;
+  record.order = order;
+  record.version = 1;
+}
+
+bool SqliteRecordStore::UpdateWith(Operation operation, TableId table, const Record& record) {
+  Statement& statement = statements_.Get(table, operation);
+  statement.Bind(kOidParameter, record.oid);
+  statement.Bind(kVersionParameter, record.version);
+  BindContent(statement, catalog_.tables[table], record);
+  return HasWritten(statement.Run());
+}
+
+bool SqliteRecordStore::Update(TableId table, Record& record) {
+  EnterUnit();
+  const schema::Table& description = catalog_.tables[table];
+  const bool has_keys = !description.indexes.empty() || !description.unique_fields.empty();
+  if (!(has_keys && UpdateWith(Operation::UpdateKeepingKeys, table, record)) &&
+      !UpdateWith(Operation::Update, table, record)) {
+    return false;
+  }
+  ++record.version;
+  return true;
+}
+
+void SqliteRecordStore::UpdateKeys(TableId table, Oid oid, const std::vector<std::string>& keys) {
+  EnterUnit();
+  if (keys.empty()) return;
+  Statement& statement = statements_.Get(table, Operation::UpdateKeys);
+  statement.Bind(1, oid);
+  BindKeys(statement, 2, keys);
+  HasWritten(statement.Run());
+}
+
+bool SqliteRecordStore::Erase(TableId table, Oid oid, std::int64_t version) {
+  EnterUnit();
+  Statement& statement = statements_.Get(table, Operation::Erase);
+  statement.Bind(1, oid);
+  statement.Bind(2, version);
+  const int code = statement.Run();
+  if (code == SQLITE_CONSTRAINT_FOREIGNKEY) Raise(StoreError::HasChildren);
+  return HasWritten(code);
+}
+
+void SqliteRecordStore::EnterUnit() {
+  if (in_unit_) [[likely]] {
+    if (!connection_->InTransaction()) Raise(StoreError::UnitLost);
+    return;
+  }
+  begin_.Step();
+  in_unit_ = true;
+  last_number_ = saved_last_number_ = ReadNumber(read_last_number_);
+}
+
+void SqliteRecordStore::LockForUpdate() { EnterUnit(); }
+
+void SqliteRecordStore::SaveLastNumber() {
+  if (last_number_ == saved_last_number_) return;
+  write_last_number_.Bind(1, last_number_);
+  write_last_number_.Step();
+}
+
+void SqliteRecordStore::Commit() {
+  if (!in_unit_) return;
+  EnterUnit();
+  try {
+    SaveLastNumber();
+    commit_.Step();
+  } catch (...) {
+    Rollback();
+    throw;
+  }
+  in_unit_ = false;
+}
+
+void SqliteRecordStore::Rollback() {
+  in_unit_ = false;
+  if (connection_->InTransaction()) rollback_.Step();
+}
+
+Profile SqliteRecordStore::ReadProfile() {
+  if (connection_->InTransaction()) return sqlite::ReadProfile(*connection_);
+  connection_->Run("BEGIN");
+  try {
+    Profile profile = sqlite::ReadProfile(*connection_);
+    rollback_.Step();
+    return profile;
+  } catch (...) {
+    if (connection_->InTransaction()) rollback_.Step();
+    throw;
+  }
+}
+
+void SqliteRecordStore::WriteProfile(const Profile& profile) {
+  EnterUnit();
+  sqlite::WriteProfile(*connection_, profile);
+}
+
+void SqliteRecordStore::WriteSetting(const Setting& setting) {
+  EnterUnit();
+  sqlite::WriteSetting(*connection_, setting);
+}
+
+// SQLite counts what other connections commit.
+std::int64_t SqliteRecordStore::ProfileStamp() { return ReadNumber(data_version_); }
+
+}  // namespace pactora::store::sqlite

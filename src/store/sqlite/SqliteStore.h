@@ -1,0 +1,50 @@
+// A store in a SQLite file: one table for each table of the catalogue, one typed
+// column for each field, so that any SQL tool reads the contracts. What the file
+// holds and how it is kept safe stands in docs/storage.md.
+//
+// Several stores, in one or more programs, may have the same file open; each
+// belongs to one thread at a time.
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "schema/Catalog.h"
+#include "store/RecordStore.h"
+
+namespace pactora::store {
+
+// How long an operation waits for other users before it raises StoreError::Locked.
+inline constexpr std::chrono::milliseconds kDefaultLockTimeout = std::chrono::seconds(30);
+
+struct OpenOptions {
+  std::chrono::milliseconds lock_timeout = kDefaultLockTimeout;
+  // The store works on a copy in memory and the file stays byte for byte as it is.
+  bool rehearsal = false;
+};
+
+// Makes a new database in the file, whole or not at all, and opens it. catalog
+// must be one of schema::ContractCatalog's two. Raises StoreError::Failed when
+// the file exists and is not empty.
+std::unique_ptr<RecordStore> CreateSqlite(const std::string& path, const schema::Catalog& catalog,
+                                          const Profile& profile);
+
+// The same in memory; it is gone with the store. Any catalogue will do.
+std::unique_ptr<RecordStore> CreateSqliteInMemory(const schema::Catalog& catalog,
+                                                  const Profile& profile);
+
+// Opens an existing database with the catalogue that it was made with. Raises
+// StoreError::NotReachable, NotADatabase, OtherVersion or Locked. A unit of work
+// that was broken off by a crash is rolled back first, except for a rehearsal,
+// which writes nothing and raises StoreError::NotReachable then.
+std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptions& options = {});
+
+// Examines the whole file: its pages and indexes, the references between rows,
+// the columns and the types of their values. One line for each fault, empty when
+// there is none. Raises what OpenSqlite raises for a file that can't be opened.
+std::vector<std::string> CheckSqlite(const std::string& path,
+                                     std::chrono::milliseconds lock_timeout = kDefaultLockTimeout);
+
+}  // namespace pactora::store

@@ -1,0 +1,76 @@
+// One prepared statement. Parameters count from 1, columns from 0.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <string_view>
+
+#include "store/sqlite/Connection.h"
+
+namespace pactora::store::sqlite {
+
+class Statement {
+ public:
+  Statement(const Connection& connection, std::string_view sql);
+  ~Statement() { sqlite3_finalize(statement_); }
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  void BindNull(int parameter) { sqlite3_bind_null(statement_, parameter); }
+  void Bind(int parameter, std::int64_t number) {
+    sqlite3_bind_int64(statement_, parameter, number);
+  }
+  void Bind(int parameter, double number);
+  // The text is not copied: it must stay as it is until the last Step.
+  void Bind(int parameter, std::string_view text);
+
+  // Runs up to the next row. Returns false when there is none; the statement is
+  // reset then and holds no lock. Raises the store's error.
+  bool Step() {
+    const int code = sqlite3_step(statement_);
+    if (code == SQLITE_ROW) return true;
+    Finish(code);
+    return false;
+  }
+  // Runs a statement that gives no rows and returns SQLite's result code. The
+  // statement is reset.
+  int Run() {
+    const int code = sqlite3_step(statement_);
+    sqlite3_reset(statement_);
+    return code;
+  }
+  void Reset() { sqlite3_reset(statement_); }
+
+  // Columns of the row that Step found. A text is valid until the next Step or
+  // Reset.
+  bool IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
+  std::int64_t Integer(int column) const { return sqlite3_column_int64(statement_, column); }
+  double Real(int column) const;
+  std::string_view Text(int column) const {
+    // A text is read like bytes: it may hold NUL characters, and no terminator
+    // is needed.
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_, column));
+    return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+  }
+
+ private:
+  void Finish(int code);
+
+  const Connection& connection_;
+  sqlite3_stmt* statement_ = nullptr;
+};
+
+// Resets a statement at the end of a block, so that no lock stays behind.
+class ResetAtEnd {
+ public:
+  explicit ResetAtEnd(Statement& statement) : statement_(statement) {}
+  ~ResetAtEnd() { statement_.Reset(); }
+  ResetAtEnd(const ResetAtEnd&) = delete;
+  ResetAtEnd& operator=(const ResetAtEnd&) = delete;
+
+ private:
+  Statement& statement_;
+};
+
+}  // namespace pactora::store::sqlite
