@@ -1,0 +1,44 @@
+// Databases by the name that the command line gives them: a file, ":memory:", or a
+// "postgresql://" address.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "store/Profile.h"
+#include "store/RecordStore.h"
+
+namespace pactora::automation {
+
+enum class Access {
+  Write,
+  Rehearsal,  // everything works, and the database stays byte for byte as it is
+};
+
+inline constexpr const char* kMemoryName = ":memory:";
+
+// The name that a database gets when nobody names it: that of its file.
+std::string DefaultDatabaseName(const std::string& name);
+
+// Whether there is something under that name; never for ":memory:".
+bool DatabaseExists(const std::string& name);
+
+// Opens a database; ":memory:" is a new, empty one. Raises what the store raises,
+// and DoorError::NotAvailable for a kind that this build can't open.
+std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access access);
+
+// Makes a database, has it filled, and puts it in its place when that succeeded: a
+// failure leaves nothing behind. For a rehearsal nothing is made.
+// Raises DoorError::BadInput where the name is taken, and what fill raises.
+void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,
+                  Access access, const std::function<void(store::RecordStore&)>& fill);
+
+// Whether no table has a row.
+bool IsEmpty(store::RecordStore& store);
+
+// What the storage itself finds wrong with its file; empty for ":memory:".
+std::vector<std::string> CheckStorage(const std::string& name);
+
+}  // namespace pactora::automation

@@ -1,0 +1,114 @@
+#include "automation/dataset_export.h"
+
+#include <algorithm>
+
+#include "automation/dataset_head.h"
+#include "automation/values.h"
+
+namespace pactora::automation {
+
+namespace {
+
+// A document field that holds no document reads back as one never written.
+bool IsWritten(const host::Value& cell) {
+  return !cell.IsEmpty() && !(cell.GetKind() == host::Kind::Object && !cell.AsObject());
+}
+
+// The list of the parent's rows under the table's name; nothing where it has none.
+void WriteRows(JsonWriter& out, store::RecordStore& store, store::TableId table, store::Oid parent,
+               const std::function<void()>& pause) {
+  store::Record record;
+  bool any = false;
+  for (std::int64_t after = 0; store.NextInParent(table, parent, after, record);
+       after = record.order) {
+    if (pause) pause();
+    if (!any) {
+      out.Key(store.Catalog().tables[table].name);
+      out.BeginArray();
+    }
+    any = true;
+    WriteRow(out, store, table, record, true, pause);
+  }
+  if (any) out.EndArray();
+}
+
+bool VisitRows(store::RecordStore& store, store::TableId table, store::Oid parent,
+               const std::function<bool(const store::Record&)>& visit) {
+  store::Record record;
+  for (std::int64_t after = 0; store.NextInParent(table, parent, after, record);
+       after = record.order)
+    if (!visit(record)) return false;
+  return true;
+}
+
+}  // namespace
+
+void WriteRow(JsonWriter& out, store::RecordStore& store, store::TableId table,
+              const store::Record& record, bool with_children, const std::function<void()>& pause) {
+  const schema::Table& schema = store.Catalog().tables[table];
+  out.BeginObject();
+  out.Key(key::kOid);
+  out.Text(std::to_string(record.oid));
+  for (std::size_t field = 0; field < schema.fields.size(); ++field) {
+    const host::Value& cell = record.cells[field];
+    if (!IsWritten(cell)) continue;
+    out.Key(schema.fields[field].name);
+    out.Value(ToJson(cell));
+  }
+  if (with_children)
+    for (const store::TableId child : schema.children)
+      WriteRows(out, store, child, record.oid, pause);
+  out.EndObject();
+}
+
+void ExportDataset(store::RecordStore& store, std::ostream& out,
+                   const std::function<void()>& pause) {
+  JsonWriter writer(out, JsonWriter::Layout::Indented);
+  writer.BeginObject();
+  WriteHead(writer, store.ReadProfile(), store.Catalog().workflow_add_on);
+  writer.Key(key::kTables);
+  WriteTables(writer, store, {}, pause);
+  writer.EndObject();
+  out << '\n';
+}
+
+void ForEachRow(store::RecordStore& store, store::TableId table,
+                const std::function<bool(const store::Record&)>& visit) {
+  const auto parent = store.Catalog().tables[table].parent;
+  if (!parent) {
+    VisitRows(store, table, 0, visit);
+    return;
+  }
+  ForEachRow(store, *parent, [&](const store::Record& record) {
+    return VisitRows(store, table, record.oid, visit);
+  });
+}
+
+std::vector<store::Record> AllRows(store::RecordStore& store, store::TableId table) {
+  std::vector<store::Record> rows;
+  ForEachRow(store, table, [&rows](const store::Record& record) {
+    rows.push_back(record);
+    return true;
+  });
+  std::sort(rows.begin(), rows.end(),
+            [](const store::Record& a, const store::Record& b) { return a.order < b.order; });
+  return rows;
+}
+
+void WriteTables(JsonWriter& out, store::RecordStore& store,
+                 const std::vector<store::TableId>& tables, const std::function<void()>& pause) {
+  out.BeginObject();
+  if (tables.empty())
+    for (store::TableId table = 0; table < store.Catalog().tables.size(); ++table)
+      if (!store.Catalog().tables[table].parent) WriteRows(out, store, table, 0, pause);
+  for (const store::TableId table : tables) {
+    out.Key(store.Catalog().tables[table].name);
+    out.BeginArray();
+    for (const store::Record& record : AllRows(store, table))
+      WriteRow(out, store, table, record, true, pause);
+    out.EndArray();
+  }
+  out.EndObject();
+}
+
+}  // namespace pactora::automation

@@ -1,0 +1,27 @@
+// Failures of what is read and carried out from outside: input files, scripts,
+// the databases they name. Raised as Error with these numbers.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Error.h"
+
+namespace pactora::automation {
+
+enum class DoorError : std::uint32_t {
+  BadInput = 0x80042001,       // a file that can't be read as what it should be
+  NotCarriedOut = 0x80042002,  // readable, but impossible on this database
+  NotAvailable = 0x80042003,   // a kind of database that this build does not have
+  Interrupted = 0x80042004,    // the user asked to stop
+};
+
+constexpr std::int32_t Number(DoorError error) {
+  return platform::ErrorNumber(static_cast<std::uint32_t>(error));
+}
+
+// Raises it with source "Pactora" and the text as its description: one line that
+// names the place.
+[[noreturn]] void Raise(DoorError error, const std::string& text);
+
+}  // namespace pactora::automation

@@ -1,0 +1,66 @@
+#include "automation/row_choice.h"
+
+#include <fmt/format.h>
+
+#include "automation/JsonWriter.h"
+#include "automation/dataset_export.h"
+#include "automation/values.h"
+
+namespace pactora::automation {
+
+RowChoice ReadWhere(const schema::Table& table, const Json& where, const Place& place) {
+  RowChoice choice;
+  if (RequireObject(where, place).empty()) place.Fail("mindestens ein Feld wird erwartet");
+  for (const auto& member : where.items()) {
+    const Place here = place.Key(member.key());
+    const auto field = table.FindField(member.key());
+    if (!field) here.Fail(fmt::format("kein Feld von {}", table.name));
+    // As the field's value would be written, so that equal values are equal texts.
+    choice.fields.emplace_back(table.fields[*field].name,
+                               ToJson(ReadField(table.fields[*field], member.value(), here)));
+  }
+  return choice;
+}
+
+std::string Describe(const RowChoice& choice) {
+  if (choice.oid) return fmt::format("Oid {}", *choice.oid);
+  std::string text;
+  for (const auto& [field, value] : choice.fields)
+    text += fmt::format("{}{} = {}", text.empty() ? "" : ", ", field, OneLine(value));
+  return text;
+}
+
+std::optional<store::Oid> RowFinder::Find(store::TableId table, const RowChoice& choice) {
+  if (choice.oid) {
+    store::Record record;
+    return store_.Read(table, *choice.oid, record) ? choice.oid : std::nullopt;
+  }
+  std::vector<std::size_t> fields;
+  std::string wanted;
+  for (const auto& [name, value] : choice.fields) {
+    const auto field = store_.Catalog().tables[table].FindField(name);
+    if (!field) return std::nullopt;
+    fields.push_back(*field);
+    wanted += OneLine(value) + '\n';
+  }
+  const bool asked_before = known_.contains({table, fields});
+  Known& known = known_[{table, fields}];
+  if (!known.complete) {
+    // The first time only what is wanted is kept; the second time everything.
+    known.rows.clear();
+    ForEachRow(store_, table, [&](const store::Record& record) {
+      std::string found;
+      for (const std::size_t field : fields) found += OneLine(ToJson(record.cells[field])) + '\n';
+      if (!asked_before && found != wanted) return true;
+      const std::pair row(record.order, record.oid);
+      const auto [place, is_new] = known.rows.try_emplace(std::move(found), row);
+      if (!is_new && row < place->second) place->second = row;
+      return true;
+    });
+    known.complete = asked_before;
+  }
+  const auto found = known.rows.find(wanted);
+  return found == known.rows.end() ? std::nullopt : std::optional(found->second.second);
+}
+
+}  // namespace pactora::automation

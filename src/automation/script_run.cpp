@@ -1,0 +1,199 @@
+#include "automation/script_run.h"
+
+#include <fmt/format.h>
+
+#include <sstream>
+#include <utility>
+
+#include "automation/JsonWriter.h"
+#include "automation/ScriptScreen.h"
+#include "automation/Session.h"
+#include "automation/dataset_export.h"
+#include "automation/faults.h"
+#include "automation/values.h"
+#include "platform/Error.h"
+
+namespace pactora::automation {
+
+namespace {
+
+class Run {
+ public:
+  Run(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock,
+      std::ostream& transcript)
+      : transcript_(transcript),
+        screen_([this](const Json& event) { Write(event); }, [this] { session_.Host().EndUnit(); }),
+        session_(std::move(store), screen_, clock),
+        faults_(session_.Host()) {
+    session_.Host().SetMacroListener([this](const std::string& path, const host::ValueArray& args) {
+      if (screen_.Failed()) return;
+      Json values = Json::array();
+      for (const host::Value& arg : args) values.push_back(ToJson(arg));
+      Write({{"event", "macro"}, {"name", path}, {"args", std::move(values)}});
+    });
+  }
+
+  RunResult Steps(const Script& script, const std::function<void()>& pause) {
+    for (const Step& step : script.steps) {
+      if (pause) pause();
+      place_ = step.place;
+      std::visit([this](const auto& what) { CarryOut(what); }, step.what);
+      if (result_.failed) break;
+    }
+    result_.unused_faults = faults_.Unused();
+    transcript_.flush();
+    return std::move(result_);
+  }
+
+ private:
+  void Write(const Json& event) { transcript_ << OneLine(event) << '\n'; }
+
+  // The end of the script: this place could not be carried out.
+  // action is null where it is the step as a whole.
+  void Fail(const Json& action, const std::string& reason) {
+    Write({{"event", "failed"}, {"step", place_}, {"action", action}, {"reason", reason}});
+    result_.failed = true;
+  }
+  void Fail(const std::string& reason) { Fail(nullptr, reason); }
+
+  // Runs steps that are the script's own work: a failure ends the script.
+  template <typename Body>
+  void Own(const Body& body) {
+    const Faults::Silence silence(faults_);
+    try {
+      body();
+    } catch (const platform::Error& error) {
+      Fail(error.Description());
+    }
+  }
+
+  std::optional<store::TableId> Table(const std::string& name) {
+    const auto table = session_.Store().Catalog().FindTable(name);
+    if (!table) Fail(fmt::format("diese Datenbank hat die Tabelle {} nicht", name));
+    return table;
+  }
+
+  void CarryOut(const GotoStep& step) {
+    Own([&] {
+      const auto table = Table(step.table);
+      if (!table) return;
+      if (!step.row) return session_.GoNowhere(*table);
+      const auto oid = RowFinder(session_.Store()).Find(*table, *step.row);
+      if (!oid) return Fail(fmt::format("{}: keine Zeile mit {}", step.table, Describe(*step.row)));
+      session_.GoTo(*table, *oid);
+    });
+  }
+
+  void CarryOut(const PersistVarStep& step) {
+    Own([&] {
+      auto& variables = session_.App()->CurrentDb()->Formulas().PersistVars();
+      if (host::HostPersistVar* variable = variables.Item(step.name))
+        variable->SetValue(step.value);
+      else
+        variables.Add(step.name, step.value);
+      session_.Host().EndUnit();
+    });
+  }
+
+  void CarryOut(const DbSettingStep& step) {
+    Own([&] {
+      auto& settings = session_.App()->CurrentDb()->DbSettings();
+      if (settings.Exists(step.name))
+        settings.Item(step.name).SetValue(step.value);
+      else
+        settings.Add(step.name, step.value);
+      session_.Host().EndUnit();
+    });
+  }
+
+  void CarryOut(const FaultStep& step) { faults_.Add(step, place_); }
+
+  void CarryOut(const DumpStep& step) {
+    Own([&] {
+      std::vector<store::TableId> tables;
+      for (const std::string& name : step.tables) {
+        const auto table = Table(name);
+        if (!table) return;
+        tables.push_back(*table);
+      }
+      std::ostringstream line;  // so that a failure leaves no half line
+      JsonWriter out(line, JsonWriter::Layout::OneLine);
+      out.BeginObject();
+      out.Key("event");
+      out.Text("dump");
+      out.Key("tables");
+      WriteTables(out, session_.Store(), tables);
+      out.EndObject();
+      transcript_ << line.str() << '\n';
+    });
+  }
+
+  void CarryOut(const CallStep& call) {
+    const std::string name(Name(call.operation));
+    Write({{"event", "call"}, {"name", name}});
+    Json returned = {{"event", "return"}, {"name", name}};
+    try {
+      // What was stored before an error is committed all the same.
+      try {
+        screen_.Run(call.actions, [&] { Call(call, returned); });
+      } catch (...) {
+        session_.Host().EndUnit();
+        throw;
+      }
+      session_.Host().EndUnit();
+      if (!screen_.Failed()) Write(returned);
+    } catch (const platform::Error& error) {
+      if (!screen_.Failed()) {
+        Write({{"event", "error"},
+               {"number", ErrorNumberText(error.Number())},
+               {"source", error.Source()},
+               {"description", error.Description()}});
+        result_.errors = true;
+      }
+    }
+    if (screen_.Failed()) Fail(screen_.Failed()->place, screen_.Failed()->reason);
+    transcript_.flush();
+  }
+
+  void Call(const CallStep& call, Json& returned) {
+    shell::CVV& entry = session_.Entry();
+    bool pbOK = false;
+    std::int32_t plVsCount = 0;
+    bool pbShowDef = call.flag;
+    switch (call.operation) {
+      case Operation::DLLVersion:
+        returned["result"] = entry.DLLVersion();
+        return;
+      case Operation::NewContractDebitor:
+        return entry.NewContractDebitor(session_.App(), call.contract, call.articles);
+      case Operation::EditContractDefinition:
+        return entry.EditContractDefinition(session_.App(), call.flag);
+      case Operation::NewContract:
+        entry.NewContract(session_.App(), pbOK, plVsCount, pbShowDef);
+        break;
+      case Operation::NewContract2:
+        entry.NewContract2(session_.App(), pbOK, plVsCount, pbShowDef);
+        break;
+    }
+    returned["pbOK"] = pbOK;
+    returned["plVsCount"] = plVsCount;
+    returned["pbShowDef"] = pbShowDef;
+  }
+
+  std::ostream& transcript_;
+  ScriptScreen screen_;
+  Session session_;
+  Faults faults_;
+  std::string place_;
+  RunResult result_;
+};
+
+}  // namespace
+
+RunResult RunScript(const Script& script, std::unique_ptr<store::RecordStore> store,
+                    const platform::Clock& clock, std::ostream& transcript,
+                    const std::function<void()>& pause) {
+  return Run(std::move(store), clock, transcript).Steps(script, pause);
+}
+
+}  // namespace pactora::automation

@@ -1,0 +1,194 @@
+#include "automation/values.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <cmath>
+#include <memory>
+
+#include "platform/Error.h"
+#include "store/Document.h"
+#include "store/errors.h"
+#include "store/rows.h"
+
+namespace pactora::automation {
+
+namespace {
+
+constexpr std::string_view kTimedIsoPattern = "yyyy-MM-ddTHH:mm:ss";
+constexpr std::string_view kDateExpected = "ein Datum wird erwartet, zum Beispiel \"2024-03-15\"";
+constexpr double kSecondsPerDay = 86400.0;
+
+// The number that the characters spell, all of which must be digits.
+std::optional<std::int32_t> Digits(std::string_view text) {
+  std::int32_t number = 0;
+  for (const char c : text) {
+    if (c < '0' || c > '9') return std::nullopt;
+    number = number * 10 + (c - '0');
+  }
+  return number;
+}
+
+}  // namespace
+
+std::optional<platform::Date> ParseDate(std::string_view text) {
+  if ((text.size() != 10 && text.size() != 19) || text[4] != '-' || text[7] != '-')
+    return std::nullopt;
+  const auto year = Digits(text.substr(0, 4));
+  const auto month = Digits(text.substr(5, 2));
+  const auto day = Digits(text.substr(8, 2));
+  if (!year || !month || !day || !platform::IsValid({*year, *month, *day})) return std::nullopt;
+  const std::int32_t number = platform::DayNumber({*year, *month, *day});
+  if (number < platform::kFirstDay || number > platform::kLastDay) return std::nullopt;
+  platform::Date date{static_cast<double>(number)};
+  if (text.size() == 10) return date;
+
+  if (text[10] != 'T' || text[13] != ':' || text[16] != ':') return std::nullopt;
+  const auto hour = Digits(text.substr(11, 2));
+  const auto minute = Digits(text.substr(14, 2));
+  const auto second = Digits(text.substr(17, 2));
+  if (!hour || !minute || !second || *hour > 23 || *minute > 59 || *second > 59)
+    return std::nullopt;
+  // The time counts away from day 0 in both directions.
+  const double time = (*hour * 3600 + *minute * 60 + *second) / kSecondsPerDay;
+  date.days += date.days < 0 ? -time : time;
+  return date;
+}
+
+std::string DateText(platform::Date date) {
+  const double seconds = std::round(platform::TimeOfDay(date) * kSecondsPerDay);
+  if (seconds == 0.0) return platform::FormatDate(date, platform::kIsoPattern);
+  if (seconds >= kSecondsPerDay) {
+    const auto next = static_cast<double>(platform::WholeDay(date) + 1);
+    return platform::FormatDate(platform::Date{next}, platform::kIsoPattern);
+  }
+  return platform::FormatDate(date, kTimedIsoPattern);
+}
+
+platform::Date ReadDate(const Json& value, const Place& place) {
+  if (value.is_number_integer() && value == 0) return platform::kNoDate;
+  if (!value.is_string()) place.Fail(std::string(kDateExpected));
+  const auto date = ParseDate(value.get_ref<const std::string&>());
+  if (!date) place.Fail(std::string(kDateExpected));
+  return *date;
+}
+
+host::Value ReadField(const schema::Field& field, const Json& value, const Place& place) {
+  if (value.is_null()) return {};
+  switch (field.type) {
+    case schema::FieldType::Text: {
+      host::Value text(RequireText(value, place));
+      try {
+        return store::ConvertToField(field, text);
+      } catch (const platform::Error& error) {
+        if (error.Number() != store::Number(store::StoreError::TextTooLong)) throw;
+        place.Fail(fmt::format("der Text ist länger als {} Zeichen", field.size));
+      }
+    }
+    case schema::FieldType::Long:
+      return RequireLong(value, place);
+    case schema::FieldType::Double:
+      return RequireDouble(value, place);
+    case schema::FieldType::Boolean:
+      return RequireBoolean(value, place);
+    case schema::FieldType::Date:
+      return ReadDate(value, place);
+    case schema::FieldType::Document: {
+      RequireObject(value, place);
+      AllowKeys(value, {"document"}, place);
+      const std::string name =
+          RequireText(Require(value, "document", place), place.Key("document"));
+      return std::make_shared<store::NamedDocument>(name);
+    }
+  }
+  return {};
+}
+
+host::Value ReadFree(const Json& value, const Place& place) {
+  switch (value.type()) {
+    case Json::value_t::null:
+      return {};
+    case Json::value_t::boolean:
+      return value.get<bool>();
+    case Json::value_t::string:
+      return value.get<std::string>();
+    case Json::value_t::number_float:
+      return value.get<double>();
+    case Json::value_t::number_integer:
+    case Json::value_t::number_unsigned:
+      return RequireLong(value, place);
+    case Json::value_t::array: {
+      host::ValueArray elements;
+      for (std::size_t i = 0; i < value.size(); ++i)
+        elements.emplace_back(RequireText(value[i], place.Element(i)));
+      return elements;
+    }
+    default:
+      place.Fail("ein Text, eine Zahl, true, false oder eine Liste von Texten wird erwartet");
+  }
+}
+
+Json ToJson(const host::Value& value) {
+  switch (value.GetKind()) {
+    case host::Kind::Empty:
+      return nullptr;
+    case host::Kind::Integer:
+      return value.AsInteger();
+    case host::Kind::Long:
+      return value.AsLong();
+    case host::Kind::Double:
+      return value.AsDouble();
+    case host::Kind::Boolean:
+      return value.AsBoolean();
+    case host::Kind::Text:
+      return value.AsText();
+    case host::Kind::Date:
+      if (value.AsDate() == platform::kNoDate) return 0;
+      return DateText(value.AsDate());
+    case host::Kind::Array: {
+      Json elements = Json::array();
+      for (const host::Value& element : value.AsArray()) elements.push_back(ToJson(element));
+      return elements;
+    }
+    case host::Kind::Object: {
+      const auto document = std::dynamic_pointer_cast<store::NamedDocument>(value.AsObject());
+      if (!document) return nullptr;
+      return Json{{"document", document->Name()}};
+    }
+  }
+  return nullptr;
+}
+
+std::optional<store::Oid> ParseOid(std::string_view text) {
+  if (text.empty() || text.front() < '1' || text.front() > '9') return std::nullopt;
+  store::Oid oid = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), oid);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || oid > kLargestOid)
+    return std::nullopt;
+  return oid;
+}
+
+store::Oid ReadOid(const Json& value, const Place& place) {
+  constexpr const char* kExpected =
+      "eine Oid wird erwartet, eine positive ganze Zahl als Text wie \"7\"";
+  if (!value.is_string()) place.Fail(kExpected);
+  const auto oid = ParseOid(value.get_ref<const std::string&>());
+  if (!oid) place.Fail(kExpected);
+  return *oid;
+}
+
+std::string ErrorNumberText(std::int32_t number) { return "0x" + platform::HexNumber(number); }
+
+std::int32_t ReadErrorNumber(const Json& value, const Place& place) {
+  constexpr const char* kExpected = "eine Fehlernummer wird erwartet, zum Beispiel \"0x80041096\"";
+  if (!value.is_string()) place.Fail(kExpected);
+  const std::string text = value.get<std::string>();
+  std::uint32_t bits = 0;
+  if (!text.starts_with("0x")) place.Fail(kExpected);
+  const auto result = std::from_chars(text.data() + 2, text.data() + text.size(), bits, 16);
+  const auto number = platform::ErrorNumber(bits);
+  if (result.ec != std::errc() || ErrorNumberText(number) != text) place.Fail(kExpected);
+  return number;
+}
+
+}  // namespace pactora::automation

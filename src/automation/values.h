@@ -1,0 +1,43 @@
+// Values of fields, settings and records as JSON.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "automation/json.h"
+#include "host/Value.h"
+#include "platform/Date.h"
+#include "schema/Catalog.h"
+#include "store/RecordStore.h"
+
+namespace pactora::automation {
+
+// "2024-03-15" or "2024-03-15T09:00:00"; nothing for any other text and for days
+// outside the calendar range.
+std::optional<platform::Date> ParseDate(std::string_view text);
+// The same back; the time of day, rounded to seconds, only where there is one.
+std::string DateText(platform::Date date);
+
+platform::Date ReadDate(const Json& value, const Place& place);
+
+// The value in the field's type, empty for null. Raises DoorError::BadInput for a
+// JSON value of another kind and a text longer than the field.
+host::Value ReadField(const schema::Field& field, const Json& value, const Place& place);
+// A value whose type the JSON decides: settings and persistent variables.
+host::Value ReadFree(const Json& value, const Place& place);
+
+// Requires: an object is null or a document of the embedded host.
+Json ToJson(const host::Value& value);
+
+// A positive whole number in its plain decimal text, up to kLargestOid.
+inline constexpr store::Oid kLargestOid = 9007199254740991;  // 2^53 - 1, exact as a Double
+std::optional<store::Oid> ParseOid(std::string_view text);
+store::Oid ReadOid(const Json& value, const Place& place);
+
+// Error numbers: "0x80045001", upper-case hexadecimal without leading zeros.
+std::string ErrorNumberText(std::int32_t number);
+std::int32_t ReadErrorNumber(const Json& value, const Place& place);
+
+}  // namespace pactora::automation
