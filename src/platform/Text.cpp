@@ -91,11 +91,13 @@ template <char (*kMapAscii)(char)>
 void AppendMapped(std::string& out, std::string_view text, std::span<const CaseRange> ranges) {
   out.reserve(out.size() + text.size());
   while (!text.empty()) {
-    if (IsAscii(text.front())) {
-      out.push_back(kMapAscii(text.front()));
-      text.remove_prefix(1);
-      continue;
-    }
+    const auto run_end = std::find_if_not(text.begin(), text.end(), IsAscii);
+    const auto run = static_cast<std::size_t>(run_end - text.begin());
+    const std::size_t start = out.size();
+    out.append(text.substr(0, run));
+    for (std::size_t i = start; i < out.size(); ++i) out[i] = kMapAscii(out[i]);
+    text.remove_prefix(run);
+    if (text.empty()) break;
     const Character character = Decode(text);
     const std::uint32_t mapped = Map(character.code, ranges);
     if (mapped == character.code) {
@@ -169,14 +171,16 @@ std::string LowerCase(std::string_view text) {
 }
 
 bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
+  const std::size_t shorter = std::min(a.size(), b.size());
+  std::size_t run = 0;
+  while (run < shorter && IsAscii(a[run]) && IsAscii(b[run])) {
+    if (UpperAscii(a[run]) != UpperAscii(b[run])) return false;
+    ++run;
+  }
+  a.remove_prefix(run);
+  b.remove_prefix(run);
   while (!a.empty() && !b.empty()) {
-    if (IsAscii(a.front()) && IsAscii(b.front())) {
-      if (UpperAscii(a.front()) != UpperAscii(b.front())) return false;
-      a.remove_prefix(1);
-      b.remove_prefix(1);
-    } else if (TakeUpper(a) != TakeUpper(b)) {
-      return false;
-    }
+    if (TakeUpper(a) != TakeUpper(b)) return false;
   }
   return a.empty() && b.empty();
 }
