@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "SampleForm.h"
 #include "platform/Error.h"
+#include "support/SampleForm.h"
 
 namespace pactora::ui {
 namespace {

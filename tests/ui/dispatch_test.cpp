@@ -3,8 +3,8 @@
 
 #include <stdexcept>
 
-#include "SampleForm.h"
 #include "platform/Error.h"
+#include "support/SampleForm.h"
 #include "ui/Person.h"
 
 namespace pactora::ui {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "SampleForm.h"
+#include "support/SampleForm.h"
 
 namespace pactora::ui {
 namespace {

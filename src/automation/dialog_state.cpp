@@ -1,0 +1,82 @@
+#include "automation/dialog_state.h"
+
+#include "automation/values.h"
+#include "ui/controls.h"
+
+namespace pactora::automation {
+namespace {
+
+void AddItems(Json& event, const ui::ListControl& list) {
+  Json& items = event["items"] = Json::array();
+  for (const ui::ListItem& item : list.Items()) {
+    items.push_back(Json{{"text", item.text}, {"data", item.data}});
+  }
+  event["index"] = list.ListIndex();
+}
+
+void AddRows(Json& event, const ui::ListView& view) {
+  Json& rows = event["rows"] = Json::array();
+  for (std::int32_t row = 1; row <= view.RowCount(); ++row) {
+    Json texts = Json::array();
+    for (std::int32_t column = 0; column < std::ssize(view.Columns()); ++column) {
+      texts.push_back(view.Text(row, column));
+    }
+    rows.push_back(std::move(texts));
+  }
+  event["row"] = view.SelectedRow();
+}
+
+void AddContent(Json& event, const ui::Control& control) {
+  switch (control.Kind()) {
+    case ui::ControlKind::TextBox:
+      event["text"] = dynamic_cast<const ui::TextBox&>(control).Text();
+      return;
+    case ui::ControlKind::ComboBox:
+      event["text"] = dynamic_cast<const ui::ComboBox&>(control).Text();
+      return AddItems(event, dynamic_cast<const ui::ListControl&>(control));
+    case ui::ControlKind::ListBox:
+      return AddItems(event, dynamic_cast<const ui::ListControl&>(control));
+    case ui::ControlKind::ListView:
+      return AddRows(event, dynamic_cast<const ui::ListView&>(control));
+    case ui::ControlKind::OptionButton: {
+      const auto& option = dynamic_cast<const ui::OptionButton&>(control);
+      event["caption"] = option.Caption();
+      event["value"] = option.Value();
+      return;
+    }
+    case ui::ControlKind::CheckBox: {
+      const auto& box = dynamic_cast<const ui::CheckBox&>(control);
+      event["caption"] = box.Caption();
+      event["value"] = box.Checked();
+      return;
+    }
+    case ui::ControlKind::DatePicker: {
+      const auto& picker = dynamic_cast<const ui::DatePicker&>(control);
+      event["value"] = picker.IsNull() ? Json() : Json(DateText(picker.Value()));
+      return;
+    }
+    case ui::ControlKind::Label:
+      event["caption"] = dynamic_cast<const ui::Label&>(control).Caption();
+      return;
+    case ui::ControlKind::Frame:
+      event["caption"] = dynamic_cast<const ui::Frame&>(control).Caption();
+      return;
+    case ui::ControlKind::Button:
+      event["caption"] = dynamic_cast<const ui::Button&>(control).Caption();
+      return;
+  }
+}
+
+}  // namespace
+
+Json ControlEvent(const ui::Control& control) {
+  Json event{{"event", "control"},
+             {"dialog", control.OwnerForm().ClassName()},
+             {"name", control.Name()},
+             {"enabled", control.Enabled()},
+             {"visible", control.Visible()}};
+  AddContent(event, control);
+  return event;
+}
+
+}  // namespace pactora::automation
