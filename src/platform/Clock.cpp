@@ -6,8 +6,7 @@ namespace pactora::platform {
 
 Date SystemClock::Today() const {
   const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
+  const std::tm local = *std::localtime(&now);
   return FromCivil(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
 }
 
