@@ -1,0 +1,208 @@
+// The new-contract dialog over a small company, driven by control name as a
+// person would.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "newcontract/frmNewContract.h"
+#include "shell/modGlobalDefs.h"
+#include "support/contract_world.h"
+#include "ui/Person.h"
+
+namespace pactora::newcontract {
+
+namespace field = schema::field;
+namespace table = schema::table;
+using host::Value;
+using support::Day;
+using support::Row;
+using support::Values;
+
+// The later values replace the earlier ones of the same field.
+inline Values With(Values values, const Values& changes) {
+  for (const auto& [name, value] : changes) {
+    std::erase_if(values, [&](const auto& entry) { return entry.first == name; });
+    values.emplace_back(name, value);
+  }
+  return values;
+}
+
+// A released, renewing, quarterly claim over twelve months.
+inline Values Quarterly(const Values& changes = {}) {
+  return With({{field::ID, "D1"},
+               {field::Status, schema::kReleased},
+               {field::Typ, "D"},
+               {field::Bezeichnung, "Wartung"},
+               {field::Art, 1},
+               {field::ArtStr, "verlängerbar"},
+               {field::Dauer, 12},
+               {field::Verlaengerungsdauer, 12},
+               {field::Kuendigungsfrist, 6},
+               {field::KuendigungsfristEinh, "Wochen"},
+               {field::VerlKuendigungsfrist, 3},
+               {field::VerlKuendigungsfristEinh, "Monate"},
+               {field::Zahlungsperiode, 3},
+               {field::VerlaengerungsZahlungsperiode, 6},
+               {field::RechnungWann, 0},
+               {field::NoBooking, false},
+               {field::NettoSumme, 99.99}},
+              changes);
+}
+
+inline Values Once(const Values& changes = {}) {
+  return With(Quarterly({{field::Art, 2},
+                         {field::ArtStr, "einmalig"},
+                         {field::Dauer, 6},
+                         {field::Verlaengerungsdauer, 0},
+                         {field::Kuendigungsfrist, 0},
+                         {field::VerlKuendigungsfrist, 0}}),
+              changes);
+}
+
+inline Values Unlimited(const Values& changes = {}) {
+  return With(Quarterly({{field::Art, 3},
+                         {field::ArtStr, "unbefristet"},
+                         {field::Dauer, 0},
+                         {field::Verlaengerungsdauer, 0}}),
+              changes);
+}
+
+inline Values Position(const Values& changes = {}) {
+  return With({{field::Artikel, "Wartung Server"},
+               {field::Nettopreis, 30.0},
+               {field::Artikelnummer, "1000"},
+               {field::Artikelart, "Dienst"},
+               {field::Einheit, "Stück"},
+               {field::UStSatz, 19.0},
+               {field::Beschreibung, "Vor Ort"},
+               {field::Anzahl, 2.0},
+               {field::Erloeskonto, 1111},
+               {field::ArtikelID, "A1"},
+               {field::PreisM1, 10.0},
+               {field::PreisM3, 30.0},
+               {field::PreisM6, 59.99},
+               {field::PreisM12, 110.0},
+               {field::PreisM24, 200.0},
+               {field::PreisM36, 300.0},
+               {field::PreisM48, 400.0},
+               {field::PreisM60, 500.0},
+               {field::Preis, 120.0},
+               {field::NettoOhneRabatt, 30.0},
+               {field::Row, "001"},
+               {field::Positionsnummer, "1"},
+               {field::Gruppierung, "Basis"},
+               {field::Gruppierungsposition, 1}},
+              changes);
+}
+
+inline std::string Shown(const Value& value) {
+  if (value.IsEmpty()) return "(leer)";
+  if (value.GetKind() == host::Kind::Object) return value.AsObject() ? "(Objekt)" : "(kein Objekt)";
+  return host::ToText(value);
+}
+
+// The row holds exactly these values; every other field was never written.
+inline void ExpectRow(const Row& row, const Values& expected) {
+  auto rest = row.cells;
+  for (const auto& [name, value] : expected) {
+    EXPECT_EQ(Shown(row[name]), Shown(value)) << name;
+    rest.erase(std::string(name));
+  }
+  for (const auto& [name, value] : rest) EXPECT_EQ(Shown(value), "(leer)") << name;
+}
+
+// Whole numbers, dates and texts of some fields of a row, for short comparisons.
+inline std::string Line(const Row& row, std::initializer_list<std::string_view> names) {
+  std::string line;
+  for (const std::string_view name : names) line += (line.empty() ? "" : " ") + Shown(row[name]);
+  return line;
+}
+
+inline ui::Message Plain(std::string text) { return {std::move(text), ui::style::kOkOnly}; }
+inline ui::Message Warning(std::string text) {
+  return {std::move(text), ui::style::kExclamation, shell::kAddonTitle};
+}
+
+class Dialog {
+ public:
+  explicit Dialog(support::ContractWorld& world) : world_(world), form(world.module) {}
+
+  // Opens the dialog for the first address and shows it.
+  bool Open() {
+    world_.Enter();
+    if (!form.InitNew()) return false;
+    form.BeginModal();
+    return true;
+  }
+
+  void Click(std::string_view name) { Expect(person.Click(*form.Find(name)), name); }
+  void Check(std::string_view name, bool checked) {
+    Expect(person.SetCheck(*form.Find(name), checked), name);
+  }
+  void Paste(std::string_view name, std::string text) {
+    Expect(person.Paste(*form.Find(name), std::move(text)), name);
+  }
+  void Choose(std::string_view name, std::int32_t index) {
+    Expect(person.Choose(*form.Find(name), index), name);
+  }
+  void ChooseText(std::string_view name, std::string_view text) {
+    Expect(person.ChooseText(*form.Find(name), text), name);
+  }
+  void Pick(std::string_view name, std::optional<platform::Date> date) {
+    Expect(person.PickDate(*form.Find(name), date), name);
+  }
+  // Empties the box and types the discount key by key, then leaves it.
+  ui::Outcome TypeDiscount(std::string_view keys) {
+    Paste("txtRabatt", "");
+    person.Type(form.txtRabatt, keys);
+    return person.Leave(form.txtRabatt);
+  }
+
+ private:
+  static void Expect(const ui::Outcome& outcome, std::string_view name) {
+    EXPECT_TRUE(outcome.Done()) << name << " " << ui::Describe(outcome.hindrance);
+  }
+
+  support::ContractWorld& world_;
+
+ public:
+  frmNewContract form;
+  ui::Person person{form};
+};
+
+class DialogTest : public support::ContractWorldTest {
+ protected:
+  store::Oid AddType(const Values& values) {
+    return world.Add(table::vv_Vertragsdefinitionen, values);
+  }
+  void AddPosition(store::Oid type, const Values& changes = {}) {
+    world.Add(table::vv_Definitionspositionen, Position(changes), type);
+  }
+  void Open() { ASSERT_TRUE(dialog.Open()); }
+  // OK closes the dialog with a contract saved.
+  void Save() {
+    dialog.Click("cmdOK");
+    EXPECT_TRUE(dialog.form.mbOK);
+    EXPECT_FALSE(dialog.form.Visible());
+  }
+  // OK leaves it open with nothing saved.
+  void SaveRefused() {
+    dialog.Click("cmdOK");
+    EXPECT_FALSE(dialog.form.mbOK);
+    EXPECT_TRUE(dialog.form.Visible());
+  }
+  Row Contract() {
+    const std::vector<Row> rows = world.Rows(table::vv_Vertraege);
+    EXPECT_EQ(rows.size(), 1u);
+    return rows.empty() ? Row{} : rows.back();
+  }
+
+  Dialog dialog{world};
+  frmNewContract& form = dialog.form;
+};
+
+}  // namespace pactora::newcontract

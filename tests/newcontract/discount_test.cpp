@@ -1,0 +1,150 @@
+// The contract start with its invoice periods, and the discount box.
+
+#include "newcontract/dialog_world.h"
+
+namespace pactora::newcontract {
+namespace {
+
+constexpr char kInvalid[] = "Ungültiger Rabatt!\r\nGeben Sie einen Rabatt zwischen 0 und 99 ein!";
+constexpr char kTooLarge[] = "Rabatt darf nicht größer 99% sein!";
+
+class ContractStart : public DialogTest {};
+
+TEST_F(ContractStart, FillsTheListInTheUsersPattern) {
+  AddType(Quarterly({{field::VerlaengerungsZahlungsperiode, 12}}));
+  world.SetVariable("g_DateFormat", "yyyy/MM/dd");
+  Open();
+  dialog.Pick("DTPVertragBeginn", Day(1, 3, 2023));
+  ASSERT_EQ(form.lstInvoices.Count(), 5);
+  EXPECT_EQ(form.lstInvoices.ItemText(0), "2023/03/01 - 2023/05/31");
+  EXPECT_EQ(form.lstInvoices.ItemText(4), "2024/03/01 - 2025/02/28");
+}
+
+TEST_F(ContractStart, TakesTheUserBackToANewContract) {
+  AddType(Quarterly());
+  Open();
+  dialog.Check("chkOldContract", true);
+  EXPECT_TRUE(form.lstInvoices.Enabled());
+  EXPECT_TRUE(form.lstInvoices.Visible());
+  EXPECT_EQ(form.lstInvoices.BackColor(), 0x80000005u);
+  EXPECT_EQ(form.lstInvoices.ListIndex(), 0);
+  dialog.Pick("DTPVertragBeginn", Day(1, 3, 2023));
+  EXPECT_FALSE(form.chkOldContract.Checked());
+  EXPECT_FALSE(form.lstInvoices.Enabled());
+  EXPECT_FALSE(form.lstInvoices.Visible());
+  EXPECT_EQ(form.lstInvoices.BackColor(), 0x8000000Fu);
+  EXPECT_EQ(form.lstInvoices.ListIndex(), -1);
+}
+
+TEST_F(ContractStart, MovesTheDayOfSignatureUnlessThereIsNone) {
+  AddType(Quarterly());
+  Open();
+  dialog.Pick("DTPVertragBeginn", Day(1, 5, 2024));
+  EXPECT_EQ(form.DTPGeschlossenAm.Value(), Day(1, 5, 2024));
+  dialog.Pick("DTPGeschlossenAm", std::nullopt);
+  dialog.Pick("DTPVertragBeginn", Day(1, 6, 2024));
+  EXPECT_TRUE(form.DTPGeschlossenAm.IsNull());
+  EXPECT_EQ(form.DTPGeschlossenAm.ShownDate(), Day(1, 6, 2024));
+}
+
+TEST_F(ContractStart, BeyondTheCalendarLeavesNoPeriodOfAnotherStart) {
+  AddType(Once());
+  Open();
+  dialog.Check("chkOldContract", true);
+  world.screen.ExpectMessage(support::ReporterMessage(
+      "vv_FNewContract.DTPVertragBeginn_Change",
+      "Fehler &H5 in Pactora2\r\n" + embedded::CreateErrorTexts()->Text(5)));
+  dialog.person.PickDate(form.DTPVertragBeginn, Day(1, 11, 9999));
+  EXPECT_EQ(form.lstInvoices.Count(), 0);
+}
+
+TEST_F(ContractStart, OfATypeWithoutAPeriodListsNothing) {
+  AddType(Unlimited({{field::Zahlungsperiode, 0}}));
+  Open();
+  dialog.Pick("DTPVertragBeginn", Day(1, 1, 2020));
+  dialog.Check("chkOldContract", true);
+  EXPECT_EQ(form.lstInvoices.Count(), 0);
+  world.screen.ExpectMessage(Plain("Wählen Sie den Zeitraum aus, der zuletzt fakturiert wurde"));
+  SaveRefused();
+  EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
+}
+
+struct DiscountCase {
+  const char* name;
+  const char* keys;
+  const char* text;      // what the box holds afterwards
+  const char* message;   // empty for none: the discount is taken
+  double percent = 0.0;  // when it is taken
+};
+
+class Discount : public DialogTest, public testing::WithParamInterface<DiscountCase> {};
+
+TEST_P(Discount, IsReadAndShownLikeThis) {
+  AddType(Quarterly());
+  Open();
+  const DiscountCase& c = GetParam();
+  if (*c.message != '\0') world.screen.ExpectMessage(Warning(c.message));
+  const ui::Outcome outcome = dialog.TypeDiscount(c.keys);
+  EXPECT_EQ(form.txtRabatt.Text(), c.text);
+  if (*c.message != '\0') {
+    EXPECT_EQ(outcome.kind, ui::Outcome::Kind::FocusKept);
+    return;
+  }
+  EXPECT_TRUE(outcome.Done());
+  EXPECT_EQ(form.txtRabatt.ForeColor(), c.percent != 0.0 ? 255u : 0x80000008u);
+  Save();
+  EXPECT_EQ(world.Rows(table::vv_Vertragsstaende).at(0)[field::Rabattprozent].AsDouble(),
+            c.percent);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Discount,
+    testing::Values(DiscountCase{"None", "0", "0,00", ""},
+                    DiscountCase{"CommaTyped", "12,5", "12,50", "", 12.5},
+                    DiscountCase{"PointBecomesComma", "12.5", "12,50", "", 12.5},
+                    DiscountCase{"OtherKeysAreDropped", "-a1 0%", "10,00", "", 10.0},
+                    DiscountCase{"RoundedToTwoPlaces", "33,335", "33,34", "", 33.34},
+                    DiscountCase{"Hundred", "100", "100,00", "", 100.0},
+                    DiscountCase{"AboveHundred", "100,01", "100,01", kTooLarge},
+                    DiscountCase{"Empty", "", "", kInvalid},
+                    DiscountCase{"TwoCommas", "1,2,3", "1,2,3", kInvalid},
+                    DiscountCase{"CommaAlone", ",", ",", kInvalid}),
+    [](const auto& row) { return row.param.name; });
+
+using DiscountBox = DialogTest;
+
+TEST_F(DiscountBox, TakesPastedNegativesAndKeepsItsColourOnNonsense) {
+  AddType(Quarterly());
+  Open();
+  dialog.Paste("txtRabatt", "-5");
+  EXPECT_TRUE(dialog.person.Leave(form.txtRabatt).Done());
+  EXPECT_EQ(form.txtRabatt.Text(), "-5,00");
+  EXPECT_EQ(form.txtRabatt.ForeColor(), 255u);
+  world.screen.ExpectMessage(Warning(kInvalid));
+  dialog.Paste("txtRabatt", "fünf");
+  dialog.person.Leave(form.txtRabatt);
+  EXPECT_EQ(form.txtRabatt.ForeColor(), 255u) << "nonsense leaves the colour";
+  world.screen.ExpectMessage(Warning(kTooLarge));
+  dialog.Paste("txtRabatt", "101");
+  dialog.person.Leave(form.txtRabatt);
+  EXPECT_EQ(form.txtRabatt.ForeColor(), 0x80000008u);
+  // A refused box cannot be left by OK either.
+  world.screen.ExpectMessage(Warning(kTooLarge));
+  EXPECT_EQ(dialog.person.Click(form.cmdOK).kind, ui::Outcome::Kind::FocusKept);
+  EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
+}
+
+TEST_F(DiscountBox, ReadsWhatItShowsInALocaleWithAPoint) {
+  AddType(Quarterly());
+  world.module.environment.locale = {'.'};
+  Open();
+  EXPECT_EQ(form.txtRabatt.Text(), "0.00");
+  EXPECT_TRUE(dialog.TypeDiscount("12.5").Done());
+  EXPECT_EQ(form.txtRabatt.Text(), "12.50");
+  EXPECT_TRUE(dialog.person.Enter(form.txtRabatt).Done());
+  EXPECT_TRUE(dialog.person.Leave(form.txtRabatt).Done());
+  EXPECT_EQ(form.txtRabatt.Text(), "12.50");
+}
+
+}  // namespace
+}  // namespace pactora::newcontract

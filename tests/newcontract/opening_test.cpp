@@ -1,0 +1,243 @@
+// Opening the dialog, and what choosing a contract type does to it.
+
+#include "newcontract/dialog_world.h"
+#include "support/failing_probe.h"
+
+namespace pactora::newcontract {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr char kNoType[] =
+    "Es muss mindestens ein freigegebener Vertragstyp definiert sein.\r\n"
+    "Legen Sie einen Vertragstyp an!";
+constexpr char kLost[] =
+    "Die Änderungen, die Sie an der Vertragsdefinition gemacht haben, gehen verloren, wenn Sie "
+    "eine andere Vertragsdefinition auswählen!\r\nWollen Sie das wirklich?";
+
+std::vector<std::string> Items(const ui::ListControl& list) {
+  std::vector<std::string> texts;
+  for (const ui::ListItem& item : list.Items()) texts.push_back(item.text);
+  return texts;
+}
+
+std::string Text(Date date) { return FormatDate(date, platform::kGermanPattern); }
+
+class Opening : public DialogTest {};
+
+TEST_F(Opening, ListsReleasedTypesByNameAndChoosesTheFirst) {
+  AddType(Quarterly({{field::Bezeichnung, "Zaun"}}));
+  AddType(Quarterly({{field::Status, "in Bearbeitung"}, {field::Bezeichnung, "Anker"}}));
+  AddType(Quarterly({{field::Status, "Freigegeben"}, {field::Bezeichnung, "Boje"}}));
+  const store::Oid type = AddType(Once({{field::Typ, "K"},
+                                        {field::Bezeichnung, "Miete"},
+                                        {field::RechnungWann, 1},
+                                        {field::NoBooking, true}}));
+  world.module.gVersionText = "Version 1.2";
+  world.SetVariable("vv_AlarmWochenKuendigung", "8");
+  world.module.gDb = world.host.App()->CurrentDb();
+  world.module.gDb->DbSettings().Add("CreateAppointment4AllContracts", "wahr");
+  Open();
+  EXPECT_EQ(form.Caption(), "Neuer Vertrag für:   Muster GmbH");
+  EXPECT_EQ(form.lblVersion.Caption(), "Version 1.2");
+  ASSERT_EQ(form.lvwBezeichnung.RowCount(), 2);
+  std::vector<std::string> row;
+  for (std::int32_t i = 0; i < 12; ++i) row.push_back(form.lvwBezeichnung.Text(1, i));
+  EXPECT_THAT(row, ElementsAre("Miete", "einmalig", std::to_string(type), "K", "2", "1", "6", "3",
+                               "0", "6", "Verbindlichkeit", "True"));
+  EXPECT_EQ(form.lvwBezeichnung.RowToolTip(1), "Miete");
+  EXPECT_EQ(form.lvwBezeichnung.Text(2, 10), "Forderung");
+  EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 1);
+  EXPECT_EQ(world.host.Table(table::vv_Vertragsdefinitionen)->Oid(), std::to_string(type));
+  EXPECT_THAT(Items(form.cboVerantwortlich), ElementsAre("Anna", "Bert"));
+  EXPECT_THAT(Items(form.cmbUser), ElementsAre("Anna", "Bert"));
+  EXPECT_EQ(form.cboVerantwortlich.Text(), "Anna");
+  EXPECT_EQ(form.cmbUser.Text(), "Anna");
+  EXPECT_EQ(world.module.gAlarmWochenKuendigung, 8);
+  EXPECT_EQ(world.module.gAlarmWochenEnde, 4);
+  EXPECT_TRUE(world.module.gAppointment4AllContracts);
+  EXPECT_TRUE(form.txtVertragnummer.Enabled()) << "a liability is numbered by hand";
+}
+
+TEST_F(Opening, StartsWithTheDefaultStartAndItsInvoicePeriods) {
+  AddType(Quarterly({{field::VerlaengerungsZahlungsperiode, 3}}));
+  world.clock.Set(Day(14, 3, 2024));
+  Open();
+  EXPECT_EQ(Text(form.DTPVertragBeginn.Value()), "15.03.2024");
+  EXPECT_EQ(Text(form.DTPGeschlossenAm.Value()), "15.03.2024");
+  EXPECT_EQ(form.txtRabatt.Text(), "0,00");
+  EXPECT_THAT(Items(form.lstInvoices),
+              ElementsAre("15.03.2024 - 14.06.2024", "15.06.2024 - 14.09.2024",
+                          "15.09.2024 - 14.12.2024", "15.12.2024 - 14.03.2025"));
+  EXPECT_FALSE(form.lstInvoices.Visible());
+  EXPECT_EQ(form.lstInvoices.BackColor(), 0x8000000Fu);
+  EXPECT_FALSE(form.txtVertragnummer.Enabled());
+  EXPECT_TRUE(form.ChkAutoNumber.Checked());
+  EXPECT_FALSE(form.lblDirty.Visible());
+}
+
+TEST_F(Opening, NeedsAReleasedType) {
+  world.screen.ExpectMessage(Warning(kNoType));
+  EXPECT_FALSE(dialog.Open());
+  AddType(Quarterly({{field::Status, "in Bearbeitung"}}));
+  world.screen.ExpectMessage(Warning(kNoType));
+  EXPECT_FALSE(Dialog(world).Open());
+}
+
+TEST_F(Opening, LetsTheDevelopmentUserConcludeContracts) {
+  AddType(Quarterly());
+  store::Profile profile = world.host.Store().ReadProfile();
+  profile.current_user = "DEVELOPMENT";
+  world.host.Store().WriteProfile(profile);
+  world.host.ReloadProfile();
+  Open();
+  EXPECT_EQ(form.cboVerantwortlich.Text(), "DEVELOPMENT");
+}
+
+TEST(OpeningWithoutWorkflows, NeedsNoWorkflowTable) {
+  support::ContractWorld world(/*workflow_add_on=*/false);
+  world.Add(table::vv_Vertragsdefinitionen, Quarterly({{field::SetztMerkmalGruppe, "Kunden"},
+                                                       {field::SetztMerkmal, "Wartung"},
+                                                       {field::SetztWert, "ja"}}));
+  const store::Oid group =
+      world.Add(table::MerkmalgruppeAdressen, {{field::ID, "MG"}, {field::Gruppe, "Kunden"}});
+  const store::Oid attribute = world.Add(table::MerkmallisteAdressen,
+                                         {{field::ID, "ML"}, {field::Merkmal, "Wartung"}}, group);
+  world.Add(table::WerteMerkmalAdressen, {{field::Wert, "ja"}}, attribute);
+  Dialog dialog(world);
+  EXPECT_TRUE(dialog.Open());
+  EXPECT_FALSE(dialog.form.fraWorkflow.Enabled());
+  EXPECT_EQ(dialog.form.lblWorkflow2.Caption(), "< kein Workflow zugeordnet >");
+  EXPECT_THAT(world.screen.Messages(), testing::IsEmpty());
+}
+
+// Whichever operation of the host fails: a message says so, and a dialog that is
+// not ready is not shown. Only the workflow controls and the date pattern can do
+// without.
+TEST(OpeningFailures, AreShownAndKeepTheDialogClosed) {
+  for (std::size_t nth = 1;; ++nth) {
+    support::ContractWorld world;
+    world.Add(table::vv_Vertragsdefinitionen, Quarterly({{field::SetztMerkmalGruppe, "Kunden"},
+                                                         {field::SetztMerkmal, "Wartung"},
+                                                         {field::SetztWert, "ja"},
+                                                         {field::WorkflowID, "W1"}}));
+    world.Add(table::KELDO_Vorgaenge, {{field::ID, "W1"}, {field::Status, "freigegeben"}});
+    world.Enter();
+    frmNewContract form(world.module);
+    support::FailingProbe probe(world.host, nth);
+    const bool ready = form.InitNew();
+    if (!probe.HasFailed()) {
+      EXPECT_TRUE(ready);
+      EXPECT_GT(nth, 50u);
+      break;
+    }
+    ASSERT_FALSE(world.screen.Messages().empty()) << probe.Failed();
+    const ui::Message message = world.screen.Messages().back();
+    if (ready) {
+      EXPECT_TRUE(message.text.find("SetWorkflowFrameVisibility") != std::string::npos ||
+                  message.title == "Fehler in modVV.ReadPersistVarSetting")
+          << probe.Failed() << ": " << message.text;
+    } else {
+      EXPECT_THAT(message.text, HasSubstr("in vv_FNewContract.InitNew")) << probe.Failed();
+      EXPECT_EQ(message.title, "Pactora");
+    }
+  }
+}
+
+class Choice : public DialogTest {
+ protected:
+  Choice() {
+    AddType(Quarterly({{field::Bezeichnung, "A Wartung"}, {field::NoBooking, true}}));
+    AddType(Once({{field::Bezeichnung, "B Projekt"}}));
+    AddType(Once({{field::Bezeichnung, "C Miete"}, {field::Typ, "K"}}));
+    AddType(Once({{field::Bezeichnung, "D Pacht"}, {field::Typ, "K"}}));
+  }
+};
+
+TEST_F(Choice, OfALiabilityLeavesOnlyATypedNumber) {
+  Open();
+  dialog.Check("chkOldContract", true);
+  dialog.Check("chkRabattNurErsteLaufzeit", true);
+  dialog.ChooseText("lvwBezeichnung", "C Miete");
+  EXPECT_FALSE(form.ChkAutoNumber.Checked());
+  EXPECT_FALSE(form.ChkAutoNumber.Enabled());
+  EXPECT_TRUE(form.txtVertragnummer.Enabled());
+  EXPECT_FALSE(form.chkOldContract.Checked());
+  EXPECT_FALSE(form.chkOldContract.Enabled());
+  EXPECT_FALSE(form.chkNoBooking.Enabled());
+  EXPECT_FALSE(form.chkRabattNurErsteLaufzeit.Enabled());
+  EXPECT_TRUE(form.chkRabattNurErsteLaufzeit.Checked()) << "only disabled, not reset";
+  EXPECT_EQ(form.lstInvoices.Count(), 0);
+}
+
+TEST_F(Choice, KeepsATypedNumberBetweenLiabilitiesAlone) {
+  Open();
+  dialog.ChooseText("lvwBezeichnung", "C Miete");
+  dialog.Paste("txtVertragnummer", "M-17");
+  dialog.ChooseText("lvwBezeichnung", "D Pacht");
+  EXPECT_EQ(form.txtVertragnummer.Text(), "M-17");
+  dialog.ChooseText("lvwBezeichnung", "A Wartung");
+  EXPECT_EQ(form.txtVertragnummer.Text(), "");
+  EXPECT_FALSE(form.txtVertragnummer.Enabled());
+}
+
+TEST_F(Choice, FollowsTheTypeAndKeepsWhatTheUserEntered) {
+  Open();
+  EXPECT_TRUE(form.chkNoBooking.Checked());
+  EXPECT_TRUE(form.chkRabattNurErsteLaufzeit.Enabled());
+  dialog.Pick("DTPVertragBeginn", Day(1, 2, 2024));
+  dialog.Pick("DTPGeschlossenAm", std::nullopt);
+  dialog.Paste("txtMemo", "Notiz");
+  dialog.ChooseText("cboVerantwortlich", "Bert");
+  EXPECT_TRUE(dialog.TypeDiscount("5").Done());
+  dialog.Check("chkOldContract", true);
+  dialog.ChooseText("lvwBezeichnung", "B Projekt");
+  EXPECT_FALSE(form.chkNoBooking.Checked());
+  EXPECT_FALSE(form.chkRabattNurErsteLaufzeit.Enabled());
+  EXPECT_FALSE(form.chkOldContract.Checked());
+  EXPECT_THAT(Items(form.lstInvoices),
+              ElementsAre("01.02.2024 - 30.04.2024", "01.05.2024 - 31.07.2024"));
+  EXPECT_EQ(Text(form.DTPVertragBeginn.Value()), "01.02.2024");
+  EXPECT_TRUE(form.DTPGeschlossenAm.IsNull());
+  EXPECT_EQ(form.txtMemo.Text(), "Notiz");
+  EXPECT_EQ(form.txtRabatt.Text(), "5,00");
+  EXPECT_EQ(form.cboVerantwortlich.Text(), "Bert");
+}
+
+TEST_F(Choice, AsksBeforeAChangeInMemoryIsLost) {
+  Open();
+  world.module.gDefinition = std::make_shared<definitions::vv_CDefinition>();
+  world.module.gDefinition->DefOid = form.lvwBezeichnung.Text(1, 2);
+  world.module.gDefinition->Typ = "D";
+  world.module.gDefinition->Art = 1;
+  world.module.gDefinition->Dauer = 12;
+  world.module.gDefinition->Zahlungsperiode = 6;
+  form.InitAgain();
+  EXPECT_TRUE(form.lblDirty.Visible());
+  EXPECT_FALSE(form.chkNoBooking.Checked()) << "the type in memory is invoiced here";
+  EXPECT_EQ(form.lstInvoices.Count(), 2);
+
+  dialog.ChooseText("lvwBezeichnung", "A Wartung");  // the chosen row: nothing to lose
+  world.screen.ExpectMessage({kLost, 4 + 48 + 256, "Tessarin Sorvane"}, ui::Answer::No);
+  dialog.ChooseText("lvwBezeichnung", "B Projekt");
+  EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 1);
+  EXPECT_TRUE(form.lblDirty.Visible());
+  EXPECT_EQ(form.lstInvoices.Count(), 2);
+  world.screen.ExpectMessage({kLost, 4 + 48 + 256, "Tessarin Sorvane"}, ui::Answer::Yes);
+  dialog.ChooseText("lvwBezeichnung", "B Projekt");
+  EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 2);
+  EXPECT_FALSE(form.lblDirty.Visible());
+  dialog.ChooseText("lvwBezeichnung", "A Wartung");
+}
+
+TEST_F(Choice, CancelWritesNothing) {
+  Open();
+  dialog.Click("cmdCancel");
+  EXPECT_FALSE(form.Visible());
+  EXPECT_FALSE(form.mbOK);
+  EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
+}
+
+}  // namespace
+}  // namespace pactora::newcontract
