@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -27,6 +28,21 @@
 #include "store/memory/MemoryStore.h"
 #include "store/rows.h"
 #include "ui/RecordingScreen.h"
+
+namespace pactora::host {
+
+// Readable failures.
+inline void PrintTo(const Value& value, std::ostream* out) {
+  if (value.IsEmpty()) {
+    *out << "(never written)";
+  } else if (value.GetKind() == Kind::Object || value.GetKind() == Kind::Array) {
+    *out << "(object or array)";
+  } else {
+    *out << '"' << ToText(value) << '"';
+  }
+}
+
+}  // namespace pactora::host
 
 namespace pactora::support {
 
