@@ -11,6 +11,7 @@
 #include "schema/Catalog.h"
 #include "store/RecordStore.h"
 #include "store/memory/MemoryStore.h"
+#include "support/TemporaryFolder.h"
 #ifdef PACTORA_HAS_SQLITE
 #include "store/sqlite/SqliteStore.h"
 #endif
@@ -29,6 +30,20 @@ inline std::vector<StoreKind> StoreKinds() {
 #ifdef PACTORA_HAS_SQLITE
   kinds.push_back({"SqliteInMemory", [](schema::Catalog catalog, store::Profile profile) {
                      return store::CreateSqliteInMemory(catalog, profile);
+                   }});
+#endif
+  return kinds;
+}
+
+// With the stores whose commits wait for the disk.
+inline std::vector<StoreKind> StoreKindsWithDisk() {
+  std::vector<StoreKind> kinds = StoreKinds();
+#ifdef PACTORA_HAS_SQLITE
+  kinds.push_back({"SqliteOnDisk", [](schema::Catalog catalog, store::Profile profile) {
+                     static TemporaryFolder folder;
+                     static int files = 0;
+                     const std::string name = std::to_string(++files) + ".db";
+                     return store::CreateSqlite(folder.File(name), catalog, profile);
                    }});
 #endif
   return kinds;

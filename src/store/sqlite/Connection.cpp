@@ -66,7 +66,14 @@ Connection::Connection(const std::string& path, Access access, std::chrono::mill
   sqlite3_busy_timeout(database_, static_cast<int>(std::min(timeout, longest).count()));
 }
 
-Connection::~Connection() { sqlite3_close(database_); }
+Connection::~Connection() {
+  // Leaves this journal mode only to have the empty journal file removed; SQLite
+  // does that when no other user is writing, and it is harmless if it stays.
+  if (!InTransaction()) {
+    sqlite3_exec(database_, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
+  }
+  sqlite3_close(database_);
+}
 
 void Connection::SetUp() {
   Run("PRAGMA trusted_schema = OFF");
