@@ -1,0 +1,87 @@
+// A person at a dialog, by control name. What a person could not do, or what a
+// box refused to give up the focus for, fails the test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/Person.h"
+#include "ui/controls.h"
+
+namespace pactora::support {
+
+class DialogUser {
+ public:
+  DialogUser(ui::Form& form, ui::Person& person) : form_(form), person_(person) {}
+
+  template <typename T>
+  T& Get(std::string_view name) const {
+    T* control = form_.Find<T>(name);
+    if (control == nullptr) throw std::invalid_argument("no control " + std::string(name));
+    return *control;
+  }
+  ui::Control& operator[](std::string_view name) const { return Get<ui::Control>(name); }
+
+  void Click(std::string_view name) { Must(person_.Click((*this)[name]), name); }
+  void Choose(std::string_view name, std::string_view text) {
+    Must(person_.ChooseText((*this)[name], text), name);
+  }
+  void ChooseRow(std::string_view name, std::int32_t row) {
+    Must(person_.Choose((*this)[name], row - 1), name);
+  }
+  void Type(std::string_view name, std::string_view keys) {
+    Must(person_.Type((*this)[name], keys), name);
+  }
+  // Empties the box first, past its key handler.
+  void Retype(std::string_view name, std::string_view keys) {
+    Paste(name, "");
+    Type(name, keys);
+  }
+  void Paste(std::string_view name, std::string text) {
+    Must(person_.Paste((*this)[name], std::move(text)), name);
+  }
+  void Pick(std::string_view name, platform::Date date) {
+    Must(person_.PickDate((*this)[name], date), name);
+  }
+  void Leave(std::string_view name) { Must(person_.Leave((*this)[name]), name); }
+  // The box keeps the focus instead of giving it to another control.
+  void CannotLeave(std::string_view name) {
+    EXPECT_EQ(person_.Leave((*this)[name]).kind, ui::Outcome::Kind::FocusKept) << name;
+  }
+
+  bool Reaches(std::string_view name) const { return (*this)[name].Reach() == ui::Hindrance::None; }
+  bool HasFocus(std::string_view name) const { return (*this)[name].HasFocus(); }
+  bool IsOpen() const { return form_.Visible(); }
+  const std::string& Caption() const { return form_.Caption(); }
+
+  // What a text box, combo box or label shows.
+  std::string Text(std::string_view name) const {
+    const ui::Control& control = (*this)[name];
+    if (const auto* box = dynamic_cast<const ui::TextBox*>(&control)) return box->Text();
+    if (const auto* box = dynamic_cast<const ui::ComboBox*>(&control)) return box->Text();
+    return Get<ui::Label>(name).Caption();
+  }
+  std::vector<std::string> Items(std::string_view name) const {
+    std::vector<std::string> texts;
+    for (const ui::ListItem& item : Get<ui::ComboBox>(name).Items()) texts.push_back(item.text);
+    return texts;
+  }
+  bool Checked(std::string_view name) const { return Get<ui::CheckBox>(name).Checked(); }
+  std::string Cell(std::string_view name, std::int32_t row, std::int32_t column) const {
+    return Get<ui::ListView>(name).Text(row, column);
+  }
+  std::int32_t RowCount(std::string_view name) const { return Get<ui::ListView>(name).RowCount(); }
+
+ private:
+  static void Must(const ui::Outcome& outcome, std::string_view name) {
+    EXPECT_TRUE(outcome.Done()) << name << " " << ui::Describe(outcome.hindrance);
+  }
+
+  ui::Form& form_;
+  ui::Person& person_;
+};
+
+}  // namespace pactora::support
