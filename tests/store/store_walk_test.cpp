@@ -242,7 +242,7 @@ class StoreWalk : public StoreSuite {
 TEST_P(StoreWalk, AgreesWithAPlainModelAtEveryStep) {
   for (unsigned seed = 1; seed <= 3 && !HasFailure(); ++seed) {
     store_ = GetParam().create(schema::ContractCatalog(true), SampleProfile());
-    Walk(seed, 3000);
+    Walk(seed, 2000);
   }
 }
 

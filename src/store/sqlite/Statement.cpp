@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+#include "store/errors.h"
+
 namespace pactora::store::sqlite {
 namespace {
 
@@ -16,6 +18,10 @@ constexpr std::string_view kNotANumber = "NaN";
 Statement::Statement(const Connection& connection, std::string_view sql) : connection_(connection) {
   const int code = sqlite3_prepare_v3(connection.Handle(), sql.data(), static_cast<int>(sql.size()),
                                       SQLITE_PREPARE_PERSISTENT, &statement_, nullptr);
+  // The statements are our own, so what they name is missing in the file.
+  if (code == SQLITE_ERROR) {
+    Raise(StoreError::NotADatabase, sqlite3_errmsg(connection.Handle()));
+  }
   if (code != SQLITE_OK) connection.Fail(code);
 }
 

@@ -1,0 +1,67 @@
+// What the suites over SQLite files share: a database in a folder of its own, and
+// what another program may do to the file.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+
+#include "schema/names.h"
+#include "store/StoreSuite.h"
+#include "store/sqlite/Connection.h"
+#include "store/sqlite/SqliteStore.h"
+#include "store/sqlite/Statement.h"
+#include "support/TemporaryFolder.h"
+
+namespace pactora::store {
+
+inline std::string BytesOf(const std::string& path) {
+  if (!std::filesystem::is_regular_file(path)) return "no file";
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void WriteBytes(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+class SqliteFile : public testing::Test {
+ protected:
+  support::TemporaryFolder folder_;
+  const std::string path_ = folder_.File("vertraege.db");
+
+  std::unique_ptr<RecordStore> Create() {
+    return CreateSqlite(path_, schema::ContractCatalog(true), SampleProfile());
+  }
+  std::unique_ptr<RecordStore> Open(std::chrono::milliseconds timeout = std::chrono::seconds(20),
+                                    bool rehearsal = false) {
+    return OpenSqlite(path_, {timeout, rehearsal});
+  }
+
+  // A new address of that name, committed.
+  static Oid AddAddress(RecordStore& store, const std::string& name) {
+    const Oid oid =
+        InsertedOid(store, schema::table::Adressen, 0, {{schema::field::Name, host::Value(name)}});
+    store.Commit();
+    return oid;
+  }
+  static std::int64_t Addresses(RecordStore& store) {
+    return store.Count(TableOf(store, schema::table::Adressen));
+  }
+
+  // What a person with an SQL tool does.
+  void RunSql(const std::string& sql) {
+    sqlite::Connection connection(path_, sqlite::Access::ReadWrite, std::chrono::seconds(20));
+    connection.Run(sql);
+  }
+  // The first column of the first row.
+  std::string Query(const std::string& sql) {
+    const sqlite::Connection connection(path_, sqlite::Access::ReadOnly, std::chrono::seconds(20));
+    sqlite::Statement statement(connection, sql);
+    return statement.Step() ? std::string(statement.Text(0)) : "nothing";
+  }
+};
+
+}  // namespace pactora::store
