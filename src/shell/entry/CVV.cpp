@@ -30,8 +30,8 @@ void CVV::NewContractDebitor(const AppRef& oApp, const std::shared_ptr<api::Prop
     const auto contracts = module_.gDb->Tables().Item(schema::table::vv_Vertraege);
     contracts->FilterOff(host::kTrue, host::kFlagsUsual);
     contracts->FilterOff2(host::kTrue, host::kFlagsUsual);
-    if (!oContract) platform::Raise(platform::RuntimeError::ObjectNotSet);
     module_.gApiContract = std::make_shared<api::vv_CContractD>();
+    if (!oContract) platform::Raise(platform::RuntimeError::ObjectNotSet);
     module_.gApiContract->CopyFrom(*oContract);
     module_.gApiArticles = colArt;
     taken_over = true;

@@ -1,0 +1,185 @@
+// Settings: what is read, what is written, and what an error becomes.
+
+#include "shell/CConfig.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "support/contract_world.h"
+#include "support/failing_probe.h"
+
+namespace pactora::shell {
+namespace {
+
+using host::Value;
+using support::ErrorOf;
+using support::FailingProbe;
+
+constexpr char kLongName[] = "Einstellung_mit_langem_Namen_A1";   // 31 characters
+constexpr char kOtherName[] = "Einstellung_mit_langem_Namen_A2";  // differs in the last
+constexpr char kCutName[] = "Einstellung_mit_langem_Namen_A";
+
+// The five stores, each with its two operations.
+struct Family {
+  std::string name;
+  std::function<std::string(CConfig&, std::string_view, std::string_view)> read;
+  std::function<void(CConfig&, std::string_view, std::string_view)> write;
+  bool writable;
+  bool raises_when_reading;
+};
+
+class Config : public support::ContractWorldTest {
+ protected:
+  Config() { world.Enter(); }
+
+  std::vector<Family> Families() {
+    using Text = std::string_view;
+    const auto table = world.host.Table(schema::table::Artikel);
+    return {
+        {"PrivateSetting", [](CConfig& c, Text k, Text d) { return c.ReadPrivateSetting(k, d); },
+         [](CConfig& c, Text k, Text v) { c.WritePrivateSetting(k, v); }, true, false},
+        {"PublicSetting", [](CConfig& c, Text k, Text d) { return c.ReadPublicSetting(k, d); },
+         [](CConfig& c, Text k, Text v) { c.WritePublicSetting(k, v); }, true, true},
+        {"DatabaseSetting", [](CConfig& c, Text k, Text d) { return c.ReadDatabaseSetting(k, d); },
+         [](CConfig& c, Text k, Text v) { c.WriteDatabaseSetting(k, v); }, false, true},
+        {"PersistVarSetting",
+         [](CConfig& c, Text k, Text d) { return c.ReadPersistVarSetting(k, d); },
+         [](CConfig& c, Text k, Text v) { c.WritePersistVarSetting(k, v); }, true, true},
+        {"TableSetting",
+         [table](CConfig& c, Text k, Text d) { return c.ReadTableSetting(table, k, d); },
+         [table](CConfig& c, Text k, Text v) { c.WriteTableSetting(table, k, v); }, false, false},
+    };
+  }
+  host::HostDb& Db() { return *world.module.gDb; }
+};
+
+TEST_F(Config, ADefaultIsStoredWhereTheStoreMayBeWritten) {
+  CConfig config(world.module);
+  for (const Family& family : Families()) {
+    EXPECT_EQ(family.read(config, "Schrift", ""), "") << family.name;
+    EXPECT_EQ(family.read(config, "Schrift", "groß"), "groß") << family.name;
+    const std::string kept = family.writable ? "groß" : "klein";
+    EXPECT_EQ(family.read(config, "SCHRIFT", "klein"), kept) << family.name;
+  }
+}
+
+TEST_F(Config, AWriteChangesMoreThanCaseAlone) {
+  CConfig config(world.module);
+  for (const Family& family : Families()) {
+    family.write(config, "Farbe", "Grün");
+    family.write(config, "Farbe", "GRÜN");
+    EXPECT_EQ(family.read(config, "Farbe", ""), family.writable ? "Grün" : "") << family.name;
+    family.write(config, "Farbe", "Rot");
+    EXPECT_EQ(family.read(config, "Farbe", ""), family.writable ? "Rot" : "") << family.name;
+  }
+}
+
+TEST_F(Config, NamesAreCutToThirtyCharacters) {
+  CConfig config(world.module);
+  for (const Family& family : Families()) {
+    family.write(config, kLongName, "1");
+    const std::string kept = family.writable ? "1" : "";
+    EXPECT_EQ(family.read(config, kOtherName, ""), kept) << family.name;
+    EXPECT_EQ(family.read(config, kCutName, ""), kept) << family.name;
+  }
+  EXPECT_FALSE(Db().Formulas().PersistVars().Exists(kLongName));
+}
+
+TEST_F(Config, EachFamilyHasItsOwnStore) {
+  const host::HostSettings* stores[] = {&Db().Users().CurrentUser().PrivateSettings(),
+                                        &Db().Users().CurrentUser().PublicSettings()};
+  EXPECT_NE(stores[0], stores[1]);
+  Db().Users().CurrentUser().PrivateSettings().Add("Ort", "privat");
+  Db().Users().CurrentUser().PublicSettings().Add("Ort", "öffentlich");
+  Db().DbSettings().Add("Ort", "Datenbank");
+  Db().Formulas().PersistVars().Add("Ort", "Variable");
+  world.host.Table(schema::table::Artikel)->Settings().Add("Ort", "Tabelle");
+  CConfig config(world.module);
+  std::vector<std::string> found;
+  for (const Family& family : Families()) found.push_back(family.read(config, "ort", "keiner"));
+  EXPECT_THAT(found,
+              testing::ElementsAre("privat", "öffentlich", "Datenbank", "Variable", "Tabelle"));
+  EXPECT_EQ(config.ReadSetting("Ort"), "privat");
+}
+
+TEST_F(Config, AnErrorOfTheStoreNamesTheOperationOrIsIgnored) {
+  CConfig config(world.module);
+  const platform::Error full(platform::ErrorNumber(0x80041024), "Kein Platz", "Platte");
+  for (const Family& family : Families()) {
+    {
+      FailingProbe probe(world.host, 1, full);
+      std::string read = "ungelesen";
+      const auto error = ErrorOf([&] { read = family.read(config, "Schrift", "groß"); });
+      EXPECT_TRUE(probe.HasFailed()) << family.name;
+      EXPECT_EQ(error.has_value(), family.raises_when_reading) << family.name;
+      if (error) {
+        EXPECT_EQ(error->Source(), "CConfig.Read" + family.name);
+        EXPECT_EQ(error->Number(), full.Number());
+        EXPECT_EQ(error->Description(), full.Description());
+      } else {
+        EXPECT_EQ(read, "") << family.name;
+      }
+    }
+    FailingProbe probe(world.host, 1, full);
+    const auto error = ErrorOf([&] { family.write(config, "Schrift", "groß"); });
+    EXPECT_EQ(error.has_value(), family.writable) << family.name;
+    if (error) {
+      EXPECT_EQ(error->Source(), "CConfig.Write" + family.name);
+    }
+  }
+}
+
+TEST_F(Config, ADefaultThatCannotBeStoredIsGivenAllTheSame) {
+  CConfig config(world.module);
+  FailingProbe probe(world.host, 1, "Settings.Add", "", platform::Error(5, "x"));
+  EXPECT_EQ(config.ReadPrivateSetting("Schrift", "groß"), "groß");
+  EXPECT_TRUE(probe.HasFailed());
+}
+
+TEST_F(Config, AReadOnlyVariableStaysAndANewOneIsMade) {
+  store::Profile profile = world.host.Store().ReadProfile();
+  profile.settings.push_back({store::SettingScope::PersistVar, "", "Fest", "alt", true});
+  world.host.Store().WriteProfile(profile);
+  world.host.ReloadProfile();
+  world.Enter();
+  CConfig config(world.module);
+  config.WritePersistVarSetting("Fest", "neu");
+  EXPECT_EQ(config.ReadPersistVarSetting("Fest"), "alt");
+  config.WritePersistVarSetting("Zahl", 12);
+  EXPECT_EQ(Db().Formulas().PersistVars().Item("Zahl")->Value(), Value(12));
+}
+
+TEST_F(Config, ReadSettingTakesTheWholeNameFromTheHostsOwnApplication) {
+  Db().DbSettings().Add(kLongName, "Datenbank");
+  CConfig config(world.module);
+  world.module.gHostApp.reset();
+  EXPECT_EQ(config.ReadSetting(kLongName, "keiner"), "Datenbank");
+  EXPECT_EQ(config.ReadSetting(kCutName, "keiner"), "keiner");
+  Db().Users().CurrentUser().PrivateSettings().Add(kLongName, "privat");
+  EXPECT_EQ(config.ReadSetting(kLongName, "keiner"), "privat");
+  EXPECT_FALSE(Db().DbSettings().Exists(kCutName)) << "nothing is stored";
+  FailingProbe probe(world.host, 1, platform::Error(5, "x", "Platte"));
+  EXPECT_EQ(ErrorOf([&] { config.ReadSetting(kLongName); })->Source(), "Platte");
+}
+
+TEST_F(Config, BooleansAreMinusOneAndTheWordsForTrue) {
+  CConfig config(world.module);
+  for (const Value& value :
+       std::vector<Value>{"-1", "T", "TRUE", "Wahr", "w", true, -1, "-1.0", -1.0, " -1 und mehr"}) {
+    EXPECT_TRUE(config.CBoolean(value)) << host::ToText(value);
+  }
+  for (const Value& value :
+       std::vector<Value>{"1", "", "0", false, Value(), 1, "ja", " true", "wahrlich", "-10"}) {
+    EXPECT_FALSE(config.CBoolean(value)) << host::ToText(value);
+  }
+}
+
+TEST_F(Config, WithoutADatabaseThereIsNothingToRead) {
+  world.module.gDb.reset();
+  CConfig config(world.module);
+  EXPECT_EQ(ErrorOf([&] { config.ReadDatabaseSetting("x"); })->Number(), 91);
+}
+
+}  // namespace
+}  // namespace pactora::shell

@@ -1,0 +1,213 @@
+// The five operations of the entry class, and the dialog that one of them holds.
+
+#include <gtest/gtest.h>
+
+#include "shell/entry/CVV.h"
+#include "support/contract_world.h"
+#include "support/failing_probe.h"
+
+namespace pactora::shell {
+namespace {
+
+namespace field = schema::field;
+namespace table = schema::table;
+using support::ErrorOf;
+using support::FailingProbe;
+
+class Entry : public support::ContractWorldTest {
+ protected:
+  Entry() { world.Goto(table::Adressen, world.address); }
+
+  // A contract type that the dialog for a new contract offers.
+  void AddReleasedType() {
+    world.Add(table::vv_Vertragsdefinitionen, {{field::Status, schema::kReleased},
+                                               {field::Typ, schema::kTypDebtor},
+                                               {field::Bezeichnung, "Wartung"},
+                                               {field::Art, schema::kArtOnce},
+                                               {field::ArtStr, schema::ArtText(schema::kArtOnce)},
+                                               {field::Dauer, 12},
+                                               {field::Zahlungsperiode, 12},
+                                               {field::RechnungWann, 0},
+                                               {field::NoBooking, false},
+                                               {field::NettoSumme, 100.0}});
+  }
+  void ExpectNoReleasedType() {
+    world.screen.ExpectMessage(
+        {"Es muss mindestens ein freigegebener Vertragstyp definiert sein.\r\n"
+         "Legen Sie einen Vertragstyp an!",
+         48, "Tessarin Sorvane"});
+  }
+  void ExpectDialog(const std::string& click) {
+    world.screen.ExpectDialog("frmNewContract", [click](ui::Form& form, ui::Person& person) {
+      person.Click(*form.Find(click));
+    });
+  }
+  void New() { entry.NewContract(world.host.App(), ok, rows, show_def); }
+  void New2() { entry.NewContract2(world.host.App(), ok, rows, show_def); }
+  void ExpectResults(bool want_ok, std::int32_t want_rows, bool want_show_def) {
+    EXPECT_EQ(ok, want_ok);
+    EXPECT_EQ(rows, want_rows);
+    EXPECT_EQ(show_def, want_show_def);
+  }
+
+  CVV entry{world.module};
+  bool ok = true;
+  std::int32_t rows = 7;
+  bool show_def = false;
+};
+
+TEST_F(Entry, TheVersionNeedsNoHost) {
+  EXPECT_EQ(entry.DLLVersion(), "Version 2.9.0.2");
+  EXPECT_FALSE(world.module.gDb);
+  EXPECT_EQ(world.module.gVersionText, "");
+}
+
+TEST_F(Entry, TheReporterLivesAsLongAsAnyEntryObject) {
+  const auto first = world.module.gAddonError;
+  ASSERT_TRUE(first);
+  auto second = std::make_unique<CVV>(world.module);
+  EXPECT_NE(world.module.gAddonError, first);
+  second.reset();
+  EXPECT_TRUE(world.module.gAddonError);
+  {
+    support::ContractWorld other;
+    { CVV alone(other.module); }
+    EXPECT_FALSE(other.module.gAddonError);
+  }
+}
+
+TEST_F(Entry, EachCallTakesTheHostThatItIsHanded) {
+  AddReleasedType();
+  ExpectDialog("cmdCancel");
+  New();
+  EXPECT_EQ(world.module.gHostApp, world.host.App());
+  EXPECT_EQ(world.module.gVersionText, "Version 2.9.0.2");
+  support::ContractWorld other;
+  world.screen.ExpectMessage(support::ReporterMessage(
+      "CVV.NewContractDebitor",
+      "Fehler &H5B in Pactora2\r\n" + embedded::CreateErrorTexts()->Text(91)));
+  entry.NewContractDebitor(other.host.App(), nullptr, nullptr);
+  EXPECT_EQ(world.module.gHostApp, other.host.App());
+  EXPECT_EQ(world.module.gDb, other.host.App()->CurrentDb());
+}
+
+TEST_F(Entry, NewContractHandsOverWhatTheDialogDid) {
+  AddReleasedType();
+  ExpectDialog("cmdOK");
+  New();
+  ExpectResults(true, 1, false);
+  EXPECT_EQ(world.Count(table::vv_Vertraege), 1u);
+  ExpectDialog("cmdCancel");
+  New2();
+  ExpectResults(false, 0, false);
+}
+
+TEST_F(Entry, NewContractSwitchesTheFiltersOff) {
+  AddReleasedType();
+  world.Add(table::vv_Vertraege, {}, world.address);
+  for (const auto kind : {embedded::FilterKind::First, embedded::FilterKind::Second}) {
+    world.host.SetFilter(table::vv_Vertraege, kind, [](const store::Record&) { return false; });
+  }
+  ExpectDialog("cmdCancel");
+  New();
+  EXPECT_EQ(world.host.Table(table::vv_Vertraege)->ScopeCount(), 1);
+}
+
+TEST_F(Entry, ADialogThatCouldNotBeFilledIsHeldForACallerWhoWantsDetails) {
+  ExpectNoReleasedType();
+  show_def = true;
+  New();
+  ExpectResults(false, 0, true);
+
+  // NewContract2 touches nothing while it is held.
+  ok = true, rows = 7;
+  New2();
+  ExpectResults(true, 7, true);
+
+  // NewContract shows it again, without the entry steps.
+  world.module.gVersionText = "unverändert";
+  ExpectDialog("cmdCancel");
+  entry.NewContract(nullptr, ok, rows, show_def);
+  ExpectResults(false, 0, false);
+  EXPECT_EQ(world.module.gVersionText, "unverändert");
+
+  // It was released: the next call makes another one.
+  ExpectNoReleasedType();
+  New();
+  EXPECT_EQ(world.module.gVersionText, "Version 2.9.0.2");
+}
+
+TEST_F(Entry, ADialogThatCouldNotBeFilledIsReleasedOtherwise) {
+  ExpectNoReleasedType();
+  New();
+  ExpectResults(false, 0, false);
+  ExpectNoReleasedType();
+  New2();
+  ExpectResults(false, 0, false);
+}
+
+TEST_F(Entry, AnErrorWhileTheDialogIsShownIsReportedAndLeavesItBehind) {
+  AddReleasedType();
+  const auto fails = [](ui::Form&, ui::Person&) { throw platform::Error(5, "x", "Platte"); };
+  const std::string text = "Fehler &H5 in Platte\r\n" + embedded::CreateErrorTexts()->Text(5);
+  world.screen.ExpectDialog("frmNewContract", fails);
+  world.screen.ExpectMessage(support::ReporterMessage("CVV.NewContract2", text));
+  New2();
+  ExpectResults(false, 0, false);
+  // Shown again it is the caller who learns of an error.
+  world.screen.ExpectDialog("frmNewContract", fails);
+  EXPECT_EQ(ErrorOf([&] { New(); })->Source(), "Platte");
+  ExpectDialog("cmdOK");
+  New();
+  ExpectResults(true, 1, false);
+}
+
+TEST_F(Entry, AnErrorBeforeTheDialogIsReportedAndOneOfTheHostRaised) {
+  AddReleasedType();
+  const platform::Error lost(5, "x", "Platte");
+  const std::string text = "Fehler &H5 in Platte\r\n" + embedded::CreateErrorTexts()->Text(5);
+  {
+    FailingProbe probe(world.host, 1, "FilterOff2", std::string(table::vv_Vertraege), lost);
+    world.screen.ExpectMessage(support::ReporterMessage("CVV.NewContract", text));
+    New();
+    ExpectResults(false, 0, false);
+  }
+  ok = true, rows = 7;
+  FailingProbe probe(world.host, 1, "CurrentDb", "", lost);
+  EXPECT_EQ(ErrorOf([&] { New(); })->Source(), "Platte");
+  ExpectResults(true, 7, false);
+}
+
+TEST_F(Entry, EditContractDefinitionReadsTheSettingForAppointments) {
+  struct Case {
+    std::string setting;
+    bool flag;
+  };
+  host::HostSettings& settings = world.host.App()->CurrentDb()->DbSettings();
+  settings.Add("CreateAppointment4AllContracts", "");
+  for (const Case& row : {Case{"1", true}, Case{"0", false}, Case{"TRUE", true},
+                          Case{"False", false}, Case{"-1", true}}) {
+    settings.Item("CreateAppointment4AllContracts").SetValue(row.setting);
+    world.screen.ExpectDialog("frmFEditDefinitions", [](ui::Form& form, ui::Person& person) {
+      person.Click(*form.Find("cmdCancel"));
+    });
+    entry.EditContractDefinition(world.host.App(), true);
+    EXPECT_EQ(world.module.gAppointment4AllContracts, row.flag) << row.setting;
+  }
+  world.module.gVersionText = "unverändert";
+  settings.Item("CreateAppointment4AllContracts").SetValue("vielleicht");
+  EXPECT_EQ(ErrorOf([&] { entry.EditContractDefinition(world.host.App(), true); })->Number(), 13);
+  EXPECT_EQ(world.module.gVersionText, "unverändert");
+}
+
+TEST_F(Entry, EditContractDefinitionShowsNothingForARowThatCannotBeShown) {
+  const std::int32_t number = embedded::Number(embedded::HostError::NoCurrentRow);
+  world.screen.ExpectMessage(support::ReporterMessage(
+      "vv_FEditDefinitions.InitEdit", "Fehler &H" + platform::HexNumber(number) +
+                                          " in Tessarin\r\n" +
+                                          embedded::CreateErrorTexts()->Text(number)));
+  entry.EditContractDefinition(world.host.App(), false);
+}
+
+}  // namespace
+}  // namespace pactora::shell

@@ -1,0 +1,114 @@
+// The reporter and the forms of handlers.
+
+#include "shell/handlers.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/leading_number.h"
+#include "support/contract_world.h"
+
+namespace pactora::shell {
+namespace {
+
+using platform::Error;
+using support::ErrorOf;
+
+class Handlers : public support::ContractWorldTest {
+ protected:
+  Handlers() { world.Enter(); }
+
+  static Error Missing() {
+    return Error(platform::ErrorNumber(0x80040002), "Mandant X fehlt in Mandantentabelle!", "abc");
+  }
+  static std::string HostText(std::int32_t number) {
+    return embedded::CreateErrorTexts()->Text(number);
+  }
+};
+
+TEST_F(Handlers, TheReporterShowsNumberSourceAndTheHostsText) {
+  struct Case {
+    std::int32_t number;
+    std::string hex;
+  };
+  for (const Case& row : {Case{platform::ErrorNumber(0x80040002), "80040002"}, Case{5, "5"},
+                          Case{-2147221502, "80040002"}, Case{0, "0"}, Case{255, "FF"}}) {
+    world.screen.ExpectMessage({"Fehler &H" + row.hex + " in abc\r\n" + HostText(row.number), 48,
+                                "Fehler in CVV.NewContract"});
+    world.module.gAddonError->ShowErrText("CVV.NewContract", Error(row.number, "egal", "abc"));
+  }
+}
+
+TEST_F(Handlers, WithReporterEndsNormally) {
+  world.screen.ExpectMessage(support::ReporterMessage(
+      "CVV.NewContract",
+      "Fehler &H80040002 in abc\r\n" + HostText(platform::ErrorNumber(0x80040002))));
+  int steps = 0;
+  WithReporter(world.module, module_name::CVV, "NewContract", [&] {
+    ++steps;
+    throw Missing();
+  });
+  WithReporter(world.module, module_name::CVV, "NewContract", [&] { ++steps; });
+  EXPECT_EQ(steps, 2) << "what was done before the failure stays";
+}
+
+TEST_F(Handlers, WithInlineMessageShowsTheDescriptionWithoutIconOrTitle) {
+  world.screen.ExpectMessage(
+      {"Fehler &H80040002\r\n(Mandant X fehlt in Mandantentabelle!)\r\nin "
+       "vv_FNewContract.cmdOK_Click",
+       0, "Pactora"});
+  WithInlineMessage(world.module, module_name::frmNewContract, "cmdOK_Click",
+                    [] { throw Missing(); });
+}
+
+TEST_F(Handlers, RaisingAgainKeepsNumberAndDescription) {
+  const auto error = ErrorOf(
+      [] { RaisingAgain(module_name::modAPI, "InitTables", []() -> bool { throw Missing(); }); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Number(), Missing().Number());
+  EXPECT_EQ(error->Description(), Missing().Description());
+  EXPECT_EQ(error->Source(), "modAPI.InitTables");
+  EXPECT_EQ(RaisingAgain(module_name::modAPI, "x", [] { return 7; }), 7);
+}
+
+TEST_F(Handlers, IgnoredErrorsCanBeLookedAt) {
+  Error error(0, "");
+  EXPECT_TRUE(IgnoringErrors(&error, [] {}));
+  EXPECT_EQ(error.Number(), 0);
+  EXPECT_FALSE(IgnoringErrors(&error, [] { throw Missing(); }));
+  EXPECT_EQ(error.Number(), Missing().Number());
+  EXPECT_FALSE(IgnoringErrors(nullptr, [] { throw Missing(); }));
+}
+
+TEST_F(Handlers, AnyOtherExceptionIsAnInternalError) {
+  const auto error =
+      ErrorOf([] { RaisingAgain(module_name::modAPI, "x", [] { throw std::bad_alloc(); }); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Number(), 51);
+  EXPECT_EQ(error->Description(), "Interner Fehler");
+}
+
+TEST_F(Handlers, AnErrorInAHandlerIsNotCaught) {
+  world.module.gAddonError.reset();
+  const auto error = ErrorOf([&] {
+    WithReporter(world.module, module_name::CVV, "NewContract", [] { throw Missing(); });
+  });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Number(), 91);
+}
+
+TEST(LeadingNumbers, AreReadUpToWhatIsNone) {
+  struct Case {
+    std::string text;
+    double number;
+  };
+  const std::vector<Case> cases = {
+      {"", 0},        {"00000009", 9}, {"12x7", 12},     {" \t-3 Wochen", -3}, {"+4", 4},
+      {"1.5.2", 1.5}, {".5", 0.5},     {"-.5", -0.5},    {"1,5", 1},           {"abc", 0},
+      {"-", 0},       {"inf", 0},      {"nan", 0},       {"1e2", 100},         {"--1", 0},
+      {"-1", -1},     {"-1x", -1},     {"-infinity", 0}, {"0x10", 0},
+  };
+  for (const Case& row : cases) EXPECT_EQ(LeadingNumber(row.text), row.number) << row.text;
+}
+
+}  // namespace
+}  // namespace pactora::shell

@@ -1,0 +1,107 @@
+// Putting a table's cursor back.
+
+#include <gtest/gtest.h>
+
+#include "shell/CTableProperties.h"
+#include "support/contract_world.h"
+
+namespace pactora::shell {
+namespace {
+
+namespace table = schema::table;
+using support::ErrorOf;
+
+class Snapshot : public support::ContractWorldTest {
+ protected:
+  Snapshot() {
+    world.Enter();
+    articles = world.host.Table(table::Artikel);
+    snapshot.Init(articles);
+  }
+  void Search() {
+    articles->Indexes().Select(schema::index::Id, 256);
+    EXPECT_TRUE(articles->SeekKey("A2", 256));
+    articles->SetCursorFlagA(true);
+    articles->SetCursorFlagB(true);
+  }
+
+  std::shared_ptr<host::HostTable> articles;
+  CTableProperties snapshot{world.module};
+};
+
+TEST_F(Snapshot, PutsBackRowIndexAndModes) {
+  articles->Indexes().Select(schema::index::Id, 256);
+  const auto index = articles->Indexes().Current()->Name();
+  world.Goto(table::Artikel, world.server);
+  articles->SetCursorFlagA(true);
+  snapshot.Save();
+  Search();
+  articles->SetCursorFlagA(false);
+  articles->Indexes().SelectNone(256);
+  for (int again = 0; again < 2; ++again) {
+    snapshot.Restore();
+    EXPECT_EQ(articles->Oid(), std::to_string(world.server));
+    ASSERT_TRUE(articles->Indexes().Current());
+    EXPECT_EQ(articles->Indexes().Current()->Name(), index);
+    EXPECT_TRUE(articles->CursorFlagA());
+    EXPECT_FALSE(articles->CursorFlagB());
+    world.Goto(table::Artikel, world.hotline);
+  }
+}
+
+TEST_F(Snapshot, DoesNothingBeforeASave) {
+  Search();
+  snapshot.Restore(true);
+  EXPECT_EQ(articles->Oid(), std::to_string(world.hotline));
+  EXPECT_TRUE(articles->CursorFlagA());
+}
+
+TEST_F(Snapshot, OfNoRowAndNoIndexLeavesBothAlone) {
+  ASSERT_TRUE(articles->Eof());
+  snapshot.Save();
+  Search();
+  snapshot.Restore();
+  EXPECT_EQ(articles->Oid(), std::to_string(world.hotline));
+  EXPECT_TRUE(articles->Indexes().Current()) << "the index stays selected";
+  EXPECT_FALSE(articles->CursorFlagA());
+}
+
+TEST_F(Snapshot, ARowThatIsGoneLeavesTheCursorWhereItIs) {
+  world.Goto(table::Artikel, world.server);
+  snapshot.Save();
+  articles->DeleteRec(0);
+  Search();
+  snapshot.Restore();
+  EXPECT_EQ(articles->Oid(), std::to_string(world.hotline));
+}
+
+TEST_F(Snapshot, TheApplicationIsPutBackOnlyWhenAsked) {
+  host::HostApp& app = *world.module.gHostApp;
+  const auto mine = std::make_shared<host::Object>();
+  const auto other = std::make_shared<host::Object>();
+  const auto choose = [&](const host::ObjectRef& object, bool flag) {
+    app.SelectionA().SetCurrent(object);
+    app.SelectionB().SetCurrent(object);
+    app.ActivateSelectionC(object);
+    app.SetApplicationFlag(flag);
+  };
+  const auto chosen = [&](const host::ObjectRef& object, bool flag) {
+    return app.SelectionA().Current() == object && app.SelectionB().Current() == object &&
+           app.SelectionC().Current() == object && app.ApplicationFlag() == flag;
+  };
+  choose(mine, true);
+  snapshot.Save();
+  choose(other, false);
+  snapshot.Restore();
+  EXPECT_TRUE(chosen(other, false));
+  snapshot.Restore(true);
+  EXPECT_TRUE(chosen(mine, true));
+}
+
+TEST_F(Snapshot, OfNoTableIsAnError) {
+  CTableProperties unset(world.module);
+  EXPECT_EQ(ErrorOf([&] { unset.Save(); })->Number(), 91);
+}
+
+}  // namespace
+}  // namespace pactora::shell
