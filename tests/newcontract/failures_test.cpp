@@ -1,0 +1,177 @@
+// Each operation of the host fails in turn while OK saves: what was stored stays,
+// a message says what happened, the dialog stays open, and a second OK writes a
+// complete new contract.
+
+#include "definitions/vv_CPosition.h"
+#include "newcontract/dialog_world.h"
+#include "support/failing_probe.h"
+
+namespace pactora::newcontract {
+namespace {
+
+using testing::EndsWith;
+using testing::SizeIs;
+using testing::StartsWith;
+
+struct SaveCase {
+  const char* name;
+  Values type;
+  Date begin;
+  Date today;
+  std::int32_t row = -1;  // of the list, for a takeover
+  bool from_memory = false;
+};
+
+// All of a contract but its Oids and its numbers.
+void Collect(support::ContractWorld& world, std::string_view name, store::Oid parent,
+             std::vector<std::string>& lines) {
+  for (const Row& row : world.Rows(name)) {
+    if (row.parent != parent) continue;
+    std::string line(name);
+    for (const auto& [field_name, value] : row.cells) {
+      if (field_name == field::Vertragnummer || field_name == field::AlarmOID) continue;
+      line += " " + Shown(value);
+    }
+    lines.push_back(line);
+    if (name == table::vv_Vertragsstaende) {
+      Collect(world, table::vv_Vertragspositionen, row.oid, lines);
+    }
+  }
+}
+
+std::vector<std::string> LastContract(support::ContractWorld& world) {
+  const Row contract = world.Rows(table::vv_Vertraege).back();
+  std::vector<std::string> lines;
+  std::string line;
+  for (const auto& [field_name, value] : contract.cells) {
+    if (field_name == field::Vertragnummer || field_name == field::AlarmOID) continue;
+    line += " " + Shown(value);
+  }
+  lines.push_back(line);
+  Collect(world, table::vv_Vertragsstaende, contract.oid, lines);
+  Collect(world, table::vv_VertragsAktivitaeten, contract.oid, lines);
+  return lines;
+}
+
+std::size_t CountAll(support::ContractWorld& world) {
+  std::size_t rows = 0;
+  for (const std::string_view name :
+       {table::vv_Vertraege, table::vv_Vertragsstaende, table::vv_Vertragspositionen,
+        table::vv_VertragsAktivitaeten, table::Adressmerkmale}) {
+    rows += world.Count(name);
+  }
+  return rows;
+}
+
+class SaveFailures : public testing::TestWithParam<SaveCase> {
+ protected:
+  static void Prepare(support::ContractWorld& world, Dialog& dialog) {
+    const SaveCase& c = GetParam();
+    world.clock.Set(c.today);
+    const store::Oid type = world.Add(
+        table::vv_Vertragsdefinitionen,
+        With(c.type, {{field::SetztMerkmal, "Wartung"}, {field::ErfordertMerkmal, "Kunde"}}));
+    world.Add(table::vv_Definitionspositionen, Position(), type);
+    world.Add(table::vv_Definitionspositionen, Position({{field::ArtikelID, "weg"}}), type);
+    world.Add(table::Adressmerkmale, {{field::Merkmal, "Kunde"}, {field::Wert, ""}}, world.address);
+    ASSERT_TRUE(dialog.Open());
+    world.module.gAppointment4AllContracts = true;
+    if (c.from_memory) Remember(world, dialog.form);
+    if (dialog.form.txtVertragnummer.Enabled()) dialog.Paste("txtVertragnummer", "K1");
+    dialog.Pick("DTPVertragBeginn", c.begin);
+    dialog.Pick("DTPGeschlossenAm", std::nullopt);
+    EXPECT_TRUE(dialog.TypeDiscount("10").Done());
+    if (c.row >= 0) {
+      dialog.Check("chkOldContract", true);
+      dialog.Choose("lstInvoices", c.row);
+      dialog.form.chkRabattNurErsteLaufzeit.SetChecked(true);
+    }
+  }
+
+  static void Remember(support::ContractWorld& world, frmNewContract& form) {
+    auto type = std::make_shared<definitions::vv_CDefinition>();
+    type->DefOid = form.lvwBezeichnung.Text(1, 2);
+    type->Typ = "D";
+    type->Art = 1;
+    type->Dauer = type->Verlaengerungsdauer = 12;
+    type->Zahlungsperiode = type->VerlaengerungsZahlungsperiode = 3;
+    type->SetztMerkmal = "Wartung";
+    world.module.gDefinition = type;
+    auto position = std::make_shared<definitions::vv_CPosition>();
+    position->ArtikelID = "A1";
+    world.module.gPositions = std::make_shared<shell::PositionCollection>(2, position);
+    form.InitAgain();
+  }
+};
+
+TEST_P(SaveFailures, LeaveTheDialogOpenForACompleteSecondSave) {
+  std::vector<std::string> complete;
+  {
+    support::ContractWorld world;
+    Dialog dialog(world);
+    Prepare(world, dialog);
+    dialog.Click("cmdOK");
+    ASSERT_TRUE(dialog.form.mbOK);
+    complete = LastContract(world);
+  }
+  std::size_t refused = 0;
+  for (std::size_t nth = 1;; ++nth) {
+    support::ContractWorld world;
+    Dialog dialog(world);
+    Prepare(world, dialog);
+    bool failed = false;
+    std::string operation;
+    {
+      support::FailingProbe probe(world.host, nth);
+      dialog.Click("cmdOK");
+      failed = probe.HasFailed();
+      operation = std::to_string(nth) + " " + probe.Failed();
+    }
+    if (!failed) {
+      EXPECT_GT(refused, 100u);
+      break;
+    }
+    ASSERT_THAT(world.screen.Messages(), SizeIs(1)) << operation;
+    const ui::Message message = world.screen.Messages()[0];
+    EXPECT_THAT(message.text, StartsWith("Fehler &H80049999\r\n(Probeweise gescheitert)\r\nin "));
+    EXPECT_EQ(message.style, 0);
+    EXPECT_EQ(message.title, "Pactora");
+    if (dialog.form.mbOK) {
+      // Only an appointment may be missing.
+      EXPECT_THAT(message.text, testing::HasSubstr("in modVV.Create")) << operation;
+      continue;
+    }
+    ++refused;
+    const bool memory_road =
+        GetParam().from_memory && message.text.find("SaveFromMemory") != std::string::npos;
+    if (!memory_road) {
+      EXPECT_THAT(message.text, EndsWith("in vv_FNewContract.cmdOK_Click")) << operation;
+    }
+    EXPECT_TRUE(dialog.form.Visible()) << operation;
+    const std::size_t stored = CountAll(world);
+    dialog.Click("cmdOK");
+    ASSERT_TRUE(dialog.form.mbOK) << operation;
+    ASSERT_THAT(world.screen.Messages(), SizeIs(1)) << operation;
+    ASSERT_EQ(LastContract(world), complete) << operation;
+    // The contract with all below it, and its attribute, beside what was there.
+    ASSERT_EQ(CountAll(world), stored + complete.size() + 1) << operation;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Roads, SaveFailures,
+    testing::Values(
+        SaveCase{"NewRenewing", Quarterly(), Day(1, 4, 2024), Day(15, 3, 2024)},
+        SaveCase{"NewOnce", Once(), Day(1, 4, 2024), Day(15, 3, 2024)},
+        SaveCase{"NewUnlimited", Unlimited(), Day(1, 4, 2024), Day(15, 3, 2024)},
+        SaveCase{"NewLiability", Once({{field::Typ, "K"}}), Day(1, 4, 2024), Day(15, 3, 2024)},
+        SaveCase{"NewFromMemory", Quarterly(), Day(1, 4, 2024), Day(15, 3, 2024), -1, true},
+        SaveCase{"TakeoverWithinFirstTerm", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2024), 1},
+        SaveCase{"TakeoverOfThreeTerms", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2025), 5},
+        SaveCase{"TakeoverOnce", Once(), Day(1, 2, 2024), Day(15, 3, 2024), 0},
+        SaveCase{"TakeoverUnlimited", Unlimited(), Day(1, 1, 2024), Day(15, 3, 2024), 0},
+        SaveCase{"TakeoverFromMemory", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2024), 3, true}),
+    [](const auto& row) { return row.param.name; });
+
+}  // namespace
+}  // namespace pactora::newcontract
