@@ -1,7 +1,6 @@
-// The dialog's controls as they stand at first, and its events.
+// Which control's event runs which procedure.
 #include "definitions/frmFEditDefinitions.h"
 
-#include "definitions/position_columns.h"
 #include "shell/handlers.h"
 #include "ui/keys.h"
 
@@ -16,25 +15,7 @@ void TakeDigitsOnly(std::int32_t& key) {
 
 }  // namespace
 
-frmFEditDefinitions::frmFEditDefinitions(shell::Module& module)
-    : Form("frmFEditDefinitions"),
-      module_(module),
-      required_attribute_(*this, kRequiredAttribute, module, attribute_tables_, mbLoading),
-      set_attribute_(*this, kSetAttribute, module, attribute_tables_, mbLoading) {
-  optDebitor.SetValue(true);
-  optBefristet.SetValue(true);
-  chkVerlaengerbar.SetChecked(true);
-  txtDauer.SetText("12");
-  txtDauer2.SetText("12");
-  lblDauerEinheit.SetCaption(kInMonths);
-  lblDauerEinheit2.SetCaption(kInMonths);
-  cboKuenfristBezug.SetEnabled(false);
-  lvwArtikel.AddColumn("Artikel", 70);
-  lvwArtikel.AddColumn("Preis", 30);
-  lvwArtikel.AddColumn("OID", 0);
-  lvwArtikel.AddColumn("ID", 0);
-  AddPositionColumns(lvwPositionen);
-  fraPositionen.LieOver(fraPositionenK);
+frmFEditDefinitions::frmFEditDefinitions(shell::Module& module) : DefinitionForm(module) {
   Wire();
   Form_Load();
 }

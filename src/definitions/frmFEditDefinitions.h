@@ -12,15 +12,14 @@
 #include <string_view>
 #include <vector>
 
-#include "definitions/AttributeChooser.h"
+#include "definitions/DefinitionForm.h"
 #include "definitions/vv_CDefinition.h"
 #include "host/HostTable.h"
 #include "shell/Module.h"
-#include "ui/controls.h"
 
 namespace pactora::definitions {
 
-class frmFEditDefinitions final : public ui::Form {
+class frmFEditDefinitions final : public DefinitionForm {
  public:
   // Fills the lists from the tables; a failure is reported and leaves a dialog
   // that is not fit for use.
@@ -117,93 +116,23 @@ class frmFEditDefinitions final : public ui::Form {
   // A procedure whose failure the reporter shows.
   void Report(std::string_view procedure, const std::function<void()>& body);
 
-  static constexpr char kInMonths[] = "in Monaten";
   static constexpr char kUsualNotice[] = "6";
   static constexpr char kNoNotice[] = "0";
   static constexpr char kSinglePayment[] = "einmalig";
 
-  shell::Module& module_;
   std::shared_ptr<host::HostTable> moArtikel;
   std::shared_ptr<host::HostTable> moArtikelgruppen;
   std::shared_ptr<host::HostTable> moDefinitionen;
   std::shared_ptr<host::HostTable> moPositionen;
   std::shared_ptr<host::HostTable> moVorgaenge;
-  AttributeTables attribute_tables_;
   std::vector<std::string> msArtikelgruppeIDs;  // by list position + 1; element 0 is ""
   std::vector<std::string> msWorkflowIDs;       // by list position
   std::deque<std::string> mcolDeletedOids;      // stored positions removed in the dialog
   bool mbNew = false;
   bool mbForNewContract = false;
-  bool mbLoading = false;
   std::int32_t mlArt = 0;
   std::string msTyp;
   std::string msWorkflowID;  // of the chosen workflow, kept while none can be chosen
-
-  // Controls in tab order.
-  ui::Frame fraTyp{*this, "fraTyp"};
-  ui::Label lblBezeichnung{fraTyp, "lblBezeichnung", "Vertragstyp"};
-  ui::TextBox txtBezeichnung{fraTyp, "txtBezeichnung"};
-  ui::Label lblStatus{fraTyp, "lblStatus", "Status"};
-  ui::ComboBox cboStatus{fraTyp, "cboStatus", ui::ComboBox::Style::FreeText};
-  ui::Label lblArt{fraTyp, "lblArt", "Art"};
-  ui::Frame fraArt{fraTyp, "fraArt"};
-  ui::OptionButton optDebitor{fraArt, "optDebitor", "Forderungs-Vertrag"};
-  ui::OptionButton optKreditor{fraArt, "optKreditor", "Verbindlichkeits-Vertrag"};
-  ui::Label lblDauer{fraTyp, "lblDauer", "Dauer"};
-  ui::Frame fraDauer{fraTyp, "fraDauer"};
-  ui::OptionButton optBefristet{fraDauer, "optBefristet", "Befristet"};
-  ui::CheckBox chkVerlaengerbar{fraDauer, "chkVerlaengerbar", "mit automat. Folgevertrag"};
-  ui::OptionButton optUnbefristet{fraDauer, "optUnbefristet", "Unbefristet"};
-
-  ui::Frame fraErstvertrag{*this, "fraErstvertrag", "Erstvertrag"};
-  ui::Label lblDauer1{fraErstvertrag, "lblDauer1", "Vertragsdauer"};
-  ui::TextBox txtDauer{fraErstvertrag, "txtDauer"};
-  ui::Label lblDauerEinheit{fraErstvertrag, "lblDauerEinheit"};
-  ui::Label lblZahlungsPeriode{fraErstvertrag, "lblZahlungsPeriode", "Zahlungsperiode"};
-  ui::ComboBox cboZahlungsperiode{fraErstvertrag, "cboZahlungsperiode"};
-  ui::Label lblRechnungWann{fraErstvertrag, "lblRechnungWann", "Rechnung"};
-  ui::ComboBox cboRechnungWann{fraErstvertrag, "cboRechnungWann"};
-  ui::CheckBox chkNoBooking{fraErstvertrag, "chkNoBooking", "Fremdfakturierung"};
-  ui::Frame fraKuendFrist{fraErstvertrag, "fraKuendFrist"};
-  ui::Label lblKuendFrist{fraKuendFrist, "lblKuendFrist", "Kündigungsfrist"};
-  ui::ComboBox cboKuendFrist{fraKuendFrist, "cboKuendFrist"};
-  ui::ComboBox cboKuendEinh{fraKuendFrist, "cboKuendEinh"};
-  ui::ComboBox cboKuenfristBezug{fraKuendFrist, "cboKuenfristBezug"};
-
-  ui::Frame fraVerlaengerung{*this, "fraVerlaengerung", "Folgevertrag"};
-  ui::Label lblDauer2{fraVerlaengerung, "lblDauer2", "Vertragsdauer"};
-  ui::TextBox txtDauer2{fraVerlaengerung, "txtDauer2"};
-  ui::Label lblDauerEinheit2{fraVerlaengerung, "lblDauerEinheit2"};
-  ui::Label lblZahlungsPeriode2{fraVerlaengerung, "lblZahlungsPeriode2", "Zahlungsperiode"};
-  ui::ComboBox cboZahlungsperiode2{fraVerlaengerung, "cboZahlungsperiode2"};
-  ui::Label lblKuendFrist2{fraVerlaengerung, "lblKuendFrist2", "Kündigungsfrist"};
-  ui::ComboBox cboKuendFrist2{fraVerlaengerung, "cboKuendFrist2"};
-  ui::ComboBox cboKuendEinh2{fraVerlaengerung, "cboKuendEinh2"};
-
-  AttributeChooser required_attribute_;
-  AttributeChooser set_attribute_;
-
-  ui::Frame fraWF{*this, "fraWF", "Workflow bei Verlängerung"};
-  ui::Label lblWorkflow{fraWF, "lblWorkflow", "Workflow"};
-  ui::ComboBox cboWorkflow{fraWF, "cboWorkflow"};
-
-  ui::Frame fraPositionen{*this, "fraPositionen", "Bearbeitung der Vertragspositionen"};
-  ui::Label lblArtikel{fraPositionen, "lblArtikel", "Artikelpositionen"};
-  ui::ComboBox cboArtikelGruppen{fraPositionen, "cboArtikelGruppen"};
-  ui::ListView lvwArtikel{fraPositionen, "lvwArtikel"};
-  ui::Button cmdAddPos{fraPositionen, "cmdAddPos", "->+"};
-  ui::Button cmdDeletePos{fraPositionen, "cmdDeletePos", "<- -"};
-  ui::Button cmdEditPos{fraPositionen, "cmdEditPos", "..."};
-  ui::Label lblPositionen{fraPositionen, "lblPositionen", "Vertragspositionen"};
-  ui::ListView lvwPositionen{fraPositionen, "lvwPositionen"};
-
-  ui::Frame fraPositionenK{*this, "fraPositionenK"};
-  ui::Label lblPositionenK{
-      fraPositionenK, "lblPositionenK",
-      "Bei einem Verbindlichkeits-Vertag werden keine Vertagspositionenvorbelegt."};
-
-  ui::Button cmdSave{*this, "cmdSave", "Speichern", ui::Button::Role::Default};
-  ui::Button cmdCancel{*this, "cmdCancel", "Abbrechen", ui::Button::Role::Cancel};
 };
 
 }  // namespace pactora::definitions
