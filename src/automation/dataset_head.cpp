@@ -9,6 +9,7 @@
 
 #include "automation/values.h"
 #include "platform/Text.h"
+#include "schema/Catalog.h"
 
 namespace pactora::automation {
 
@@ -209,9 +210,13 @@ store::Profile ReadHead(const Json& head, const std::string& source,
     ReadSettings(profile, SettingScope::Database, {}, *settings, root.Key(key::kDbSettings));
   if (const Json* tables = Find(head, key::kTableSettings)) {
     const Place place = root.Key(key::kTableSettings);
-    for (const auto& table : RequireObject(*tables, place).items())
+    const schema::Catalog catalog = schema::ContractCatalog(true);
+    for (const auto& table : RequireObject(*tables, place).items()) {
+      if (!catalog.FindTable(table.key()))
+        place.Key(table.key()).Fail("diese Tabelle gibt es nicht");
       ReadSettings(profile, SettingScope::Table, table.key(), table.value(),
                    place.Key(table.key()));
+    }
   }
   if (const Json* variables = Find(head, key::kPersistVars))
     ReadSettings(profile, SettingScope::PersistVar, {}, *variables, root.Key(key::kPersistVars));

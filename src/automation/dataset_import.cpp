@@ -90,6 +90,20 @@ class Insertion final : public DatasetReader {
         last_oids_(survey.largest_oids),
         pause_(pause) {}
 
+  // Rows without an ID get theirs when all rows are there, so that none takes one
+  // that a later row of the file has. Requires: Read has come to its end.
+  void GiveIds() {
+    store::Record row;
+    store::Record parent;
+    for (const auto& [table, oid] : without_id_) {
+      store_.Read(table, oid, row);
+      row.cells[*Catalog().tables[table].id_field] = store::FreeId(store_, table, oid);
+      const auto parent_table = Catalog().tables[table].parent;
+      if (parent_table) store_.Read(*parent_table, row.parent, parent);
+      store::UpdateRow(store_, table, row, parent_table ? &parent.cells : nullptr);
+    }
+  }
+
  private:
   struct OpenRow {
     store::TableId table;
@@ -118,7 +132,13 @@ class Insertion final : public DatasetReader {
   void ChildrenBegin() override { Write(); }
   void RowEnds() override {
     Write();
+    if (LacksId(open_.back())) without_id_.push_back({open_.back().table, open_.back().record.oid});
     open_.pop_back();
+  }
+
+  bool LacksId(const OpenRow& row) const {
+    const auto field = Catalog().tables[row.table].id_field;
+    return field && host::ToText(row.record.cells[*field]).empty();
   }
 
   // Brings the open row's cells into the store.
@@ -131,10 +151,14 @@ class Insertion final : public DatasetReader {
     const std::vector<host::Value>* parent_cells =
         open_.size() > 1 ? &open_[open_.size() - 2].record.cells : nullptr;
     try {
-      if (row.inserted)
+      if (row.inserted) {
         store::UpdateRow(store_, row.table, row.record, parent_cells);
-      else
+      } else if (LacksId(row)) {
+        row.record.keys = store::MakeKeys(Catalog(), row.table, row.record.cells, parent_cells);
+        store_.Insert(row.table, row.record);
+      } else {
         store::InsertRow(store_, row.table, row.record, parent_cells);
+      }
     } catch (const platform::Error& error) {
       const std::int32_t number = error.Number();
       if (number != store::Number(store::StoreError::DuplicateOid) &&
@@ -151,6 +175,7 @@ class Insertion final : public DatasetReader {
   std::vector<store::Oid> last_oids_;
   const std::function<void()>& pause_;
   std::vector<OpenRow> open_;
+  std::vector<std::pair<store::TableId, store::Oid>> without_id_;
   std::size_t rows_ = 0;
 };
 
@@ -177,6 +202,7 @@ void ImportDataset(store::RecordStore& store, const TextSource& source, const Da
     store.WriteProfile(ReadHead(survey.head, source.name, default_name));
     Insertion insertion(store, source.name, survey, pause);
     insertion.Read(*source.open());
+    insertion.GiveIds();
     store.Commit();
   } catch (...) {
     store.Rollback();

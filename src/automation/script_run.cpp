@@ -8,6 +8,7 @@
 #include "automation/JsonWriter.h"
 #include "automation/ScriptScreen.h"
 #include "automation/Session.h"
+#include "automation/WrittenRows.h"
 #include "automation/dataset_export.h"
 #include "automation/faults.h"
 #include "automation/values.h"
@@ -33,12 +34,24 @@ class Run {
     });
   }
 
+  void Dump(const std::function<void(JsonWriter&)>& write_tables) {
+    std::ostringstream line;  // so that a failure leaves no half line
+    JsonWriter out(line, JsonWriter::Layout::OneLine);
+    out.BeginObject();
+    out.Key("event");
+    out.Text("dump");
+    out.Key("tables");
+    write_tables(out);
+    out.EndObject();
+    transcript_ << line.str() << '\n';
+  }
+
   RunResult Steps(const Script& script, const std::function<void()>& pause) {
     for (const Step& step : script.steps) {
       if (pause) pause();
       place_ = step.place;
       std::visit([this](const auto& what) { CarryOut(what); }, step.what);
-      if (result_.failed) break;
+      if (failed_) break;
     }
     result_.unused_faults = faults_.Unused();
     transcript_.flush();
@@ -52,7 +65,9 @@ class Run {
   // action is null where it is the step as a whole.
   void Fail(const Json& action, const std::string& reason) {
     Write({{"event", "failed"}, {"step", place_}, {"action", action}, {"reason", reason}});
-    result_.failed = true;
+    result_.problems.push_back(
+        fmt::format("{}: {}", action.is_string() ? action.get<std::string>() : place_, reason));
+    failed_ = true;
   }
   void Fail(const std::string& reason) { Fail(nullptr, reason); }
 
@@ -116,15 +131,7 @@ class Run {
         if (!table) return;
         tables.push_back(*table);
       }
-      std::ostringstream line;  // so that a failure leaves no half line
-      JsonWriter out(line, JsonWriter::Layout::OneLine);
-      out.BeginObject();
-      out.Key("event");
-      out.Text("dump");
-      out.Key("tables");
-      WriteTables(out, session_.Store(), tables);
-      out.EndObject();
-      transcript_ << line.str() << '\n';
+      Dump([&](JsonWriter& out) { WriteTables(out, session_.Store(), tables); });
     });
   }
 
@@ -148,7 +155,8 @@ class Run {
                {"number", ErrorNumberText(error.Number())},
                {"source", error.Source()},
                {"description", error.Description()}});
-        result_.errors = true;
+        result_.problems.push_back(fmt::format(
+            "{}: Fehler {}: {}", place_, ErrorNumberText(error.Number()), error.Description()));
       }
     }
     if (screen_.Failed()) Fail(screen_.Failed()->place, screen_.Failed()->reason);
@@ -186,14 +194,24 @@ class Run {
   Faults faults_;
   std::string place_;
   RunResult result_;
+  bool failed_ = false;
 };
 
 }  // namespace
 
 RunResult RunScript(const Script& script, std::unique_ptr<store::RecordStore> store,
                     const platform::Clock& clock, std::ostream& transcript,
-                    const std::function<void()>& pause) {
-  return Run(std::move(store), clock, transcript).Steps(script, pause);
+                    const RunOptions& options) {
+  WrittenRows* written = nullptr;
+  if (options.dump_written) {
+    auto watching = std::make_unique<WrittenRows>(std::move(store));
+    written = watching.get();
+    store = std::move(watching);
+  }
+  Run run(std::move(store), clock, transcript);
+  RunResult result = run.Steps(script, options.pause);
+  if (written) run.Dump([written](JsonWriter& out) { written->Write(out); });
+  return result;
 }
 
 }  // namespace pactora::automation

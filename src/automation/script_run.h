@@ -13,16 +13,21 @@
 
 namespace pactora::automation {
 
+struct RunOptions {
+  std::function<void()> pause;  // runs between steps and may raise to stop
+  bool dump_written = false;    // at the end an event "dump" with the rows written
+};
+
 struct RunResult {
-  bool errors = false;                     // an error reached the caller of a call
-  bool failed = false;                     // the script could not be carried out to its end
+  // Errors that reached the caller of a call, and why the script could not be
+  // carried out to its end; each with its place. Empty: all went well.
+  std::vector<std::string> problems;
   std::vector<std::string> unused_faults;  // places of faults that never came
 };
 
 // Runs the steps on the database and writes the transcript, one event a line.
-// pause runs between steps and may raise to stop.
 RunResult RunScript(const Script& script, std::unique_ptr<store::RecordStore> store,
                     const platform::Clock& clock, std::ostream& transcript,
-                    const std::function<void()>& pause = {});
+                    const RunOptions& options = {});
 
 }  // namespace pactora::automation

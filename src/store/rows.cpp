@@ -76,17 +76,6 @@ std::string EightDigits(std::int64_t number) {
   return digits;
 }
 
-// The number's eight digits, or those of a greater one if another row has them.
-// The steps double, so that a long run of taken IDs costs few look-ups.
-std::string FreeId(RecordStore& store, TableId table, std::int64_t number) {
-  const IndexId index = IdIndex(store.Catalog().tables[table]);
-  Record found;
-  for (std::int64_t step = 1;; number += step, step *= 2) {
-    std::string id = EightDigits(number);
-    if (!store.NextByKey(table, index, id, 0, found) || found.keys.at(index) != id) return id;
-  }
-}
-
 bool HasPartOfParent(const schema::Table& table) {
   for (const schema::Index& index : table.indexes) {
     for (const schema::KeyPart& part : index.parts) {
@@ -138,6 +127,16 @@ std::vector<std::string> MakeKeys(const schema::Catalog& catalog, TableId table,
 }
 
 std::string FoldKey(std::string_view key) { return platform::UpperCase(key); }
+
+// The steps double, so that a long run of taken IDs costs few look-ups.
+std::string FreeId(RecordStore& store, TableId table, std::int64_t number) {
+  const IndexId index = IdIndex(store.Catalog().tables[table]);
+  Record found;
+  for (std::int64_t step = 1;; number += step, step *= 2) {
+    std::string id = EightDigits(number);
+    if (!store.NextByKey(table, index, id, 0, found) || found.keys.at(index) != id) return id;
+  }
+}
 
 void InsertRow(RecordStore& store, TableId table, Record& record,
                const std::vector<Value>* parent_cells) {

@@ -25,6 +25,10 @@ std::vector<std::string> MakeKeys(const schema::Catalog& catalog, TableId table,
 // The text of a search key as it is compared: upper case.
 std::string FoldKey(std::string_view key);
 
+// An ID that no row of the table has: the number's eight digits, or those of a
+// greater one. Requires: the table has an ID field.
+std::string FreeId(RecordStore& store, TableId table, std::int64_t number);
+
 // Inserts the record: forms its keys and, where the table has an ID field that is
 // empty, gives out an ID that no row of the table has. parent_cells as above.
 void InsertRow(RecordStore& store, TableId table, Record& record,

@@ -1,0 +1,31 @@
+#include "cli/ProgressBar.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace pactora::cli {
+
+ProgressBar::ProgressBar(std::size_t total)
+    : total_(total), shown_(total >= kMany && ::isatty(STDERR_FILENO) != 0) {}
+
+void ProgressBar::Advance() {
+  ++done_;
+  const auto now = std::chrono::steady_clock::now();
+  if (!shown_ || (drawn_ && now - last_ < std::chrono::milliseconds(100))) return;
+  constexpr std::size_t kWidth = 40;
+  const std::size_t filled = done_ * kWidth / total_;
+  fmt::print(stderr, "\r[{:#<{}}{:.<{}}] {}/{}", "", filled, "", kWidth - filled, done_, total_);
+  std::fflush(stderr);
+  drawn_ = true;
+  last_ = now;
+}
+
+void ProgressBar::Clear() {
+  if (!drawn_) return;
+  fmt::print(stderr, "\r\x1b[K");
+  drawn_ = false;
+}
+
+}  // namespace pactora::cli

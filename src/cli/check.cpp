@@ -1,0 +1,43 @@
+// check: verifies a database.
+#include <fmt/format.h>
+
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "automation/check.h"
+#include "automation/database.h"
+#include "cli/commands.h"
+#include "cli/interrupt.h"
+#include "cli/options.h"
+#include "schema/names.h"
+
+namespace pactora::cli {
+
+namespace {
+
+Status RunCheck(const std::string& database) {
+  std::size_t faults = 0;
+  const auto found = [&faults](const std::string& text) {
+    ++faults;
+    std::cout << OneLine(text) << '\n';
+  };
+  const auto store = automation::OpenDatabase(database, automation::Access::Write);
+  for (const std::string& fault : automation::CheckStorage(database)) found(fault);
+  automation::CheckDatabase(*store, found, RaiseIfInterrupted);
+  const auto contracts =
+      store->Count(store->Catalog().FindTable(schema::table::vv_Vertraege).value());
+  fmt::print(stderr, "{} Verträge geprüft, {} Mängel\n", contracts, faults);
+  return faults == 0 ? Status::Done : Status::Refused;
+}
+
+}  // namespace
+
+void AddCheck(CLI::App& app, Run& run) {
+  const auto database = std::make_shared<std::string>();
+  CLI::App* command = AddCommand(app, "check", "Prüft eine Datenbank und nennt, was nicht stimmt");
+  AddDatabase(*command, *database);
+  command->callback([&run, database] { run = [database] { return RunCheck(*database); }; });
+}
+
+}  // namespace pactora::cli

@@ -1,0 +1,22 @@
+// The commands. Each adds itself to the command line; when the user chose it, run
+// is set to what carries it out.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+
+#include "cli/status.h"
+
+namespace pactora::cli {
+
+using Run = std::function<Status()>;
+
+void AddInit(CLI::App& app, Run& run);
+void AddImport(CLI::App& app, Run& run);
+void AddExport(CLI::App& app, Run& run);
+void AddNewContract(CLI::App& app, Run& run);
+void AddRun(CLI::App& app, Run& run);
+void AddList(CLI::App& app, Run& run);
+void AddCheck(CLI::App& app, Run& run);
+
+}  // namespace pactora::cli

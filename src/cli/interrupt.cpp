@@ -1,0 +1,28 @@
+#include "cli/interrupt.h"
+
+#include <csignal>
+
+#include "automation/errors.h"
+
+namespace pactora::cli {
+
+namespace {
+
+volatile std::sig_atomic_t asked = 0;
+
+void OnInterrupt(int signal) {
+  asked = 1;
+  std::signal(signal, SIG_DFL);
+}
+
+}  // namespace
+
+void CatchInterrupt() { std::signal(SIGINT, OnInterrupt); }
+
+bool InterruptAsked() { return asked != 0; }
+
+void RaiseIfInterrupted() {
+  if (InterruptAsked()) automation::Raise(automation::DoorError::Interrupted, "abgebrochen");
+}
+
+}  // namespace pactora::cli

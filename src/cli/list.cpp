@@ -1,0 +1,170 @@
+// list: tables of what is there.
+#include <array>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "automation/database.h"
+#include "automation/dataset_export.h"
+#include "cli/TextTable.h"
+#include "cli/commands.h"
+#include "cli/options.h"
+#include "schema/names.h"
+
+namespace pactora::cli {
+
+namespace {
+
+namespace table = schema::table;
+namespace field = schema::field;
+
+// What a list shows: a title and the name of a field of the table.
+struct FieldColumn {
+  const char* title;
+  std::string_view field;
+};
+
+std::vector<Column> Columns(std::vector<Column> first, const std::vector<FieldColumn>& fields) {
+  for (const FieldColumn& column : fields)
+    first.push_back({column.title, std::string(column.field)});
+  return first;
+}
+
+host::Value OidOf(const store::Record& record) { return std::to_string(record.oid); }
+
+void AddFields(const schema::Table& schema, const store::Record& record,
+               const std::vector<FieldColumn>& fields, std::vector<host::Value>& row) {
+  for (const FieldColumn& column : fields)
+    row.push_back(record.cells[schema.FindField(column.field).value()]);
+}
+
+// The rows of one table by these fields; before adds the cells in front of them.
+template <typename Before>
+TextTable ListTable(store::RecordStore& store, std::string_view name, std::vector<Column> first,
+                    const std::vector<FieldColumn>& fields, const Before& before) {
+  TextTable list(Columns(std::move(first), fields));
+  const store::TableId id = store.Catalog().FindTable(name).value();
+  automation::ForEachRow(store, id, [&](const store::Record& record) {
+    std::vector<host::Value> row = before(record);
+    AddFields(store.Catalog().tables[id], record, fields, row);
+    list.Add(std::move(row));
+    return true;
+  });
+  return list;
+}
+
+host::Value Cell(store::RecordStore& store, std::string_view name, store::Oid oid,
+                 std::string_view column) {
+  const store::TableId id = store.Catalog().FindTable(name).value();
+  store::Record record;
+  if (!store.Read(id, oid, record)) return {};
+  return record.cells[store.Catalog().tables[id].FindField(column).value()];
+}
+
+TextTable Addresses(store::RecordStore& store) {
+  const store::TableId contracts = store.Catalog().FindTable(table::vv_Vertraege).value();
+  return ListTable(store, table::Adressen, {{"Oid", "oid"}, {"Verträge", "contracts"}},
+                   {{"Name", field::Name}}, [&](const store::Record& record) {
+                     return std::vector<host::Value>{
+                         OidOf(record),
+                         static_cast<std::int32_t>(store.CountInParent(contracts, record.oid))};
+                   });
+}
+
+TextTable Types(store::RecordStore& store) {
+  return ListTable(
+      store, table::vv_Vertragsdefinitionen, {{"Oid", "oid"}},
+      {{"ID", field::ID},
+       {"Bezeichnung", field::Bezeichnung},
+       {"Status", field::Status},
+       {"Typ", field::Typ},
+       {"Art", field::ArtStr},
+       {"Dauer", field::Dauer},
+       {"Periode", field::Zahlungsperiode},
+       {"Netto", field::NettoSumme}},
+      [](const store::Record& record) { return std::vector<host::Value>{OidOf(record)}; });
+}
+
+TextTable Contracts(store::RecordStore& store) {
+  return ListTable(store, table::vv_Vertraege, {{"Oid", "oid"}, {"Adresse", "Adresse"}},
+                   {{"Nummer", field::Vertragnummer},
+                    {"Bezeichnung", field::Bezeichnung},
+                    {"Typ", field::Typ},
+                    {"Art", field::ArtStr},
+                    {"Beginn", field::VertragBeginn},
+                    {"Ende", field::VertragEnde},
+                    {"Kündigung bis", field::KuendfristDatum},
+                    {"Periode", field::AktZahlungsperiodeStr},
+                    {"Betrag", field::AktValue},
+                    {"Nächste Rechnung", field::AktNaechsteRechnung},
+                    {"Verantwortlich", field::Verantwortlich}},
+                   [&store](const store::Record& record) {
+                     return std::vector<host::Value>{
+                         OidOf(record), Cell(store, table::Adressen, record.parent, field::Name)};
+                   });
+}
+
+TextTable Appointments(store::RecordStore& store) {
+  return ListTable(store, table::vv_VertragsAktivitaeten, {{"Oid", "oid"}, {"Vertrag", "Vertrag"}},
+                   {{"Datum", field::Datum},
+                    {"Betreff", field::Betreff},
+                    {"Verantwortlich", field::Verantwortlich},
+                    {"Erledigt", field::Erledigt}},
+                   [&store](const store::Record& record) {
+                     return std::vector<host::Value>{
+                         OidOf(record),
+                         Cell(store, table::vv_Vertraege, record.parent, field::Vertragnummer)};
+                   });
+}
+
+using MakeList = TextTable (*)(store::RecordStore& store);
+
+constexpr std::array<std::pair<const char*, MakeList>, 4> kLists = {{
+    {"addresses", Addresses},
+    {"types", Types},
+    {"contracts", Contracts},
+    {"appointments", Appointments},
+}};
+
+struct Arguments {
+  std::string database;
+  std::string what;
+  bool json = false;
+};
+
+Status RunList(const Arguments& arguments) {
+  const auto store = automation::OpenDatabase(arguments.database, automation::Access::Write);
+  for (const auto& [name, make] : kLists) {
+    if (arguments.what != name) continue;
+    const TextTable list = make(*store);
+    arguments.json ? list.PrintJson(std::cout) : list.PrintText(std::cout);
+  }
+  return Status::Done;
+}
+
+}  // namespace
+
+void AddList(CLI::App& app, Run& run) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* command = AddCommand(app, "list", "Zeigt, was in der Datenbank steht");
+  AddDatabase(*command, arguments->database);
+  command
+      ->add_option_function<std::string>(
+          "LISTE",
+          [arguments](const std::string& what) {
+            for (const auto& known : kLists)
+              if (what == known.first) arguments->what = what;
+            if (arguments->what.empty())
+              throw CLI::ValidationError(what, "addresses, types, contracts oder appointments");
+          },
+          "addresses, types, contracts oder appointments")
+      ->required()
+      ->group("Argumente");
+  AddJson(*command, arguments->json);
+  command->callback([&run, arguments] { run = [arguments] { return RunList(*arguments); }; });
+}
+
+}  // namespace pactora::cli

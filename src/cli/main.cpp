@@ -1,0 +1,92 @@
+// The program "pactora".
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <iostream>
+#include <new>
+
+#include "cli/commands.h"
+#include "cli/interrupt.h"
+#include "cli/options.h"
+#include "cli/status.h"
+#include "platform/Error.h"
+
+namespace pactora::cli {
+
+namespace {
+
+constexpr std::array kCommands = {AddInit, AddImport, AddExport, AddNewContract,
+                                  AddRun,  AddList,   AddCheck};
+
+// What is wrong with the command line; the library's own words are English.
+std::string UsageError(const CLI::ParseError& error, const CLI::App& app) {
+  const std::string name = error.get_name();
+  if (name == "ExtrasError") {
+    std::string extra;
+    for (const std::string& argument : app.remaining(true))
+      extra += (extra.empty() ? "" : " ") + argument;
+    return fmt::format("unbekanntes Argument: {}", extra);
+  }
+  if (name == "RequiredError") {
+    const std::string what = error.what();
+    if (app.get_subcommands().empty()) return "ein Befehl fehlt";
+    return fmt::format("ein Argument fehlt: {}", what.substr(0, what.find(' ')));
+  }
+  if (name == "ArgumentMismatch")
+    return fmt::format("ein Wert fehlt: {}",
+                       std::string(error.what()).substr(0, std::string(error.what()).find(':')));
+  return error.what();
+}
+
+int Main(int argc, char** argv) {
+  CLI::App app("Verträge in einer Datenbank: anlegen, abschließen, prüfen", "pactora");
+  app.set_help_flag("-h,--help", "Diese Hilfe")->group(kOptionGroup);
+  app.set_version_flag("--version", "pactora " PACTORA_VERSION, "Die Version")->group(kOptionGroup);
+  app.require_subcommand(1);
+  app.get_formatter()->column_width(28);
+  app.get_formatter()->label("Usage", "Aufruf");
+  app.get_formatter()->label("REQUIRED", "");
+  app.get_formatter()->label("TEXT", "TEXT");
+  app.get_formatter()->label("SUBCOMMAND", "BEFEHL");
+  app.get_formatter()->label("OPTIONS", "Optionen");
+  Run run;
+  for (const auto add : kCommands) add(app, run);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& success) {
+    return app.exit(success);  // --help, --version
+  } catch (const CLI::ParseError& error) {
+    Complain(fmt::format("{} (Hilfe: pactora --help)", UsageError(error, app)));
+    return static_cast<int>(Status::BadInput);
+  }
+
+  CatchInterrupt();
+  const Status status = run();
+  std::cout.flush();
+  if (!std::cout) {
+    Complain("die Ausgabe kann nicht geschrieben werden");
+    return static_cast<int>(Status::Refused);
+  }
+  return static_cast<int>(status);
+}
+
+}  // namespace
+
+}  // namespace pactora::cli
+
+int main(int argc, char** argv) {
+  namespace cli = pactora::cli;
+  try {
+    return cli::Main(argc, argv);
+  } catch (const pactora::platform::Error& error) {
+    cli::Complain(cli::Describe(error));
+    return static_cast<int>(cli::StatusOf(error));
+  } catch (const std::bad_alloc&) {
+    cli::Complain("der Arbeitsspeicher reicht nicht");
+  } catch (const std::exception& error) {
+    cli::Complain(fmt::format("interner Fehler: {}", error.what()));
+  }
+  return static_cast<int>(cli::Status::Internal);
+}

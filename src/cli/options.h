@@ -1,0 +1,30 @@
+// Arguments that several commands have in common.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "automation/database.h"
+#include "platform/Clock.h"
+
+namespace pactora::cli {
+
+inline constexpr const char* kOptionGroup = "Optionen";
+
+// A command of that name; its options stand under one heading.
+CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description);
+
+void AddDatabase(CLI::App& command, std::string& name);
+void AddDryRun(CLI::App& command, bool& dry_run);
+void AddJson(CLI::App& command, bool& json);
+// A date as "2024-03-15"; anything else is wrong usage.
+void AddToday(CLI::App& command, std::optional<platform::Date>& today);
+
+automation::Access AccessFor(bool dry_run);
+
+// The day that the program takes for today: the given one or the machine's.
+std::unique_ptr<platform::Clock> ClockFor(const std::optional<platform::Date>& today);
+
+}  // namespace pactora::cli

@@ -1,0 +1,63 @@
+// run: an automation script.
+#include <fmt/format.h>
+
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "automation/JsonWriter.h"
+#include "automation/WrittenRows.h"
+#include "automation/database.h"
+#include "automation/dataset_import.h"
+#include "automation/script_run.h"
+#include "cli/commands.h"
+#include "cli/interrupt.h"
+#include "cli/options.h"
+
+namespace pactora::cli {
+
+namespace {
+
+struct Arguments {
+  std::string database;
+  std::string script;
+  std::optional<platform::Date> today;
+  bool dry_run = false;
+};
+
+Status RunScriptFile(const Arguments& arguments) {
+  const automation::TextSource source = automation::FileSource(arguments.script);
+  const automation::Script script =
+      automation::ReadScript(automation::ParseJson(*source.open(), source.name), source.name);
+  const auto clock = ClockFor(arguments.today ? arguments.today : script.today);
+  auto store = automation::OpenDatabase(arguments.database, AccessFor(arguments.dry_run));
+  automation::RunOptions options;
+  options.pause = RaiseIfInterrupted;
+  options.dump_written = arguments.dry_run;
+  const automation::RunResult result =
+      automation::RunScript(script, std::move(store), *clock, std::cout, options);
+  for (const std::string& problem : result.problems)
+    Complain(fmt::format("{}: {}", source.name, problem));
+  for (const std::string& place : result.unused_faults)
+    Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
+  if (arguments.dry_run) fmt::print(stderr, "Probelauf, nichts geschrieben\n");
+  return result.problems.empty() ? Status::Done : Status::Refused;
+}
+
+}  // namespace
+
+void AddRun(CLI::App& app, Run& run) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* command =
+      AddCommand(app, "run", "Führt ein Skript aus und schreibt auf, was dabei geschieht");
+  AddDatabase(*command, arguments->database);
+  command->add_option("SKRIPT", arguments->script, "Das Skript; - ist die Standardeingabe")
+      ->required()
+      ->group("Argumente");
+  AddToday(*command, arguments->today);
+  AddDryRun(*command, arguments->dry_run);
+  command->callback([&run, arguments] { run = [arguments] { return RunScriptFile(*arguments); }; });
+}
+
+}  // namespace pactora::cli
