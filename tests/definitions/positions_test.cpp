@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "definition_world.h"
-#include "support/failing_probe.h"
 
 namespace pactora::definitions {
 namespace {
@@ -222,32 +221,6 @@ TEST_F(PositionsTest, ARowThatSomebodyDeletedStopsTheSaveWithoutAMessage) {
     EXPECT_EQ(Types().front()[field::NettoSumme], host::Value(1.0));
     EXPECT_EQ(Positions().size(), 0u);
   });
-}
-
-TEST_F(PositionsTest, ASecondSaveAfterAFailedOneGoesOn) {
-  const store::Oid type = AddType();
-  AddPosition(type, "P1", "");
-  AddPosition(type, "P2", "");
-  OpenEdit([&](DialogUser& user) {
-    Delete(user, 1);
-    AddArticle(user, 1);
-    AddArticle(user, 2);
-    {
-      const platform::Error error(platform::ErrorNumber(0x80049999), "Voll", "Probe");
-      const support::FailingProbe probe(world.host, 2, "StoreNew",
-                                        std::string(table::vv_Definitionspositionen), error);
-      world.screen.ExpectMessage(
-          support::ReporterMessage("vv_FEditDefinitions.WritePositions",
-                                   "Fehler &H80049999 in Probe\r\nUnbekannter Fehler"));
-      user.Click("cmdSave");
-    }
-    EXPECT_TRUE(user.IsOpen());
-    EXPECT_EQ(Positions().size(), 2u);
-    user.Click("cmdSave");
-    EXPECT_FALSE(user.IsOpen());
-  });
-  EXPECT_EQ(Positions().size(), 3u);
-  EXPECT_EQ(Types().front()[field::NettoSumme], host::Value(10.0 + 10.0 + 0.83));
 }
 
 }  // namespace

@@ -263,37 +263,6 @@ TEST_F(MemoryTest, ASinglePaymentOfATermInTheListShowsAsThatPeriod) {
       [&](DialogUser& user) { EXPECT_EQ(user.Text("cboZahlungsperiode"), "jährlich"); });
 }
 
-TEST_F(MemoryTest, KindsComeBackInEachOrder) {
-  for (const int stored : {1, 2, 3}) {
-    for (const int changed : {1, 2, 3}) {
-      SCOPED_TRACE(std::to_string(stored) + " " + std::to_string(changed));
-      const int term = stored == 3 ? 0 : 12;
-      AddType({{field::Art, stored}, {field::Dauer, term}, {field::Verlaengerungsdauer, term}});
-      world.module.gDefinition = nullptr;
-      const auto save = [&](DialogUser& user) {
-        ExpectNoPositionsQuestion(Answer::Yes);
-        user.Click("cmdSave");
-        EXPECT_FALSE(user.IsOpen());
-      };
-      OpenForNewContract([&](DialogUser& user) {
-        if (changed == 3 && stored != 3) user.Click("optUnbefristet");
-        if (changed != 3 && stored == 3) user.Click("optBefristet");
-        if (changed != 3 && user.Checked("chkVerlaengerbar") != (changed == 1)) {
-          user.Click("chkVerlaengerbar");
-        }
-        save(user);
-      });
-      const vv_CDefinition first = *world.module.gDefinition;
-      EXPECT_EQ(first.Art, changed);
-      OpenForNewContract([&](DialogUser& user) { save(user); });
-      const vv_CDefinition second = *world.module.gDefinition;
-      EXPECT_EQ(second.Art, changed);
-      EXPECT_EQ(second.Dauer, first.Dauer);
-      EXPECT_EQ(second.Kuendigungsfrist, first.Kuendigungsfrist);
-    }
-  }
-}
-
 TEST_F(MemoryTest, PositionsOfACreditorAndOfNone) {
   AddPosition(AddType({{field::Typ, "K"}}), "P1", "");
   OpenForNewContract([&](DialogUser& user) { user.Click("cmdSave"); });

@@ -74,27 +74,7 @@ TEST_F(OpeningTest, AStoredTypeShowsTheFollowUpTermsAsStored) {
     EXPECT_EQ(user.Text("cboRechnungWann"), "nachträglich");
     EXPECT_TRUE(user.Checked("chkNoBooking"));
     EXPECT_FALSE(user.Checked("chkVerlaengerbar"));
-    EXPECT_FALSE(user.Reaches("cboKuendFrist"));
-    EXPECT_FALSE(user.Reaches("txtDauer2"));
-    EXPECT_FALSE(user.Reaches("cboWorkflow"));
     EXPECT_FALSE(user.Reaches("optKreditor"));
-  });
-}
-
-TEST_F(OpeningTest, AnUnlimitedOrCreditorTypeLocksWhatItHasNoUseFor) {
-  AddType({{field::Art, 3}, {field::Dauer, 0}, {field::Verlaengerungsdauer, 0}});
-  OpenEdit([&](DialogUser& user) {
-    EXPECT_EQ(user.Text("lblDauerEinheit"), "unbefristet");
-    EXPECT_FALSE(user.Reaches("chkVerlaengerbar"));
-    EXPECT_FALSE(user.Reaches("txtDauer"));
-    EXPECT_TRUE(user.Reaches("cboKuendFrist"));
-  });
-  AddType({{field::Typ, "K"}});
-  OpenEdit([&](DialogUser& user) {
-    EXPECT_FALSE(user.Reaches("optDebitor"));
-    EXPECT_FALSE(user.Reaches("chkNoBooking"));
-    EXPECT_FALSE(user.Reaches("cboWorkflow"));
-    EXPECT_FALSE(user.Reaches("cmdAddPos"));
   });
 }
 
@@ -204,22 +184,16 @@ TEST_F(TermsTest, NoticeIsTheDefaultForTheFollowUpContract) {
   });
 }
 
-TEST_F(TermsTest, TheKindSetsTermsNoticeAndLocks) {
+TEST_F(TermsTest, TheKindSetsTermsAndNotice) {
   OpenNew([&](DialogUser& user) {
     user.Choose("cboWorkflow", "Nachfragen");
     user.Click("chkVerlaengerbar");
     EXPECT_THAT(Texts(user, kTermBoxes),
                 ElementsAre("12", "monatlich", "0", "Wochen", "12", "monatlich", "0", "Wochen"));
-    for (const char* name : {"cboKuendFrist", "cboKuendEinh", "txtDauer2", "cboZahlungsperiode2",
-                             "cboKuendFrist2", "cboKuendEinh2", "cboWorkflow"}) {
-      EXPECT_FALSE(user.Reaches(name)) << name;
-    }
     EXPECT_EQ(user.Text("cboWorkflow"), "<kein Workflow>");
     user.Click("optUnbefristet");
     EXPECT_THAT(Texts(user, kTermBoxes),
                 ElementsAre("0", "monatlich", "6", "Wochen", "0", "monatlich", "6", "Wochen"));
-    EXPECT_TRUE(user.Reaches("cboKuendFrist"));
-    EXPECT_FALSE(user.Reaches("chkVerlaengerbar"));
     user.Click("optBefristet");
     EXPECT_THAT(Texts(user, kTermBoxes),
                 ElementsAre("12", "monatlich", "0", "Wochen", "12", "monatlich", "0", "Wochen"));
@@ -228,21 +202,6 @@ TEST_F(TermsTest, TheKindSetsTermsNoticeAndLocks) {
     EXPECT_EQ(user.Text("cboKuendFrist2"), "6");
     EXPECT_EQ(user.Text("cboWorkflow"), "Nachfragen");
     EXPECT_TRUE(user.Reaches("cboWorkflow"));
-  });
-}
-
-TEST_F(TermsTest, ALiabilityHasNoPositionsBookingOrWorkflow) {
-  OpenNew([&](DialogUser& user) {
-    user.Click("chkNoBooking");
-    user.Click("optKreditor");
-    EXPECT_FALSE(user.Checked("chkNoBooking"));
-    for (const char* name : {"chkNoBooking", "cboWorkflow", "cmdAddPos", "lvwPositionen"}) {
-      EXPECT_FALSE(user.Reaches(name)) << name;
-    }
-    user.Click("optDebitor");
-    for (const char* name : {"chkNoBooking", "cboWorkflow", "cmdAddPos", "lvwPositionen"}) {
-      EXPECT_TRUE(user.Reaches(name)) << name;
-    }
   });
 }
 
