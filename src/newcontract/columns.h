@@ -16,5 +16,6 @@ inline constexpr std::int32_t kZahlungsperiode = 7;
 inline constexpr std::int32_t kVerlDauer = 8;
 inline constexpr std::int32_t kVerlZahlungsperiode = 9;
 inline constexpr std::int32_t kNoBooking = 11;  // 10 is the side in words
+inline constexpr std::int32_t kCount = 12;      // the name in column 0 included
 
 }  // namespace pactora::newcontract::column

@@ -1,6 +1,7 @@
 // Opening the dialog: controls, users, settings, the list of contract types.
 #include "contract/default_start.h"
 #include "contract/modVV.h"
+#include "newcontract/columns.h"
 #include "newcontract/fields.h"
 #include "newcontract/frmNewContract.h"
 #include "platform/Error.h"
@@ -159,16 +160,22 @@ bool frmNewContract::LoadReleasedTypes() {
   const host::HostField& no_booking = fields.Item(field::NoBooking);
   for (; !types.Eof(); types.MoveNext(1, host::kFlagsUsual)) {
     if (host::ToText(status.Value()) != schema::kReleased) continue;
-    const std::string name = host::ToText(bezeichnung.Value());
-    const std::string side = host::ToText(typ.Value());
-    lvwBezeichnung.AddRow(
-        name,
-        {host::ToText(art_str.Value()), types.Oid(), side, NumberText(art),
-         NumberText(rechnung_wann), NumberText(dauer), NumberText(zahlungsperiode),
-         NumberText(verl_dauer), NumberText(verl_periode),
-         side == schema::kTypDebtor ? kClaim : kLiability,
-         host::ToText(host::ToBoolean(no_booking.Value()))},
-        name);
+    std::string name = host::ToText(bezeichnung.Value());
+    std::string side = host::ToText(typ.Value());
+    const char* const side_name = side == schema::kTypDebtor ? kClaim : kLiability;
+    std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(column::kCount));
+    texts.push_back(host::ToText(art_str.Value()));
+    texts.push_back(types.Oid());
+    texts.push_back(std::move(side));
+    for (const host::HostField* number :
+         {&art, &rechnung_wann, &dauer, &zahlungsperiode, &verl_dauer, &verl_periode}) {
+      texts.push_back(NumberText(*number));
+    }
+    texts.emplace_back(side_name);
+    texts.push_back(host::ToText(host::ToBoolean(no_booking.Value())));
+    std::string tool_tip = name;
+    lvwBezeichnung.AddRow(std::move(name), std::move(texts), std::move(tool_tip));
   }
   types.MoveFirst(host::kFlagsUsual);
   return lvwBezeichnung.RowCount() > 0;

@@ -1,7 +1,6 @@
 #include "ui/ListView.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "platform/Error.h"
@@ -26,8 +25,8 @@ const ListView::Row& ListView::At(std::int32_t row) const {
 
 std::int32_t ListView::AddRow(std::string text, std::vector<std::string> sub_items,
                               std::string tool_tip) {
-  Row row{{std::move(text)}, std::move(tool_tip)};
-  std::ranges::move(sub_items, std::back_inserter(row.texts));
+  Row row{std::move(sub_items), std::move(tool_tip)};
+  row.texts.insert(row.texts.begin(), std::move(text));
   rows_.push_back(std::move(row));
   if (selected_row_ == 0) selected_row_ = RowCount();
   NotifyChanged(Property::Rows);
