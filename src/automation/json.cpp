@@ -143,10 +143,10 @@ bool JsonEvents::parse_error(std::size_t, const std::string& token,
   const std::string where = line.empty() ? std::string()
                             : one_line_  ? fmt::format("Spalte {}: ", column)
                                          : fmt::format("Zeile {}, Spalte {}: ", line, column);
-  const std::string read =
-      token.empty() || token == "<end of file>" || token.size() > 60
-          ? std::string(token == "<end of file>" ? " (der Text endet zu früh)" : "")
-          : fmt::format(" (bei „{}“)", token);
+  const bool ended = text.find("end of input") != std::string_view::npos;
+  const std::string read = ended                                ? " (der Text endet zu früh)"
+                           : token.empty() || token.size() > 60 ? std::string()
+                                                                : fmt::format(" (bei „{}“)", token);
   Raise(DoorError::BadInput, fmt::format("{}: {}kein gültiges JSON{}", source_, where, read));
 }
 

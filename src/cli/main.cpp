@@ -5,6 +5,8 @@
 #include <array>
 #include <iostream>
 #include <new>
+#include <string>
+#include <vector>
 
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -19,24 +21,25 @@ namespace {
 constexpr std::array kCommands = {AddInit, AddImport, AddExport, AddNewContract,
                                   AddRun,  AddList,   AddCheck};
 
+std::string Joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+  return text;
+}
+
 // What is wrong with the command line; the library's own words are English.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& app) {
   const std::string name = error.get_name();
-  if (name == "ExtrasError") {
-    std::string extra;
-    for (const std::string& argument : app.remaining(true))
-      extra += (extra.empty() ? "" : " ") + argument;
-    return fmt::format("unbekanntes Argument: {}", extra);
-  }
-  if (name == "RequiredError") {
-    const std::string what = error.what();
-    if (app.get_subcommands().empty()) return "ein Befehl fehlt";
-    return fmt::format("ein Argument fehlt: {}", what.substr(0, what.find(' ')));
-  }
+  const std::string text = error.what();
+  const std::string extra = Joined(app.remaining(true));
+  if (name == "RequiredError" && app.get_subcommands().empty())
+    return extra.empty() ? "ein Befehl fehlt" : "unbekannter Befehl: " + extra;
+  if (name == "RequiredError")
+    return fmt::format("ein Argument fehlt: {}", text.substr(0, text.find(' ')));
+  if (name == "ExtrasError") return "unbekanntes Argument: " + extra;
   if (name == "ArgumentMismatch")
-    return fmt::format("ein Wert fehlt: {}",
-                       std::string(error.what()).substr(0, std::string(error.what()).find(':')));
-  return error.what();
+    return fmt::format("ein Wert fehlt: {}", text.substr(0, text.find(':')));
+  return text;
 }
 
 int Main(int argc, char** argv) {

@@ -1,0 +1,327 @@
+// Every command as a child process: what it prints, how it ends, what it leaves.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "cli/Program.h"
+#include "support/company_text.h"
+
+namespace pactora::cli {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const std::string kOrder =
+    std::string(R"({"address": {"Name": "Beispiel AG"}, )") + support::kRecord + "}";
+
+std::string OneLine(std::string text) {
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text + '\n';
+}
+
+bool IsOneLine(const std::string& text) {
+  return std::count(text.begin(), text.end(), '\n') == 1 && text.back() == '\n';
+}
+
+// Each test has a folder with a copy of one database in it.
+class Commands : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    company_folder_ = new support::TemporaryFolder;
+    const Ended made = Pactora(*company_folder_, {"import", company_folder_->File("firma.db"), "-"},
+                               support::kCompany);
+    ASSERT_EQ(made.status, 0) << made.error;
+  }
+  static void TearDownTestSuite() { delete company_folder_; }
+
+  void SetUp() override { std::filesystem::copy_file(company_folder_->File("firma.db"), db); }
+
+  Ended Run(const std::vector<std::string>& arguments, const std::string& input = {}) {
+    return Pactora(folder, arguments, input);
+  }
+  std::string File(const std::string& name, const std::string& text) {
+    Write(folder.File(name), text);
+    return folder.File(name);
+  }
+  json List(const std::string& what) {
+    const Ended listed = Run({"list", db, what, "--json"});
+    EXPECT_EQ(listed.status, 0) << listed.error;
+    return json::parse(listed.out);
+  }
+
+  support::TemporaryFolder folder;
+  const std::string db = folder.File("firma.db");
+
+ private:
+  static inline support::TemporaryFolder* company_folder_ = nullptr;
+};
+
+TEST_F(Commands, HelpAndVersionAreThereForEverything) {
+  const Ended help = Run({"--help"});
+  EXPECT_EQ(help.status, 0);
+  for (const char* command : {"init", "import", "export", "new-contract", "run", "list", "check"}) {
+    EXPECT_THAT(help.out, HasSubstr(command));
+    const Ended of_command = Run({command, "--help"});
+    EXPECT_EQ(of_command.status, 0) << command;
+    EXPECT_THAT(of_command.out, HasSubstr("DB")) << command;
+  }
+  const Ended version = Run({"--version"});
+  EXPECT_EQ(version.status, 0);
+  EXPECT_EQ(version.out, "pactora 2.9.2\n");
+}
+
+TEST_F(Commands, AContractFromAFileStandsInTheListsAndTheCheckIsSilent) {
+  const std::string order = File("v.json", kOrder);
+  const Ended made = Run({"new-contract", db, order, "--json"});
+  ASSERT_EQ(made.status, 0) << made.error;
+  const json result = json::parse(made.out);
+  EXPECT_EQ(result["Vertragnummer"], "00000001");
+
+  const json contracts = List("contracts");
+  ASSERT_EQ(contracts.size(), 1u);
+  EXPECT_EQ(contracts[0]["oid"], result["oid"]);
+  EXPECT_EQ(contracts[0]["Adresse"], "Beispiel AG");
+  EXPECT_EQ(contracts[0]["VertragEnde"], "2025-02-28");
+  EXPECT_EQ(List("appointments").size(), 1u);
+
+  const Ended text = Run({"list", db, "contracts"});
+  EXPECT_THAT(text.out, HasSubstr("Nummer"));
+  EXPECT_THAT(text.out, HasSubstr("28.02.2025"));
+  const Ended checked = Run({"check", db});
+  EXPECT_EQ(checked.status, 0) << checked.out;
+  EXPECT_EQ(checked.out, "");
+}
+
+TEST_F(Commands, ARefusedContractEndsWithOneAndItsNumberAndText) {
+  std::string order = kOrder;
+  order.replace(order.find("\"Dauer\": 12"), 11, "\"Dauer\": 13");
+  const Ended refused = Run({"new-contract", db, File("v.json", order)});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.out, "");
+  EXPECT_THAT(refused.error, HasSubstr("v.json: Fehler 0x80045005: Ungültige Dauer."));
+  EXPECT_TRUE(IsOneLine(refused.error)) << refused.error;
+  EXPECT_TRUE(List("contracts").empty());
+}
+
+TEST_F(Commands, ABulkRunGoesOnPastARefusedLineAndEndsWithThree) {
+  std::string bad = OneLine(kOrder);
+  bad.replace(bad.find("A1"), 2, "A9");
+  const std::string lines = OneLine(kOrder) + bad + OneLine(kOrder);
+  const Ended ended = Run({"new-contract", db, "-"}, lines);
+  EXPECT_EQ(ended.status, 3);
+  EXPECT_EQ(std::count(ended.out.begin(), ended.out.end(), '\n'), 2);
+  EXPECT_THAT(ended.error, HasSubstr("Standardeingabe, Zeile 2: Fehler 0x80045001: Es wurden"));
+  EXPECT_EQ(List("contracts").size(), 2u);
+
+  const Ended none = Run({"new-contract", db, "-"}, bad + bad);
+  EXPECT_EQ(none.status, 1) << "nothing at all was done";
+}
+
+TEST_F(Commands, AMessageOfTheAddOnIsAnEventAndNoFailure) {
+  const Ended ended =
+      Run({"run", db, "-"}, R"({"steps": [{"call": "NewContractDebitor", "without": ["Memo"]}]})");
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_THAT(ended.out, HasSubstr("\"event\":\"message\""));
+}
+
+TEST_F(Commands, AScriptsTranscriptIsStandardOutputAndItsErrorsEndWithOne) {
+  const Ended ended = Run({"run", db, "-"},
+                          R"({"today": "2026-11-16", "steps": [{"call": "DLLVersion"},
+                              {"call": "NewContractDebitor"}]})");
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.out.substr(0, ended.out.find('\n')), R"({"event":"call","name":"DLLVersion"})");
+  EXPECT_THAT(ended.error, HasSubstr("Standardeingabe: steps[1]: Fehler 0x80045004: Ungültige"));
+  EXPECT_TRUE(IsOneLine(ended.error)) << ended.error;
+}
+
+TEST_F(Commands, TodayIsWhatTheOptionSaysThenTheScript) {
+  std::string order = kOrder;
+  order.erase(order.find("\"VertragGeschlossenAm\": \"2024-03-01\","), 37);
+  const std::string script =
+      R"({"today": "2024-03-15", "steps": [{"goto": "Adressen", "oid": "1"},
+         {"call": "NewContractDebitor", )" +
+      order.substr(order.find("\"contract\"")) + "]}";
+  ASSERT_EQ(Run({"run", db, "-"}, script).status, 0);
+  ASSERT_EQ(Run({"run", db, "-", "--today", "2025-07-01"}, script).status, 0);
+  ASSERT_EQ(Run({"new-contract", db, "-", "--today", "2025-12-31"}, order).status, 0);
+  std::vector<std::string> dates;
+  for (const json& appointment : List("appointments"))
+    if (appointment["Betreff"] == "Vertragsabschluss ist noch nicht erfolgt?")
+      dates.push_back(appointment["Datum"]);
+  EXPECT_THAT(dates, testing::UnorderedElementsAre("2024-03-17T09:00:00", "2025-07-03T09:00:00",
+                                                   "2026-01-02T09:00:00"));
+}
+
+TEST_F(Commands, ARehearsalLeavesEveryByte) {
+  const std::string order = File("v.json", kOrder);
+  const std::string script = File("s.json", R"({"steps": [{"persistVar": "x", "value": "y"}]})");
+  const std::string before = Contents(db);
+  const Ended made = Run({"new-contract", db, order, "--dry-run", "--json"});
+  EXPECT_EQ(made.status, 0) << made.error;
+  const std::string rows = made.out.substr(made.out.find('\n') + 1);
+  EXPECT_EQ(json::parse(rows)["tables"]["vv_Vertraege"].size(), 1u);
+  EXPECT_EQ(Run({"run", db, script, "--dry-run"}).status, 0);
+  EXPECT_EQ(Contents(db), before);
+
+  const std::string data = File("d.json", "{}");
+  EXPECT_EQ(Run({"init", folder.File("neu.db"), "--sample", "--dry-run"}).status, 0);
+  EXPECT_EQ(Run({"import", folder.File("neu.db"), data, "--dry-run"}).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(folder.File("neu.db")));
+  EXPECT_EQ(Run({"init", folder.File("leer.db")}).status, 0);
+  const std::string empty = Contents(folder.File("leer.db"));
+  EXPECT_EQ(Run({"import", folder.File("leer.db"), data, "--dry-run"}).status, 0);
+  EXPECT_EQ(Contents(folder.File("leer.db")), empty);
+}
+
+TEST_F(Commands, ExportAndImportGiveTheSameBytes) {
+  ASSERT_EQ(Run({"new-contract", db, File("v.json", kOrder)}).status, 0);
+  const Ended first = Run({"export", db});
+  ASSERT_EQ(first.status, 0);
+  const std::string copy = folder.File("kopie.db");
+  ASSERT_EQ(Run({"import", copy, "-"}, first.out).status, 0);
+  const std::string file = folder.File("bestand.json");
+  ASSERT_EQ(Run({"export", copy, file}).status, 0);
+  EXPECT_EQ(Contents(file), first.out);
+  EXPECT_EQ(Run({"new-contract", copy, File("v.json", kOrder)}).status, 0);
+  EXPECT_THAT(Run({"list", copy, "contracts"}).out, HasSubstr("00000002"));
+}
+
+TEST_F(Commands, AFileThatIsThereIsNeverOverwritten) {
+  const std::string before = Contents(db);
+  const std::string data = File("d.json", "{}");
+  for (const auto& arguments : {std::vector<std::string>{"init", db},
+                                {"init", db, "--sample"},
+                                {"import", db, data},
+                                {"export", db, db}}) {
+    const Ended ended = Run(arguments);
+    EXPECT_EQ(ended.status, 2) << arguments[0];
+    EXPECT_TRUE(IsOneLine(ended.error)) << ended.error;
+  }
+  EXPECT_EQ(Contents(db), before);
+  ASSERT_EQ(Run({"init", folder.File("leer.db")}).status, 0);
+  EXPECT_EQ(Run({"import", folder.File("leer.db"), data}).status, 0);
+}
+
+TEST_F(Commands, WhatCheckFindsEndsWithOne) {
+  const std::string data = File("d.json", R"({"tables": {"Adressen": [{"vv_Vertraege": [{}]}]}})");
+  ASSERT_EQ(Run({"import", folder.File("x.db"), data}).status, 0);
+  const Ended checked = Run({"check", folder.File("x.db")});
+  EXPECT_EQ(checked.status, 1);
+  EXPECT_THAT(checked.out, HasSubstr("hat keinen Vertragsstand"));
+}
+
+// Wrong usage and bad input. $ stands for the test's folder.
+struct BadCall {
+  const char* name;
+  std::vector<std::string> arguments;
+  int status;
+  const char* error;
+  const char* input = "";
+
+  friend void PrintTo(const BadCall& call, std::ostream* out) { *out << call.name; }
+};
+
+class BadCalls : public Commands, public testing::WithParamInterface<BadCall> {};
+
+TEST_P(BadCalls, EndWithOneClearLineAndNothingWritten) {
+  Write(folder.File("fremd.db"), std::string(5000, 'x'));
+  std::filesystem::create_directory(folder.File("ordner"));
+  std::vector<std::string> files;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.File("")))
+    files.push_back(entry.path().filename());
+  const std::string before = Contents(db);
+
+  std::vector<std::string> arguments = GetParam().arguments;
+  for (std::string& argument : arguments)
+    if (argument.starts_with("$")) argument = folder.File(argument.substr(1));
+  const Ended ended = Run(arguments, GetParam().input);
+  EXPECT_EQ(ended.status, GetParam().status) << ended.error;
+  EXPECT_THAT(ended.error, StartsWith("pactora: "));
+  EXPECT_THAT(ended.error, HasSubstr(GetParam().error));
+  EXPECT_TRUE(IsOneLine(ended.error)) << ended.error;
+  EXPECT_EQ(ended.out, "");
+
+  EXPECT_EQ(Contents(db), before);
+  for (const auto& entry : std::filesystem::directory_iterator(folder.File(""))) {
+    const std::string name = entry.path().filename();
+    EXPECT_TRUE(name.starts_with("child-") ||
+                std::find(files.begin(), files.end(), name) != files.end())
+        << name;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, BadCalls,
+    testing::ValuesIn(std::vector<BadCall>{
+        {"NoCommand", {}, 2, "ein Befehl fehlt"},
+        {"UnknownCommand", {"initialise", "x.db"}, 2, "unbekannter Befehl: initialise"},
+        {"UnknownOption", {"list", "$firma.db", "types", "--jsn"}, 2, "--jsn"},
+        {"NoDatabase", {"check"}, 2, "DB"},
+        {"UnknownList", {"list", "$firma.db", "kunden"}, 2, "kunden"},
+        {"BadToday", {"run", "$firma.db", "-", "--today", "15.03.2024"}, 2, "--today"},
+        {"NoSuchDatabase", {"check", "$fehlt.db"}, 4, "fehlt.db"},
+        {"ForeignDatabase", {"check", "$fremd.db"}, 2, "keine Datenbank"},
+        {"FolderAsDatabase", {"check", "$ordner"}, 4, "nicht erreichbar"},
+        {"ServerDatabase", {"check", "postgresql://server/firma"}, 4, "PostgreSQL"},
+        {"NoFolderForDatabase", {"init", "$fehlt/x.db"}, 4, "nicht erreichbar"},
+        {"NoSuchDataset", {"import", "$neu.db", "$fehlt.json"}, 2, "fehlt.json"},
+        {"FolderAsDataset", {"import", "$neu.db", "$ordner"}, 2, "ordner"},
+        {"ForeignDataset", {"import", "$neu.db", "$fremd.db"}, 2, "kein gültiges JSON"},
+        {"DatasetUnknownTable",
+         {"import", "$neu.db", "-"},
+         2,
+         "Standardeingabe: tables.Kunden: diese Tabelle gibt es nicht",
+         R"({"tables": {"Kunden": []}})"},
+        {"DatasetWrongType",
+         {"import", "$neu.db", "-"},
+         2,
+         "tables.Adressen[0].Name: ein Text wird erwartet",
+         R"({"tables": {"Adressen": [{"Name": 5}]}})"},
+        {"DatasetSameOid",
+         {"import", "$neu.db", "-"},
+         2,
+         "tables.Adressen[1]: ",
+         R"({"tables": {"Adressen": [{"@oid": "1"}, {"@oid": "1"}]}})"},
+        {"ContractWithoutAddress",
+         {"new-contract", "$firma.db", "-"},
+         2,
+         "„address“ fehlt",
+         R"({"contract": {}, "articles": []})"},
+        {"ContractNumberForText",
+         {"new-contract", "$firma.db", "-"},
+         2,
+         "contract.Bezeichnung: ein Text wird erwartet",
+         R"({"address": "1", "contract": {"Bezeichnung": 5}, "articles": []})"},
+        {"ContractOfUnknownAddress",
+         {"new-contract", "$firma.db", "-"},
+         1,
+         "keine Adresse mit Name = \"Niemand\"",
+         R"({"address": {"Name": "Niemand"}, "contract": {}, "articles": []})"},
+        {"SecondFileIsBad",
+         {"new-contract", "$firma.db", "-", "$fremd.db"},
+         2,
+         "fremd.db",
+         R"({"address": "1", "contract": {}, "articles": []})"},
+        {"ScriptIsBroken",
+         {"run", "$firma.db", "-"},
+         2,
+         "Spalte 12: kein gültiges JSON",
+         R"({"steps": [}])"},
+        {"ScriptUnknownStep",
+         {"run", "$firma.db", "-"},
+         2,
+         "steps[1]: unbekannter Schlüssel „jump“",
+         R"({"steps": [{"persistVar": "x", "value": 1}, {"jump": 1}]})"},
+    }),
+    [](const auto& call) { return call.param.name; });
+
+}  // namespace
+}  // namespace pactora::cli

@@ -1,0 +1,116 @@
+// Several processes on one database, and processes that die.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <set>
+#include <sstream>
+#include <string>
+#include <thread>
+
+#include "cli/Program.h"
+#include "support/company_text.h"
+
+namespace pactora::cli {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+std::string Orders(int count) {
+  const std::string order =
+      R"({"address": "1", "contract": {"lVertragArt": 2, "VertragBeginn": "2027-01-01",)"
+      R"( "Dauer": 12, "Zahlungsperiode": 1, "Bezeichnung": "x"}, "articles":)"
+      R"( [{"sArtikelID": "A1", "dblAnzahl": 1, "lPreisDauer": 12},)"
+      R"( {"sArtikelID": "A1", "dblAnzahl": 2, "lPreisDauer": 1}]})"
+      "\n";
+  std::string orders;
+  for (int i = 0; i < count; ++i) orders += order;
+  return orders;
+}
+
+struct Processes : testing::Test {
+  Processes() { EXPECT_EQ(Pactora(folder, {"import", db, "-"}, support::kCompany).status, 0); }
+
+  std::set<std::string> Numbers() {
+    const Ended listed = Pactora(folder, {"list", db, "contracts", "--json"});
+    EXPECT_EQ(listed.status, 0) << listed.error;
+    std::set<std::string> numbers;
+    for (const json& contract : json::parse(listed.out))
+      EXPECT_TRUE(numbers.insert(contract["Vertragnummer"]).second) << contract;
+    return numbers;
+  }
+  void ExpectSound() {
+    const Ended checked = Pactora(folder, {"check", db});
+    EXPECT_EQ(checked.status, 0) << checked.out << checked.error;
+  }
+
+  support::TemporaryFolder folder;
+  const std::string db = folder.File("firma.db");
+};
+
+TEST_F(Processes, ThatDrawNumbersAtOnceGetEachNumberOnceAndNoneIsRefused) {
+  constexpr int kEach = 25;
+  Child first(folder, {"new-contract", db, "-"}, Orders(kEach));
+  Child second(folder, {"new-contract", db, "-"}, Orders(kEach));
+  const Ended one = first.Wait();
+  const Ended two = second.Wait();
+  EXPECT_EQ(one.status, 0) << one.error;
+  EXPECT_EQ(two.status, 0) << two.error;
+  const auto numbers = Numbers();
+  EXPECT_EQ(numbers.size(), 2u * kEach);
+  EXPECT_EQ(*numbers.begin(), "00000001");
+  EXPECT_EQ(*numbers.rbegin(), "00000050");
+  ExpectSound();
+}
+
+// The numbers of the contracts that the program says it has made.
+std::set<std::string> Announced(const std::string& out) {
+  std::set<std::string> numbers;
+  std::istringstream lines(out);
+  for (std::string line; std::getline(lines, line) && !lines.eof();)
+    numbers.insert(json::parse(line)["Vertragnummer"].get<std::string>());
+  return numbers;
+}
+
+void WaitForFirstContract(const Child& child) {
+  while (child.Out().find('\n') == std::string::npos)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+}
+
+TEST_F(Processes, ThatAreKilledLeaveWholeContractsAndACounterThatIsAhead) {
+  std::mt19937 random(20240315);  // of the moments at which they are killed
+  std::set<std::string> announced;
+  for (int round = 0; round < 6; ++round) {
+    Child child(folder, {"new-contract", db, "-", "--json"}, Orders(2000));
+    WaitForFirstContract(child);
+    std::this_thread::sleep_for(
+        std::chrono::microseconds(std::uniform_int_distribution(0, 60000)(random)));
+    child.Signal(SIGKILL);
+    const Ended ended = child.Wait();
+    EXPECT_EQ(ended.status, -SIGKILL) << ended.error;
+    announced.merge(Announced(ended.out));
+    ExpectSound();
+    EXPECT_THAT(Numbers(), testing::IsSupersetOf(announced)) << "said to be stored, and is not";
+  }
+  const std::size_t before = Numbers().size();
+  EXPECT_EQ(Pactora(folder, {"new-contract", db, "-"}, Orders(1)).status, 0);
+  EXPECT_EQ(Numbers().size(), before + 1);
+}
+
+TEST_F(Processes, ThatAreInterruptedEndBetweenTwoContracts) {
+  Child child(folder, {"new-contract", db, "-", "--json"}, Orders(2000));
+  WaitForFirstContract(child);
+  child.Signal(SIGINT);
+  const Ended ended = child.Wait();
+  EXPECT_EQ(ended.status, 130);
+  EXPECT_THAT(ended.error, HasSubstr("von 2000 angelegt"));
+  EXPECT_EQ(Announced(ended.out), Numbers());
+  ExpectSound();
+}
+
+}  // namespace
+}  // namespace pactora::cli
