@@ -120,16 +120,22 @@ Outcome Person::SetCheck(Control& control, bool checked) {
   return {};
 }
 
-Outcome Person::TypeKey(Control& control, std::int32_t key) {
+Outcome Person::PressKey(Control& control, std::int32_t& key) {
   if (const Hindrance now = TextHindrance(control); now != Hindrance::None) return Impossible(now);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;
-  auto* box = dynamic_cast<TextBox*>(&control);
-  if (box) {
+  if (auto* box = dynamic_cast<TextBox*>(&control)) {
     const Acting acting(form_);
-    if (!box->Raise(box->KeyPress, "KeyPress", key)) return {};
+    if (!box->Raise(box->KeyPress, "KeyPress", key)) key = 0;
   }
   // The handler may have closed the form or gone elsewhere.
-  if (key == 0 || !form_.Visible() || !control.HasFocus()) return {};
+  if (!form_.Visible() || !control.HasFocus()) key = 0;
+  return {};
+}
+
+Outcome Person::TypeKey(Control& control, std::int32_t key) {
+  if (const Outcome outcome = PressKey(control, key); !outcome.Done()) return outcome;
+  if (key == 0) return {};
+  const auto* box = dynamic_cast<const TextBox*>(&control);
   SetTextOf(control, Typed(TextOf(control), key, box && box->MultiLine()));
   return {};
 }

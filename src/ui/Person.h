@@ -3,8 +3,9 @@
 //
 // Every action first gives the control the focus. A box that had it is left, and
 // its validation runs: if it refuses, the focus stays and the action is not
-// carried out. What a person could not do is refused with the reason, and then
-// nothing was touched.
+// carried out. What a person could not do is refused with the reason before
+// anything is touched; only what the validation itself puts out of reach is
+// refused after it ran.
 #pragma once
 
 #include <cstdint>
@@ -48,6 +49,10 @@ class Person {
   // One key at the end of a text box or free-text combo box, through the key
   // handler. The code is that of the character; 8 is backspace, 13 the return key.
   Outcome TypeKey(Control& control, std::int32_t key);
+  // The key handler alone, for hosts whose boxes have a caret of their own: key
+  // becomes what is typed at the caret, 0 for nothing. What the box then holds
+  // comes in by Paste.
+  Outcome PressKey(Control& control, std::int32_t& key);
   // The characters of a text one by one. Ends early, and is done, when a key moves
   // the focus elsewhere. A line break is the return key.
   Outcome Type(Control& control, std::string_view text);

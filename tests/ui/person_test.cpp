@@ -224,6 +224,22 @@ TEST_F(PersonTest, CannotDoWhatTheControlDoesNotOffer) {
   EXPECT_TRUE(person.Enter(form.txtMemo).Done()) << "a read-only box can have the focus";
 }
 
+TEST_F(PersonTest, PressesAKeyThatTheHostTypesItself) {
+  const auto pressed = [&](std::int32_t key) {
+    EXPECT_TRUE(person.PressKey(form.txtDauer, key).Done());
+    return key;
+  };
+  form.on_key = [](std::int32_t& key) { key = key == '.' ? ',' : key == 'x' ? 0 : key; };
+  EXPECT_EQ(pressed('1'), '1');
+  EXPECT_EQ(pressed('.'), ',');
+  EXPECT_EQ(pressed('x'), 0);
+  EXPECT_EQ(form.txtDauer.Text(), "");
+  form.on_key = [this](std::int32_t&) { form.cboList.SetFocus(); };
+  EXPECT_EQ(pressed('1'), 0) << "the handler went elsewhere";
+  std::int32_t key = 'a';
+  Expect(Hindrance::WrongKind, person.PressKey(form.chkFlag, key));
+}
+
 TEST_F(PersonTest, SeesTheProgramMoveTheFocus) {
   person.Enter(form.txtDauer);
   seen.clear();
