@@ -1,0 +1,325 @@
+#include "desktop/DialogWindow.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/MessageBox.h"
+#include "desktop/binding/access_keys.h"
+#include "desktop/layout/layouts.h"
+#include "desktop/text.h"
+
+namespace pactora::desktop {
+namespace {
+
+constexpr int kScreenMargin = 40;  // pixels of the screen that a window leaves free
+
+// One tab stop stands for all options that exclude each other: the chosen one.
+bool ChosenElsewhere(const ui::Control& control) {
+  const auto* option = dynamic_cast<const ui::OptionButton*>(&control);
+  if (!option || option->Value()) return false;
+  return std::ranges::any_of(control.Parent().Children(), [](const ui::Control* sibling) {
+    const auto* other = dynamic_cast<const ui::OptionButton*>(sibling);
+    return other && other->Value() && other->Reach() == ui::Hindrance::None;
+  });
+}
+
+bool TakesLabel(const ui::Control& control) {
+  switch (control.Kind()) {
+    case ui::ControlKind::TextBox:
+    case ui::ControlKind::ComboBox:
+    case ui::ControlKind::ListBox:
+    case ui::ControlKind::ListView:
+    case ui::ControlKind::DatePicker:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+DialogWindow::DialogWindow(ui::Form& form, std::function<void()> end_unit, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowCloseButtonHint | Qt::WindowMaximizeButtonHint),
+      form_(form),
+      end_unit_(std::move(end_unit)) {
+  setObjectName(QString::fromStdString(form.ClassName()));
+  setWindowModality(Qt::ApplicationModal);
+  setWindowTitle(ToQt(form.Caption()));
+  MakeWidgets();
+  form_.AddObserver(*this);
+}
+
+DialogWindow::~DialogWindow() { form_.RemoveObserver(*this); }
+
+void DialogWindow::MakeWidgets() {
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins(0, 0, 0, 0);
+  scroll_area_ = new QScrollArea(this);
+  scroll_area_->setFrameShape(QFrame::NoFrame);
+  scroll_area_->setWidgetResizable(true);
+  scroll_area_->setFocusPolicy(Qt::NoFocus);
+  body_ = new QWidget;
+  scroll_area_->setWidget(body_);
+  outer->addWidget(scroll_area_);
+  for (ui::Control* control : form_.Controls()) {
+    const Binder* frame = BinderOf(control->Parent().AsFrame());
+    binders_.push_back(Bind(*control, *this, frame ? frame->Widget() : *body_));
+    Binder* binder = binders_.back().get();
+    binder_of_[control] = binder;
+    for (QWidget* widget : binder->PressTargets()) pressed_[widget] = binder;
+    for (QWidget* widget : binder->FocusStops()) focused_[widget] = binder;
+  }
+  for (auto it = pressed_.keyBegin(); it != pressed_.keyEnd(); ++it) {
+    const_cast<QObject*>(*it)->installEventFilter(this);
+  }
+  for (auto it = focused_.keyBegin(); it != focused_.keyEnd(); ++it) {
+    if (!pressed_.contains(*it)) const_cast<QObject*>(*it)->installEventFilter(this);
+  }
+  ConnectLabels();
+  footer_ = Arrange(form_, *body_, [this](std::string_view name) -> QWidget* {
+    const ui::Control* control = form_.Find(name);
+    return control ? &BinderOf(control)->Widget() : nullptr;
+  });
+  if (footer_) outer->addWidget(footer_);
+  for (const BinderPtr& binder : binders_) binder->Show(ui::Property::Order);
+  ChooseKeys();
+}
+
+// A label speaks for the box that comes next.
+void DialogWindow::ConnectLabels() {
+  for (std::size_t i = 0; i + 1 < binders_.size(); ++i) {
+    auto* label = qobject_cast<QLabel*>(&binders_[i]->Widget());
+    const ui::Control& next = binders_[i + 1]->Control();
+    const bool together = &next.Parent() == &binders_[i]->Control().Parent();
+    if (!label || !together || !TakesLabel(next)) continue;
+    label->setBuddy(&binders_[i + 1]->Widget());
+  }
+}
+
+void DialogWindow::ChooseKeys() {
+  std::vector<Binder*> marked;
+  for (const BinderPtr& binder : binders_) {
+    if (!binder->MarkableText().isEmpty()) marked.push_back(binder.get());
+  }
+  // The buttons at the bottom are the same everywhere: they choose first.
+  std::ranges::stable_partition(marked, [](const Binder* binder) {
+    const auto* button = dynamic_cast<const ui::Button*>(&binder->Control());
+    return button && button->GetRole() != ui::Button::Role::Plain;
+  });
+  std::vector<QString> texts;
+  for (const Binder* binder : marked) texts.push_back(binder->MarkableText());
+  const std::vector<QChar> keys = ChooseAccessKeys(texts);
+  for (std::size_t i = 0; i < marked.size(); ++i) marked[i]->SetAccessKey(keys[i]);
+}
+
+// The whole dialog; a scroll area alone would be content with a part.
+QSize DialogWindow::sizeHint() const {
+  const QSize body = body_->sizeHint().expandedTo(body_->minimumSizeHint());
+  const int footer = footer_ ? footer_->sizeHint().height() : 0;
+  const int width = footer_ ? footer_->sizeHint().width() : 0;
+  return {qMax(body.width(), width), body.height() + footer};
+}
+
+void DialogWindow::FitToScreen() {
+  QSize room = screen()->availableSize() - QSize(kScreenMargin, kScreenMargin);
+  // A part that is scrolled needs the bar's width beside it.
+  const QSize whole = sizeHint();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  resize(QSize(whole.width() + (whole.height() > room.height() ? bar : 0), whole.height())
+             .boundedTo(room));
+}
+
+void DialogWindow::Run() {
+  FitToScreen();
+  show();
+  acting_ = true;
+  try {
+    form_.BeginModal();
+    end_unit_();
+  } catch (...) {
+    form_.Hide();
+    throw;
+  }
+  acting_ = false;
+  Refresh();
+  ShowFocus(Qt::TabFocusReason);
+  if (form_.Visible()) loop_.exec();
+  form_.Hide();
+  hide();
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void DialogWindow::Refresh() {
+  refresh_asked_ = false;
+  for (const BinderPtr& binder : binders_) binder->Refresh();
+}
+
+void DialogWindow::RefreshLater() {
+  if (acting_ || std::exchange(refresh_asked_, true)) return;
+  QTimer::singleShot(0, this, [this] {
+    if (refresh_asked_) Refresh();
+  });
+}
+
+void DialogWindow::Complain(const QString& text) {
+  ShowMessageBox({FromQt(text), ui::style::kExclamation}, this);
+}
+
+bool DialogWindow::Act(const ui::Control& control, const Action& action) {
+  const auto* button = dynamic_cast<const ui::Button*>(&control);
+  const bool cancels = button && button->GetRole() == ui::Button::Role::Cancel;
+  if (form_.Focus() != &control && !cancels && !CommitFocused()) return false;
+  return Carry(action).Done();
+}
+
+ui::Outcome DialogWindow::Carry(const Action& action) {
+  const ui::Outcome not_now{ui::Outcome::Kind::Impossible, ui::Hindrance::DialogClosed};
+  if (acting_ || failure_ || !form_.Visible()) return not_now;
+  ui::Outcome outcome = not_now;
+  acting_ = true;
+  try {
+    outcome = action(person_);
+    end_unit_();
+  } catch (...) {
+    failure_ = std::current_exception();
+    form_.Hide();
+  }
+  acting_ = false;
+  Refresh();
+  return outcome;
+}
+
+bool DialogWindow::CommitFocused() {
+  Binder* binder = BinderOf(form_.Focus());
+  if (!binder || binder->Commit()) return true;
+  ShowFocus(Qt::TabFocusReason);
+  return false;
+}
+
+bool DialogWindow::Enter(ui::Control& control, Qt::FocusReason reason) {
+  reason_ = reason;
+  const bool done = Act(control, [&](ui::Person& person) { return person.Enter(control); });
+  reason_ = Qt::OtherFocusReason;
+  return done;
+}
+
+bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      if (Binder* binder = pressed_.value(watched); binder && !acting_) {
+        if (!Enter(binder->Control(), Qt::MouseFocusReason)) return true;
+        if (auto* stop = qobject_cast<QWidget*>(watched);
+            focused_.contains(stop) && form_.Focus() == &binder->Control()) {
+          stop->setFocus(Qt::MouseFocusReason);
+        }
+      }
+      break;
+    case QEvent::FocusIn:
+      // An access key of a label, or assistive technology.
+      if (Binder* binder = focused_.value(watched);
+          binder && !acting_ && form_.Visible() && form_.Focus() != &binder->Control()) {
+        if (!Enter(binder->Control(), Qt::ShortcutFocusReason)) ShowFocus(Qt::TabFocusReason);
+      }
+      break;
+    default:
+      break;
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+bool DialogWindow::focusNextPrevChild(bool next) {
+  if (acting_ || !form_.Visible()) return false;
+  // A control may have several stops.
+  if (const Binder* binder = BinderOf(form_.Focus())) {
+    const std::vector<QWidget*> stops = binder->FocusStops();
+    const auto here = std::ranges::find(stops, focusWidget());
+    if (here != stops.end()) {
+      if (next && here + 1 != stops.end() && (*(here + 1))->isEnabled()) {
+        (*(here + 1))->setFocus(Qt::TabFocusReason);
+        return true;
+      }
+      if (!next && here != stops.begin()) {
+        (*(here - 1))->setFocus(Qt::BacktabFocusReason);
+        return true;
+      }
+    }
+  }
+  if (ui::Control* stop = NextStop(next)) {
+    Enter(*stop, next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  }
+  return true;
+}
+
+ui::Control* DialogWindow::NextStop(bool next) const {
+  const std::vector<ui::Control*>& controls = form_.Controls();
+  const auto count = static_cast<std::ptrdiff_t>(controls.size());
+  const auto found = std::ranges::find(controls, form_.Focus());
+  std::ptrdiff_t place = found == controls.end() ? (next ? -1 : 0) : found - controls.begin();
+  for (std::ptrdiff_t i = 0; i < count; ++i) {
+    place = (place + (next ? 1 : count - 1)) % count;
+    ui::Control* control = controls[static_cast<std::size_t>(place)];
+    if (control->TakesFocus() && control->Reach() == ui::Hindrance::None &&
+        !ChosenElsewhere(*control)) {
+      return control;
+    }
+  }
+  return nullptr;
+}
+
+void DialogWindow::ShowFocus(Qt::FocusReason reason) {
+  const Binder* binder = BinderOf(form_.Focus());
+  if (!binder) {
+    if (QWidget* widget = focusWidget()) widget->clearFocus();
+    return;
+  }
+  const std::vector<QWidget*> stops = binder->FocusStops();
+  const auto open = std::ranges::find_if(stops, &QWidget::isEnabled);
+  if (open == stops.end()) return;
+  if (std::ranges::find(stops, focusWidget()) == stops.end()) {
+    const bool from_behind = reason == Qt::BacktabFocusReason && stops.back()->isEnabled();
+    (from_behind ? stops.back() : *open)->setFocus(reason);
+  }
+  if (auto* line = qobject_cast<QLineEdit*>(focusWidget());
+      line && reason != Qt::MouseFocusReason) {
+    line->selectAll();
+  }
+  scroll_area_->ensureWidgetVisible(&binder->Widget());
+}
+
+void DialogWindow::CloseByPerson() {
+  if (!form_.Visible()) return;
+  Carry([](ui::Person& person) { return person.Close(); });
+}
+
+void DialogWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  CloseByPerson();
+}
+
+void DialogWindow::reject() { CloseByPerson(); }
+
+void DialogWindow::ControlChanged(const ui::Control& control, ui::Property property) {
+  if (Binder* binder = BinderOf(&control)) binder->Show(property);
+}
+
+void DialogWindow::FocusChanged(const ui::Control*, ui::FocusCause cause) {
+  ShowFocus(cause == ui::FocusCause::Person ? reason_ : Qt::TabFocusReason);
+}
+
+void DialogWindow::CaptionChanged() { setWindowTitle(ToQt(form_.Caption())); }
+
+Binder* DialogWindow::BinderOf(const ui::Control* control) const {
+  return control ? binder_of_.value(control) : nullptr;
+}
+
+}  // namespace pactora::desktop

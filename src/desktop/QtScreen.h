@@ -1,0 +1,41 @@
+// The screen of the desktop: dialogs and message boxes as windows.
+//
+// A unit of work of the host ends wherever the program waits for a person: before
+// a message box and a dialog come up, and after each thing that a person does in a
+// dialog. What ending it raises is raised from ShowMessage and ShowModal; the dialog
+// that was open is hidden then.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "ui/Screen.h"
+
+namespace pactora::desktop {
+
+class DialogWindow;
+
+class QtScreen final : public ui::Screen {
+ public:
+  explicit QtScreen(std::function<void()> end_unit) : end_unit_(std::move(end_unit)) {}
+
+  // The window that dialogs and messages belong to when no dialog is open; null
+  // for none.
+  void SetMainWindow(QWidget* window) { main_window_ = window; }
+
+  ui::Answer ShowMessage(const ui::Message& message) override;
+  void ShowModal(ui::Form& form) override;
+  // What a person does meanwhile waits until the running action has ended.
+  void ProcessPendingMessages() override;
+
+ private:
+  QWidget* TopWindow() const;
+
+  std::function<void()> end_unit_;
+  QPointer<QWidget> main_window_;
+  std::vector<DialogWindow*> windows_;  // open ones, the topmost last
+};
+
+}  // namespace pactora::desktop

@@ -1,0 +1,68 @@
+// A view of a list in which a person chooses one row, by mouse or keyboard.
+#pragma once
+
+#include <QAbstractItemView>
+#include <QMouseEvent>
+#include <functional>
+
+namespace pactora::desktop {
+
+template <typename View>
+class ChoosingView : public View {
+ public:
+  explicit ChoosingView(QWidget* parent) : View(parent) {
+    this->setSelectionMode(QAbstractItemView::SingleSelection);
+    this->setSelectionBehavior(QAbstractItemView::SelectRows);
+    this->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    this->setFocusPolicy(Qt::TabFocus);
+  }
+
+  // A person chose a row, perhaps the chosen one again; from 0.
+  std::function<void(int row)> Chosen;
+  // A person clicked where no row is; the view must show its choice again.
+  std::function<void()> Missed;
+
+  // Shows a row as the chosen one, none for -1. Tells nobody.
+  void ShowRow(int row) {
+    showing_ = true;
+    if (row < 0) {
+      this->selectionModel()->clear();
+    } else {
+      const QModelIndex index = this->model()->index(row, FirstShown());
+      this->selectionModel()->setCurrentIndex(
+          index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+      this->scrollTo(index);
+    }
+    showing_ = false;
+  }
+
+ protected:
+  virtual int FirstShown() const { return 0; }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    pressing_ = true;
+    View::mousePressEvent(event);
+    pressing_ = false;
+    if (event->button() != Qt::LeftButton) return;
+    const QModelIndex index = this->indexAt(event->position().toPoint());
+    if (index.isValid()) {
+      Chosen(index.row());
+    } else {
+      Missed();
+    }
+  }
+  void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+  // Rows are chosen by a press, not by dragging over them.
+  void mouseMoveEvent(QMouseEvent*) override {}
+
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
+    View::currentChanged(current, previous);
+    if (!pressing_ && !showing_ && current.isValid()) Chosen(current.row());
+  }
+
+ private:
+  bool pressing_ = false;
+  bool showing_ = false;
+};
+
+}  // namespace pactora::desktop

@@ -1,0 +1,56 @@
+#include "desktop/layout/layouts.h"
+
+#include <QStackedWidget>
+
+#include "desktop/layout/Face.h"
+#include "ui/Frame.h"
+
+namespace pactora::desktop {
+namespace {
+
+struct Layout {
+  std::string_view form;
+  QWidget* (*arrange)(const Face& face);
+};
+
+constexpr Layout kLayouts[] = {
+    {"frmNewContract", ArrangeNewContract},
+    {"frmFEditDefinitions", ArrangeEditDefinitions},
+    {"frmFEditDefPositions", ArrangeEditDefPositions},
+};
+
+// Controls one below the other, frames that overlap in one place.
+void ArrangeInOrder(const ui::Container& container, QWidget& owner, const Face& face) {
+  QVBoxLayout* column = face.Column(owner);
+  QHash<const ui::Frame*, QStackedWidget*> stacks;
+  for (const ui::Control* control : container.Children()) {
+    QWidget& widget = face[control->Name()];
+    const auto* frame = dynamic_cast<const ui::Frame*>(control);
+    if (!frame || frame->Overlapping().empty()) {
+      column->addWidget(&widget);
+    } else {
+      QStackedWidget* stack = stacks.value(frame);
+      if (!stack) {
+        stack = new QStackedWidget;
+        column->addWidget(stack);
+      }
+      stack->addWidget(&widget);
+      for (const ui::Frame* other : frame->Overlapping()) stacks[other] = stack;
+    }
+    if (frame) ArrangeInOrder(*frame, widget, face);
+  }
+}
+
+}  // namespace
+
+QWidget* Arrange(const ui::Form& form, QWidget& body, const FindWidget& find) {
+  const Face face(body, find);
+  for (const Layout& layout : kLayouts) {
+    if (layout.form == form.ClassName()) return layout.arrange(face);
+  }
+  ArrangeInOrder(form, body, face);
+  body.layout()->setContentsMargins(Face::kMargin, Face::kMargin, Face::kMargin, Face::kMargin);
+  return nullptr;
+}
+
+}  // namespace pactora::desktop
