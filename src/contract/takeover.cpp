@@ -101,9 +101,7 @@ class RenewableTakeover {
       next = AddMonths(last_invoiced_, terms_.verl_zahlungsperiode);
       if (next > renewal_end_) next = found_next_ = kNoInvoiceDate;
     }
-    if (next != kNoInvoiceDate) {
-      next = InvoiceDate(next, contract_.rechnung_wann, terms_.zahlungsperiode);
-    }
+    next = InvoiceDate(next, contract_.rechnung_wann, terms_.zahlungsperiode);
     const TakeoverAmount sum = AddRenewal(next, /*provisional_value=*/true);
     notice_ = NoticeOf(renewal_end_, contract_.renewal_notice);
     // An invoice that an earlier renewal still waits for comes first.

@@ -154,6 +154,13 @@ INSTANTIATE_TEST_SUITE_P(
                      {"1 01.01.2023-31.12.2023 01.07.2023",
                       "contract 31.12.2023 20.11.2023 first term first 01.07.2023",
                       "alarm 09.10.2023 20.11.2023"}},
+        TakeoverCase{
+            "OnTheNoticeDateTheRenewalAfterTheLastPeriodHasNot",
+            "20.11.2023",
+            "01.10.2023",
+            0,
+            {"1 01.01.2023-31.12.2023 none", "contract 31.12.2023 20.11.2023 first term first none",
+             "alarm 09.10.2023 20.11.2023"}},
         TakeoverCase{"TheDayAfterTheNoticeDateItHas",
                      "21.11.2023",
                      "01.10.2023",

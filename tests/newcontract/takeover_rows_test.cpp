@@ -1,6 +1,7 @@
 // Taking over a running contract: the rows that are written and their order.
 
 #include "newcontract/dialog_world.h"
+#include "support/failing_probe.h"
 
 namespace pactora::newcontract {
 namespace {
@@ -100,6 +101,26 @@ TEST_F(Takeover, WithinTheFirstTermWritesTheRenewalThatTookEffect) {
   EXPECT_EQ(Line(appointments[1], {field::Datum, field::Betreff}),
             "20.08.2024 09:00:00 Kündigungsfrist läuft am  01.10.2024  aus");
   EXPECT_EQ(Shown(Contract()[field::AlarmOID]), std::to_string(appointments[1].oid));
+}
+
+// A renewal that follows the last invoiced period stands with the first term's
+// amount until its own sum is known; one beside an open first term with none.
+TEST_F(Takeover, AFailureBeforeTheSumLeavesTheProvisionalAmount) {
+  for (const auto& [row, amount] : {std::pair{3, "99,99"}, std::pair{1, "(leer)"}}) {
+    support::ContractWorld other;
+    other.Add(table::vv_Definitionspositionen, Position(),
+              other.Add(table::vv_Vertragsdefinitionen, Quarterly()));
+    Dialog second(other);
+    ASSERT_TRUE(second.Open());
+    second.Pick("DTPVertragBeginn", Day(1, 1, 2023));
+    second.Check("chkOldContract", true);
+    second.Choose("lstInvoices", row);
+    support::FailingProbe probe(other.host, 2, "StoreNew", "vv_Vertragspositionen",
+                                platform::Error(5, "gesperrt"));
+    second.Click("cmdOK");
+    EXPECT_EQ(second.form.mlVSCount, 2);
+    EXPECT_EQ(Shown(other.Rows(table::vv_Vertragsstaende).at(1)[field::Value]), amount);
+  }
 }
 
 TEST_F(Takeover, OfTheLastPeriodGoesOnWithTheRenewal) {
