@@ -58,7 +58,9 @@ void CreateAttribute(shell::Module& module) {
     run([&] { attributes->StoreNew(host::kFlagsNone); });
 
     const auto& error = run.LastError();
-    if (error && error->Number() != kAttributeNotStored) throw *error;
+    if (error && error->Number() != kAttributeNotStored) {
+      throw platform::Error(*error);
+    }
   });
 }
 

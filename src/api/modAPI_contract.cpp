@@ -11,10 +11,7 @@ namespace pactora::api {
 namespace {
 
 namespace field = schema::field;
-namespace setting = schema::setting;
 
-constexpr char kDefaultWeeksBeforeEnd[] = "4";
-constexpr char kDefaultWeeksBeforeNotice[] = "6";
 constexpr std::int32_t kDaysUntilOpenAlarm = 2;
 
 // What both rows and the appointments share.
@@ -39,28 +36,23 @@ bool IsRenewable(const vv_CContractD& contract) {
 ContractDates DatesOf(const vv_CContractD& contract) {
   ContractDates dates;
   dates.begin = contract.VertragBeginn;
-  dates.begin_text = contract::SortText(dates.begin);
   dates.end = contract::TermEnd(dates.begin, contract.Dauer);
+  dates.begin_text = contract::SortText(dates.begin);
   if (IsRenewable(contract)) {
     dates.notice = contract::NoticeDate(dates.end, contract.KuendFristInWochen, schema::kWeeks);
   }
   return dates;
 }
 
-std::int32_t ReadWeeks(shell::Module& module, std::string_view name, const char* default_weeks) {
-  return host::ToLong(contract::ReadPersistVarSetting(module, name, default_weeks));
-}
-
 // The end of a contract is always announced, the last day for notice only if all
 // contracts get an appointment.
 Alarm AlarmOf(shell::Module& module, const vv_CContractD& contract, const ContractDates& dates) {
   if (!IsRenewable(contract)) {
-    const auto weeks = ReadWeeks(module, setting::vv_AlarmWochenEnde, kDefaultWeeksBeforeEnd);
+    const std::int32_t weeks = contract::ReadAlarmWochenEnde(module);
     return {true, contract::WeeksBefore(dates.end, weeks), dates.end, contract::kAlarmEnd};
   }
   if (!module.gAppointment4AllContracts) return {};
-  const auto weeks =
-      ReadWeeks(module, setting::vv_AlarmWochenKuendigung, kDefaultWeeksBeforeNotice);
+  const std::int32_t weeks = contract::ReadAlarmWochenKuendigung(module);
   return {true, contract::WeeksBefore(dates.notice, weeks), dates.notice, contract::kAlarmNotice};
 }
 

@@ -117,6 +117,15 @@ std::string ReadPersistVarSetting(shell::Module& module, std::string_view psSett
   return result;
 }
 
+std::int32_t ReadAlarmWochenKuendigung(shell::Module& module) {
+  return host::ToLong(
+      ReadPersistVarSetting(module, schema::setting::vv_AlarmWochenKuendigung, "6"));
+}
+
+std::int32_t ReadAlarmWochenEnde(shell::Module& module) {
+  return host::ToLong(ReadPersistVarSetting(module, schema::setting::vv_AlarmWochenEnde, "4"));
+}
+
 std::string GetNextNumber(shell::Module& module, host::HostField& oField) {
   host::HostTables& tables = module.gDb->Tables();
   const std::string client = platform::UpperCase(tables.Database().Name());

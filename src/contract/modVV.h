@@ -23,6 +23,12 @@ std::string GetPeriodName(std::int32_t lPeriod);
 std::string ReadPersistVarSetting(shell::Module& module, std::string_view psSetting,
                                   std::string_view psDefault);
 
+// The weeks between an alarm and the last day for notice, and between an alarm and
+// the end of a contract, as the settings say; 6 and 4 where they say nothing.
+// Raises error 13 for a setting that is no whole number.
+std::int32_t ReadAlarmWochenKuendigung(shell::Module& module);
+std::int32_t ReadAlarmWochenEnde(shell::Module& module);
+
 // Draws the next number of the counter for this client and field: at least eight
 // digits, cut to the field's last Size() characters. The counter is made on first
 // use. Raises 0x80040002 when the client is missing from the client table.
