@@ -6,6 +6,7 @@
 
 #include "automation/dataset_head.h"
 #include "automation/values.h"
+#include "platform/Error.h"
 
 namespace pactora::automation {
 
@@ -68,30 +69,38 @@ void DatasetReader::OnStart(Json container) {
 void DatasetReader::OnScalar(Json value) {
   if (value_) return value_->Scalar(std::move(value));
   if (!TakesWholeValue()) FailExpected();
-  value_.emplace(Here());
-  value_->Scalar(std::move(value));
-  FinishValue();
+  Take(std::move(value));
 }
 
 void DatasetReader::OnEnd() {
   if (value_) {
     value_->End();
-    if (value_->Complete()) FinishValue();
-    return;
+    if (!value_->Complete()) return;
+    Json value = value_->Take();
+    value_.reset();
+    return Take(std::move(value));
   }
   if (frames_.back().kind == Kind::Row) RowEnds();
   frames_.pop_back();
   if (!frames_.empty() && frames_.back().kind == Kind::Rows) ++frames_.back().index;
 }
 
-void DatasetReader::FinishValue() {
-  const Json value = value_->Take();
-  value_.reset();
+void DatasetReader::Take(Json value) {
   const Frame& frame = frames_.back();
-  if (frame.kind == Kind::Root) return HeadMember(frame.key, value);
-  if (!frame.field) return RowOid(ReadOid(value, Here()));
+  if (frame.kind == Kind::Root) return HeadMember(frame.key, std::move(value));
+  // Forming the place costs more than reading the value, so it is formed for a
+  // fault alone.
+  static const Place nowhere("");
+  const auto read = [&](const auto& at) {
+    try {
+      return at(nowhere);
+    } catch (const platform::Error&) {
+      return at(Here());
+    }
+  };
+  if (!frame.field) return RowOid(read([&](const Place& place) { return ReadOid(value, place); }));
   const schema::Field& field = catalog_.tables[frame.table].fields[*frame.field];
-  RowCell(*frame.field, ReadField(field, value, Here()));
+  RowCell(*frame.field, read([&](const Place& place) { return ReadField(field, value, place); }));
 }
 
 void DatasetReader::OnKey(std::string key) {

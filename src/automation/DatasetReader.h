@@ -60,7 +60,7 @@ class DatasetReader : public JsonEvents {
   void TableKey(Frame& frame);
   void RowKey(Frame& frame);
   void Enter(Kind kind, store::TableId table);
-  void FinishValue();
+  void Take(Json value);  // the whole value of a member
   // Whether the value that comes next is read as a whole and then looked at.
   bool TakesWholeValue() const;
   // What must come next where it is not: a list or an object.
