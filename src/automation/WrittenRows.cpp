@@ -24,12 +24,12 @@ void WrittenRows::Write(JsonWriter& out) {
 }
 
 void WrittenRows::Insert(store::TableId table, store::Record& record) {
-  store_->Insert(table, record);
+  ForwardingStore::Insert(table, record);
   Remember(table, record.oid);
 }
 
 bool WrittenRows::Update(store::TableId table, store::Record& record) {
-  if (!store_->Update(table, record)) return false;
+  if (!ForwardingStore::Update(table, record)) return false;
   Remember(table, record.oid);
   return true;
 }

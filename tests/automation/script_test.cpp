@@ -10,11 +10,13 @@
 #include <string>
 #include <vector>
 
+#include "automation/ForwardingStore.h"
 #include "automation/company.h"
 #include "automation/errors.h"
 #include "automation/script_run.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
+#include "store/errors.h"
 
 namespace pactora::automation {
 namespace {
@@ -234,6 +236,35 @@ TEST(ScriptRun, GotoFindsRowsBelowOthersAndTheirParentsFollow) {
   EXPECT_THAT(ran.result.problems, IsEmpty());
   const Json addresses = Json::parse(ran.events.back())["tables"]["Adressen"];
   EXPECT_EQ(addresses[1]["vv_Vertraege"].size(), 2u);
+}
+
+// Its second commit fails and gives the unit of work up.
+class FailingCommit final : public ForwardingStore {
+ public:
+  using ForwardingStore::ForwardingStore;
+  void Commit() override {
+    if (InUnit() && ++commits_ == 2) {
+      Rollback();
+      store::Raise(store::StoreError::Full);
+    }
+    ForwardingStore::Commit();
+  }
+
+ private:
+  int commits_ = 0;
+};
+
+TEST(ScriptRun, ACommitThatFailsIsAnErrorOfTheCallAndNothingOfItRemains) {
+  const Ran ran =
+      RunSteps(kGoto + kCall + kGoto + kCall + kGoto + kCall + R"({"dump": ["vv_Vertraege"]})",
+               std::make_unique<FailingCommit>(Company()));
+  ASSERT_EQ(ran.events.size(), 7u);
+  EXPECT_EQ(ran.events[1], kReturnEvent);
+  EXPECT_THAT(ran.events[3], HasSubstr(R"("event":"error","number":"0x80041024")"));
+  EXPECT_EQ(ran.events[5], kReturnEvent);
+  const Json contracts = Json::parse(ran.events[6])["tables"]["vv_Vertraege"];
+  ASSERT_EQ(contracts.size(), 2u);
+  EXPECT_EQ(contracts[1]["Vertragnummer"], "00000002") << "the lost number is drawn again";
 }
 
 TEST(ScriptRun, ARehearsalEndsWithTheRowsThatWereWritten) {
