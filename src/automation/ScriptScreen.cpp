@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "automation/dialog_state.h"
-#include "automation/values.h"
+#include "platform/Date.h"
 #include "ui/Person.h"
 #include "ui/controls.h"
 
@@ -53,7 +53,7 @@ ui::Outcome Set(ui::Person& person, ui::Control& control, const SetAction& actio
     case ui::ControlKind::DatePicker: {
       if (flag) return wrong_value;
       if (!text) return person.PickDate(control, std::nullopt);
-      const auto date = ParseDate(*text);
+      const auto date = platform::ParseIso(*text);
       return date ? person.PickDate(control, date)
                   : ui::Outcome{ui::Outcome::Kind::Impossible, ui::Hindrance::DateNeeded};
     }

@@ -1,6 +1,6 @@
 #include "automation/dialog_state.h"
 
-#include "automation/values.h"
+#include "platform/Date.h"
 #include "ui/controls.h"
 
 namespace pactora::automation {
@@ -52,7 +52,7 @@ void AddContent(Json& event, const ui::Control& control) {
     }
     case ui::ControlKind::DatePicker: {
       const auto& picker = dynamic_cast<const ui::DatePicker&>(control);
-      event["value"] = picker.IsNull() ? Json() : Json(DateText(picker.Value()));
+      event["value"] = picker.IsNull() ? Json() : Json(platform::FormatIso(picker.Value()));
       return;
     }
     case ui::ControlKind::Label:

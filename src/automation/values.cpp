@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <charconv>
-#include <cmath>
 #include <memory>
 
 #include "platform/Error.h"
@@ -15,60 +14,14 @@ namespace pactora::automation {
 
 namespace {
 
-constexpr std::string_view kTimedIsoPattern = "yyyy-MM-ddTHH:mm:ss";
 constexpr std::string_view kDateExpected = "ein Datum wird erwartet, zum Beispiel \"2024-03-15\"";
-constexpr double kSecondsPerDay = 86400.0;
-
-// The number that the characters spell, all of which must be digits.
-std::optional<std::int32_t> Digits(std::string_view text) {
-  std::int32_t number = 0;
-  for (const char c : text) {
-    if (c < '0' || c > '9') return std::nullopt;
-    number = number * 10 + (c - '0');
-  }
-  return number;
-}
 
 }  // namespace
-
-std::optional<platform::Date> ParseDate(std::string_view text) {
-  if ((text.size() != 10 && text.size() != 19) || text[4] != '-' || text[7] != '-')
-    return std::nullopt;
-  const auto year = Digits(text.substr(0, 4));
-  const auto month = Digits(text.substr(5, 2));
-  const auto day = Digits(text.substr(8, 2));
-  if (!year || !month || !day || !platform::IsValid({*year, *month, *day})) return std::nullopt;
-  const std::int32_t number = platform::DayNumber({*year, *month, *day});
-  if (number < platform::kFirstDay || number > platform::kLastDay) return std::nullopt;
-  platform::Date date{static_cast<double>(number)};
-  if (text.size() == 10) return date;
-
-  if (text[10] != 'T' || text[13] != ':' || text[16] != ':') return std::nullopt;
-  const auto hour = Digits(text.substr(11, 2));
-  const auto minute = Digits(text.substr(14, 2));
-  const auto second = Digits(text.substr(17, 2));
-  if (!hour || !minute || !second || *hour > 23 || *minute > 59 || *second > 59)
-    return std::nullopt;
-  // The time counts away from day 0 in both directions.
-  const double time = (*hour * 3600 + *minute * 60 + *second) / kSecondsPerDay;
-  date.days += date.days < 0 ? -time : time;
-  return date;
-}
-
-std::string DateText(platform::Date date) {
-  const double seconds = std::round(platform::TimeOfDay(date) * kSecondsPerDay);
-  if (seconds == 0.0) return platform::FormatDate(date, platform::kIsoPattern);
-  if (seconds >= kSecondsPerDay) {
-    const auto next = static_cast<double>(platform::WholeDay(date) + 1);
-    return platform::FormatDate(platform::Date{next}, platform::kIsoPattern);
-  }
-  return platform::FormatDate(date, kTimedIsoPattern);
-}
 
 platform::Date ReadDate(const Json& value, const Place& place) {
   if (value.is_number_integer() && value == 0) return platform::kNoDate;
   if (!value.is_string()) place.Fail(std::string(kDateExpected));
-  const auto date = ParseDate(value.get_ref<const std::string&>());
+  const auto date = platform::ParseIso(value.get_ref<const std::string&>());
   if (!date) place.Fail(std::string(kDateExpected));
   return *date;
 }
@@ -144,7 +97,7 @@ Json ToJson(const host::Value& value) {
       return value.AsText();
     case host::Kind::Date:
       if (value.AsDate() == platform::kNoDate) return 0;
-      return DateText(value.AsDate());
+      return platform::FormatIso(value.AsDate());
     case host::Kind::Array: {
       Json elements = Json::array();
       for (const host::Value& element : value.AsArray()) elements.push_back(ToJson(element));

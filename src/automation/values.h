@@ -14,12 +14,7 @@
 
 namespace pactora::automation {
 
-// "2024-03-15" or "2024-03-15T09:00:00"; nothing for any other text and for days
-// outside the calendar range.
-std::optional<platform::Date> ParseDate(std::string_view text);
-// The same back; the time of day, rounded to seconds, only where there is one.
-std::string DateText(platform::Date date);
-
+// A date as platform::ParseIso reads it, or the number 0 for "no date".
 platform::Date ReadDate(const Json& value, const Place& place);
 
 // The value in the field's type, empty for null. Raises DoorError::BadInput for a

@@ -1,6 +1,6 @@
 #include "cli/options.h"
 
-#include "automation/values.h"
+#include "platform/Date.h"
 
 namespace pactora::cli {
 
@@ -33,7 +33,7 @@ void AddToday(CLI::App& command, std::optional<platform::Date>& today) {
       .add_option_function<std::string>(
           "--today",
           [&today](const std::string& text) {
-            today = automation::ParseDate(text);
+            today = platform::ParseIso(text);
             if (!today || platform::TimeOfDay(*today) != 0)
               throw CLI::ValidationError("--today", "ein Datum wie 2024-03-15 wird erwartet");
           },

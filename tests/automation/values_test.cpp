@@ -1,4 +1,4 @@
-// Numbers, dates, Oids and error numbers as text.
+// Numbers, Oids and error numbers as text.
 #include "automation/values.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +10,6 @@
 #include <string>
 
 #include "automation/JsonWriter.h"
-#include "platform/Date.h"
 #include "platform/Error.h"
 
 namespace pactora::automation {
@@ -39,28 +38,6 @@ TEST(NumberText, IsTheShortestThatReadsBackWithoutExponentForEverydaySizes) {
   }
   EXPECT_THROW(NumberText(std::nan("")), platform::Error);
   EXPECT_THROW(NumberText(std::numeric_limits<double>::infinity()), platform::Error);
-}
-
-TEST(Dates, ReadAndWriteTheSameText) {
-  for (const char* text :
-       {"2024-02-29", "0100-01-01", "9999-12-31", "1899-12-29", "2024-03-15T09:00:00",
-        "1899-12-29T06:30:00", "1899-12-30T09:00:00", "2024-12-31T23:59:59"}) {
-    const auto date = ParseDate(text);
-    ASSERT_TRUE(date) << text;
-    EXPECT_EQ(DateText(*date), text);
-  }
-  EXPECT_EQ(ParseDate("2024-03-15T09:00:00")->days, platform::FromCivil(2024, 3, 15).days + 0.375);
-  // Half a second before midnight is the next day.
-  EXPECT_EQ(DateText(platform::Date{platform::FromCivil(2024, 2, 29).days + 1.0 - 0.4 / 86400.0}),
-            "2024-03-01");
-}
-
-TEST(Dates, AnythingElseIsNone) {
-  for (const char* text : {"", "2024-02-30", "2023-02-29", "2024-13-01", "2024-00-10", "2024-01-00",
-                           "0099-12-31", "24-01-01", "2024/01/01", "15.03.2024", "2024-3-15",
-                           "2024-03-15 09:00:00", "2024-03-15T24:00:00", "2024-03-15T09:60:00",
-                           "2024-03-15T09:00", "2024-03-1x", "+024-03-15", "2024-03-15T09:00:00Z"})
-    EXPECT_FALSE(ParseDate(text)) << text;
 }
 
 TEST(Oids, AreCanonicalPositiveNumbers) {

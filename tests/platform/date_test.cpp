@@ -146,6 +146,7 @@ TEST(Dates, TheFormOfExchangeHasATimeOnlyWhereThereIsOne) {
   EXPECT_EQ(FormatIso(Date{45366.0}), "2024-03-15");
   EXPECT_EQ(FormatIso(Date{45366.375}), "2024-03-15T09:00:00");
   EXPECT_EQ(FormatIso(Date{45366.000000001}), "2024-03-15");
+  EXPECT_EQ(FormatIso(Date{45367.0 - 0.4 / 86400.0}), "2024-03-16");
 }
 
 TEST(Clocks, AFixedDayStaysUntilItIsSet) {
