@@ -8,6 +8,7 @@
 
 #include "automation/dataset_head.h"
 #include "automation/errors.h"
+#include "platform/Error.h"
 #include "schema/Catalog.h"
 #include "store/memory/MemoryStore.h"
 #ifdef PACTORA_HAS_SQLITE
@@ -34,6 +35,19 @@ void RequireAvailable(const std::string& name) {
           "dieses Programm wurde ohne SQLite gebaut und öffnet keine Dateien");
 #endif
 }
+
+#ifdef PACTORA_HAS_SQLITE
+// Runs body; a failure of the storage in it names the database.
+template <typename Body>
+auto Naming(const std::string& name, const Body& body) {
+  try {
+    return body();
+  } catch (const platform::Error& error) {
+    throw platform::Error(error.Number(), fmt::format("{}: {}", name, error.Description()),
+                          error.Source());
+  }
+}
+#endif
 
 // A file that goes when it was not moved away.
 class ScratchFile {
@@ -84,7 +98,7 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
   if (name != kMemoryName) {
     store::OpenOptions options;
     options.rehearsal = access == Access::Rehearsal;
-    return store::OpenSqlite(name, options);
+    return Naming(name, [&] { return store::OpenSqlite(name, options); });
   }
 #endif
   static_cast<void>(access);
@@ -102,7 +116,7 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
   }
 #ifdef PACTORA_HAS_SQLITE
   ScratchFile scratch(fmt::format("{}.neu-{}", name, ::getpid()));
-  fill(*store::CreateSqlite(scratch.Path(), catalog, profile));
+  fill(*Naming(name, [&] { return store::CreateSqlite(scratch.Path(), catalog, profile); }));
   scratch.MoveTo(name);
 #endif
 }
@@ -116,7 +130,7 @@ bool IsEmpty(store::RecordStore& store) {
 std::vector<std::string> CheckStorage(const std::string& name) {
   RequireAvailable(name);
 #ifdef PACTORA_HAS_SQLITE
-  if (name != kMemoryName) return store::CheckSqlite(name);
+  if (name != kMemoryName) return Naming(name, [&] { return store::CheckSqlite(name); });
 #endif
   return {};
 }

@@ -268,7 +268,7 @@ INSTANTIATE_TEST_SUITE_P(
         {"UnknownList", {"list", "$firma.db", "kunden"}, 2, "kunden"},
         {"BadToday", {"run", "$firma.db", "-", "--today", "15.03.2024"}, 2, "--today"},
         {"NoSuchDatabase", {"check", "$fehlt.db"}, 4, "fehlt.db"},
-        {"ForeignDatabase", {"check", "$fremd.db"}, 2, "keine Datenbank"},
+        {"ForeignDatabase", {"check", "$fremd.db"}, 2, "fremd.db: Die Datei ist keine Datenbank"},
         {"FolderAsDatabase", {"check", "$ordner"}, 4, "nicht erreichbar"},
         {"ServerDatabase", {"check", "postgresql://server/firma"}, 4, "PostgreSQL"},
         {"NoFolderForDatabase", {"init", "$fehlt/x.db"}, 4, "nicht erreichbar"},

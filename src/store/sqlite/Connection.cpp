@@ -58,7 +58,7 @@ Connection::Connection(const std::string& path, Access access, std::chrono::mill
   if (path.empty()) Raise(StoreError::NotReachable, "kein Dateiname");
   const int code = sqlite3_open_v2(path.c_str(), &database_, OpenFlags(access), nullptr);
   if (code != SQLITE_OK) {
-    const std::string detail = path + ": " + sqlite3_errstr(code);
+    const std::string detail = sqlite3_errstr(code);
     sqlite3_close(database_);
     Raise(StoreError::NotReachable, detail);
   }
