@@ -76,8 +76,9 @@ Status RunInit(const Arguments& arguments) {
 }
 
 Status RunImport(const Arguments& arguments) {
-  Import(arguments, automation::FileSource(arguments.file));
-  Tell(fmt::format("{} eingelesen in {}", arguments.file, arguments.database), arguments.dry_run);
+  const automation::TextSource source = automation::FileSource(arguments.file);
+  Import(arguments, source);
+  Tell(fmt::format("{} eingelesen in {}", source.name, arguments.database), arguments.dry_run);
   return Status::Done;
 }
 
@@ -89,10 +90,11 @@ void ExportToFile(store::RecordStore& store, const std::string& file) {
     std::ofstream out(scratch, std::ios::binary);
     if (out) automation::ExportDataset(store, out, RaiseIfInterrupted);
     out.close();
-    if (!out)
+    std::error_code failed;
+    if (out) std::filesystem::rename(scratch, file, failed);
+    if (!out || failed)
       automation::Raise(DoorError::NotCarriedOut,
                         file + ": die Datei kann nicht geschrieben werden");
-    std::filesystem::rename(scratch, file);
   } catch (...) {
     std::filesystem::remove(scratch, ignored);
     throw;

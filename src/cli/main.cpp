@@ -30,13 +30,15 @@ std::string Joined(const std::vector<std::string>& words) {
 // What is wrong with the command line; the library's own words are English.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& app) {
   const std::string name = error.get_name();
+  // Some of these errors bear the command's name instead of their own.
+  const bool is_extra = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
   const std::string text = error.what();
   const std::string extra = Joined(app.remaining(true));
   if (name == "RequiredError" && app.get_subcommands().empty())
     return extra.empty() ? "ein Befehl fehlt" : "unbekannter Befehl: " + extra;
   if (name == "RequiredError")
     return fmt::format("ein Argument fehlt: {}", text.substr(0, text.find(' ')));
-  if (name == "ExtrasError") return "unbekanntes Argument: " + extra;
+  if (is_extra) return "unbekanntes Argument: " + extra;
   if (name == "ArgumentMismatch")
     return fmt::format("ein Wert fehlt: {}", text.substr(0, text.find(':')));
   return text;
