@@ -105,17 +105,16 @@ inline std::string Shown(const Value& value) {
   return host::ToText(value);
 }
 
-// The row holds exactly these values; every other field was never written.
-inline void ExpectRow(const Row& row, const Values& expected) {
-  auto rest = row.cells;
-  for (const auto& [name, value] : expected) {
-    EXPECT_EQ(Shown(row[name]), Shown(value)) << name;
-    rest.erase(std::string(name));
+// Everything that was written into the row, by field name.
+inline std::string All(const Row& row) {
+  std::string text;
+  for (const auto& [name, value] : row.cells) {
+    if (!value.IsEmpty()) text += (text.empty() ? "" : ", ") + name + "=" + Shown(value);
   }
-  for (const auto& [name, value] : rest) EXPECT_EQ(Shown(value), "(leer)") << name;
+  return text;
 }
 
-// Whole numbers, dates and texts of some fields of a row, for short comparisons.
+// Some fields of a row, for short comparisons.
 inline std::string Line(const Row& row, std::initializer_list<std::string_view> names) {
   std::string line;
   for (const std::string_view name : names) line += (line.empty() ? "" : " ") + Shown(row[name]);

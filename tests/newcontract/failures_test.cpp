@@ -20,36 +20,28 @@ struct SaveCase {
   Date today;
   std::int32_t row = -1;  // of the list, for a takeover
   bool from_memory = false;
+
+  friend std::ostream& operator<<(std::ostream& out, const SaveCase& c) { return out << c.name; }
 };
 
-// All of a contract but its Oids and its numbers.
-void Collect(support::ContractWorld& world, std::string_view name, store::Oid parent,
-             std::vector<std::string>& lines) {
-  for (const Row& row : world.Rows(name)) {
-    if (row.parent != parent) continue;
-    std::string line(name);
-    for (const auto& [field_name, value] : row.cells) {
-      if (field_name == field::Vertragnummer || field_name == field::AlarmOID) continue;
-      line += " " + Shown(value);
-    }
-    lines.push_back(line);
-    if (name == table::vv_Vertragsstaende) {
-      Collect(world, table::vv_Vertragspositionen, row.oid, lines);
-    }
-  }
-}
-
+// The contract stored last with all below it, but for Oids and numbers.
 std::vector<std::string> LastContract(support::ContractWorld& world) {
-  const Row contract = world.Rows(table::vv_Vertraege).back();
   std::vector<std::string> lines;
-  std::string line;
-  for (const auto& [field_name, value] : contract.cells) {
-    if (field_name == field::Vertragnummer || field_name == field::AlarmOID) continue;
-    line += " " + Shown(value);
-  }
-  lines.push_back(line);
-  Collect(world, table::vv_Vertragsstaende, contract.oid, lines);
-  Collect(world, table::vv_VertragsAktivitaeten, contract.oid, lines);
+  const std::function<void(std::string_view, const Row&)> add = [&](std::string_view name,
+                                                                    Row row) {
+    row.cells[std::string(field::Vertragnummer)] = row.cells[std::string(field::AlarmOID)] = {};
+    lines.push_back(std::string(name) + ": " + All(row));
+    for (const auto& [child, parent] :
+         {std::pair{table::vv_Vertragsstaende, table::vv_Vertraege},
+          std::pair{table::vv_Vertragspositionen, table::vv_Vertragsstaende},
+          std::pair{table::vv_VertragsAktivitaeten, table::vv_Vertraege}}) {
+      if (parent != name) continue;
+      for (const Row& below : world.Rows(child)) {
+        if (below.parent == row.oid) add(child, below);
+      }
+    }
+  };
+  add(table::vv_Vertraege, world.Rows(table::vv_Vertraege).back());
   return lines;
 }
 

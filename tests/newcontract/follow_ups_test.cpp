@@ -14,28 +14,32 @@ const Values kSets = {{field::SetztMerkmalGruppe, "Kunden"},
                       {field::SetztMerkmal, "Wartung"},
                       {field::SetztWert, "ja"}};
 
+// The three levels of that attribute, each with what it says about workflows.
+void AddAttribute(support::ContractWorld& world, const Values& group, const Values& attribute,
+                  const Values& value) {
+  const store::Oid g = world.Add(table::MerkmalgruppeAdressen,
+                                 With({{field::ID, "MG"}, {field::Gruppe, "Kunden"}}, group));
+  const store::Oid a =
+      world.Add(table::MerkmallisteAdressen,
+                With({{field::ID, "ML"}, {field::Merkmal, "WARTUNG"}}, attribute), g);
+  world.Add(table::WerteMerkmalAdressen, With({{field::Wert, "Ja"}}, value), a);
+}
+
+Values Named(std::string_view id, std::string_view name) {
+  return {{field::KELDO_WorkflowID, id}, {field::KELDO_WorkflowName, name}};
+}
+
+void AddWorkflow(support::ContractWorld& world, std::string_view id, bool by_user,
+                 bool changeable) {
+  world.Add(table::KELDO_Vorgaenge, {{field::ID, id},
+                                     {field::Betreff, "Betreff " + std::string(id)},
+                                     {field::Status, "freigegeben"},
+                                     {field::benutzerabhaengig, by_user},
+                                     {field::voreinstellungaenderbar, changeable}});
+}
+
 class Workflow : public DialogTest {
  protected:
-  // The three levels of the attribute that the type sets, each with what it says
-  // about workflows.
-  void AddAttribute(const Values& group, const Values& attribute, const Values& value) {
-    const store::Oid g = world.Add(table::MerkmalgruppeAdressen,
-                                   With({{field::ID, "MG"}, {field::Gruppe, "Kunden"}}, group));
-    const store::Oid a =
-        world.Add(table::MerkmallisteAdressen,
-                  With({{field::ID, "ML"}, {field::Merkmal, "WARTUNG"}}, attribute), g);
-    world.Add(table::WerteMerkmalAdressen, With({{field::Wert, "Ja"}}, value), a);
-  }
-  static Values Named(std::string_view id, std::string_view name) {
-    return {{field::KELDO_WorkflowID, id}, {field::KELDO_WorkflowName, name}};
-  }
-  void AddWorkflow(std::string_view id, bool by_user, bool changeable) {
-    world.Add(table::KELDO_Vorgaenge, {{field::ID, id},
-                                       {field::Betreff, "Betreff " + std::string(id)},
-                                       {field::Status, "freigegeben"},
-                                       {field::benutzerabhaengig, by_user},
-                                       {field::voreinstellungaenderbar, changeable}});
-  }
   // A macro of that name, or one that fails.
   void AddMacro(bool fails) {
     store::Profile profile = world.host.Store().ReadProfile();
@@ -58,75 +62,52 @@ class Workflow : public DialogTest {
   std::vector<host::ValueArray> calls;
 };
 
-struct UserCase {
-  const char* name;
-  bool by_user, changeable;
-  bool options_enabled, user_enabled;
-};
-
-class WorkflowUser : public Workflow, public testing::WithParamInterface<UserCase> {};
-
-TEST_P(WorkflowUser, FollowsTheWorkflow) {
-  const UserCase& c = GetParam();
-  AddAttribute({}, {}, Named("W1", "Begrüßung"));
-  AddWorkflow("W1", c.by_user, c.changeable);
-  AddType(Quarterly(kSets));
-  Open();
-  EXPECT_TRUE(form.fraWorkflow.Enabled());
-  EXPECT_TRUE(form.fraResponsible.Enabled());
-  EXPECT_TRUE(form.chkWorkflow.Checked());
-  EXPECT_EQ(form.chkWorkflow.Caption(), "Workflow  'Begrüßung'  erstellen");
-  EXPECT_EQ(form.optDefinierteBenutzer.Value(), !c.by_user);
-  EXPECT_EQ(form.optneuerBenutzer.Value(), c.by_user);
-  EXPECT_EQ(form.optDefinierteBenutzer.Enabled(), c.options_enabled);
-  EXPECT_EQ(form.optneuerBenutzer.Enabled(), c.options_enabled);
-  EXPECT_EQ(form.cmbUser.Enabled(), c.user_enabled);
+TEST(WorkflowUsers, FollowTheWorkflow) {
+  for (const auto& [by_user, changeable] :
+       {std::pair{false, false}, {false, true}, {true, false}, {true, true}}) {
+    support::ContractWorld world;
+    AddAttribute(world, {}, {}, Named("W1", "Begrüßung"));
+    AddWorkflow(world, "W1", by_user, changeable);
+    world.Add(table::vv_Vertragsdefinitionen, Quarterly(kSets));
+    Dialog dialog(world);
+    ASSERT_TRUE(dialog.Open());
+    const frmNewContract& form = dialog.form;
+    EXPECT_TRUE(form.fraWorkflow.Enabled());
+    EXPECT_TRUE(form.fraResponsible.Enabled());
+    EXPECT_TRUE(form.chkWorkflow.Checked());
+    EXPECT_EQ(form.chkWorkflow.Caption(), "Workflow  'Begrüßung'  erstellen");
+    EXPECT_EQ(form.optDefinierteBenutzer.Value(), !by_user);
+    EXPECT_EQ(form.optneuerBenutzer.Value(), by_user);
+    EXPECT_EQ(form.optDefinierteBenutzer.Enabled(), changeable);
+    EXPECT_EQ(form.optneuerBenutzer.Enabled(), changeable);
+    EXPECT_EQ(form.cmbUser.Enabled(), by_user || changeable);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, WorkflowUser,
-                         testing::Values(UserCase{"Preset", false, false, false, false},
-                                         UserCase{"PresetChangeable", false, true, true, true},
-                                         UserCase{"ByUser", true, false, false, true},
-                                         UserCase{"ByUserChangeable", true, true, true, true}),
-                         [](const auto& row) { return row.param.name; });
-
-struct LevelCase {
-  const char* name;
-  Values group, attribute, value;
-  const char* caption;  // of the workflow that is offered; empty for none
-};
-
 TEST(WorkflowLevels, TheMostSpecificOneThatSaysSomethingDecides) {
-  const auto named = [](std::string_view id, std::string_view name) {
-    return Values{{field::KELDO_WorkflowID, id}, {field::KELDO_WorkflowName, name}};
-  };
-  const LevelCase cases[] = {
-      {"value", named("W1", "g"), named("W1", "m"), named("W1", "w"), "w"},
-      {"attribute", named("W1", "g"), named("W1", "m"), {}, "m"},
-      {"group", named("W1", "g"), {}, {}, "g"},
-      {"a name without an ID shadows", {}, named("W1", "m"), named("", "w"), ""},
-      {"an ID without a name", {}, named("W1", "m"), named("W1", ""), ""},
-      {"an ID that does not exist", named("W1", "g"), named("W1", "m"), named("W8", "w"), ""},
-      {"none", {}, {}, {}, ""}};
-  for (const LevelCase& c : cases) {
+  const Values none;
+  const struct {
+    Values group, attribute, value;
+    std::optional<std::string> offered;
+  } cases[] = {{Named("W1", "g"), Named("W1", "m"), Named("W1", "w"), "w"},
+               {Named("W1", "g"), Named("W1", "m"), none, "m"},
+               {Named("W1", "g"), none, none, "g"},
+               {none, Named("W1", "m"), Named("", "w"), std::nullopt},  // a name alone shadows
+               {none, Named("W1", "m"), Named("W1", ""), ""},
+               {Named("W1", "g"), none, Named("W8", "w"), std::nullopt},  // no such workflow
+               {none, none, none, std::nullopt}};
+  for (const auto& c : cases) {
     support::ContractWorld world;
-    world.Add(table::KELDO_Vorgaenge, {{field::ID, "W1"}});
-    world.Add(table::vv_Vertragsdefinitionen, With(Quarterly(), kSets));
-    const store::Oid group =
-        world.Add(table::MerkmalgruppeAdressen,
-                  With({{field::ID, "MG"}, {field::Gruppe, "Kunden"}}, c.group));
-    const store::Oid attribute =
-        world.Add(table::MerkmallisteAdressen,
-                  With({{field::ID, "ML"}, {field::Merkmal, "Wartung"}}, c.attribute), group);
-    world.Add(table::WerteMerkmalAdressen, With({{field::Wert, "ja"}}, c.value), attribute);
+    AddAttribute(world, c.group, c.attribute, c.value);
+    AddWorkflow(world, "W1", false, true);
+    world.Add(table::vv_Vertragsdefinitionen, Quarterly(kSets));
     world.host.Table(table::MerkmallisteAdressen)->Indexes().Select(schema::index::Merkmal, 0);
     Dialog dialog(world);
     ASSERT_TRUE(dialog.Open());
-    const std::string offered = "Workflow  '" + std::string(c.caption) + "'  erstellen";
-    const bool offers = std::string_view(c.name) == "an ID without a name" || *c.caption != '\0';
-    EXPECT_EQ(dialog.form.chkWorkflow.Caption(), offers ? offered : "   <kein Workflow zugewiesen>")
-        << c.name;
-    EXPECT_EQ(dialog.form.fraWorkflow.Enabled(), offers) << c.name;
+    EXPECT_EQ(dialog.form.chkWorkflow.Caption(), c.offered
+                                                     ? "Workflow  '" + *c.offered + "'  erstellen"
+                                                     : "   <kein Workflow zugewiesen>");
+    EXPECT_EQ(dialog.form.fraWorkflow.Enabled(), c.offered.has_value());
     // The indexes are those from before.
     const auto index = [&](std::string_view name) {
       return world.host.Table(name)->Indexes().Current();
@@ -139,8 +120,8 @@ TEST(WorkflowLevels, TheMostSpecificOneThatSaysSomethingDecides) {
 }
 
 TEST_F(Workflow, IsOfferedForACompleteAttributeAlone) {
-  AddAttribute({}, {}, Named("W1", "w"));
-  AddWorkflow("W1", false, true);
+  AddAttribute(world, {}, {}, Named("W1", "w"));
+  AddWorkflow(world, "W1", false, true);
   AddType(Quarterly(With(kSets, {{field::Bezeichnung, "A"}})));
   AddType(Quarterly(With(kSets, {{field::Bezeichnung, "B"}, {field::SetztMerkmalGruppe, ""}})));
   AddType(Quarterly(With(kSets, {{field::Bezeichnung, "C"}, {field::SetztWert, "nein"}})));
@@ -159,7 +140,7 @@ TEST_F(Workflow, IsOfferedForACompleteAttributeAlone) {
 }
 
 TEST_F(Workflow, OfTheRenewalIsShownWhenReleased) {
-  AddWorkflow("W1", false, false);
+  AddWorkflow(world, "W1", false, false);
   world.Add(table::KELDO_Vorgaenge,
             {{field::ID, "W2"}, {field::Betreff, "Entwurf"}, {field::Status, "in Bearbeitung"}});
   AddType(Quarterly({{field::Bezeichnung, "A"}, {field::WorkflowID, "W1"}}));
@@ -179,8 +160,8 @@ TEST_F(Workflow, OfTheRenewalIsShownWhenReleased) {
 }
 
 TEST_F(Workflow, RunsTheMacroInsteadOfWritingTheAttribute) {
-  AddAttribute({}, {}, Named("W1", "w"));
-  AddWorkflow("W1", true, true);
+  AddAttribute(world, {}, {}, Named("W1", "w"));
+  AddWorkflow(world, "W1", true, true);
   AddMacro(/*fails=*/false);
   AddType(Quarterly(kSets));
   Open();
@@ -197,8 +178,8 @@ TEST_F(Workflow, RunsTheMacroInsteadOfWritingTheAttribute) {
 }
 
 TEST_F(Workflow, AMissingOrFailingMacroIsNoFailureOfTheContract) {
-  AddAttribute({}, {}, Named("W1", "w"));
-  AddWorkflow("W1", false, true);
+  AddAttribute(world, {}, {}, Named("W1", "w"));
+  AddWorkflow(world, "W1", false, true);
   AddType(Quarterly(kSets));
   Open();
   Save();
@@ -212,8 +193,8 @@ TEST_F(Workflow, AMissingOrFailingMacroIsNoFailureOfTheContract) {
 }
 
 TEST_F(Workflow, UntickedLeavesTheAttributeToTheDialog) {
-  AddAttribute({}, {}, Named("W1", "w"));
-  AddWorkflow("W1", false, true);
+  AddAttribute(world, {}, {}, Named("W1", "w"));
+  AddWorkflow(world, "W1", false, true);
   AddMacro(/*fails=*/false);
   AddType(Unlimited(kSets));
   Open();
@@ -260,7 +241,7 @@ TEST_F(Workflow, NoRowOfItsOwnLeavesOtherAttributesAlone) {
 }
 
 TEST_F(Workflow, AFailingLookUpIsShownAndTheDialogGoesOn) {
-  AddAttribute({}, {}, Named("W1", "w"));
+  AddAttribute(world, {}, {}, Named("W1", "w"));
   AddType(Quarterly(kSets));
   world.Enter();
   support::FailingProbe probe(world.host, 1, "SeekKey", "MerkmallisteAdressen",
