@@ -237,24 +237,35 @@ TEST_F(WalkTest, StoredTypes) {
 }
 
 TEST_F(WalkTest, TypesChangedForOneContract) {
+  std::vector<store::Oid> types;
+  for (const char* typ : {"D", "K"}) {
+    for (const int art : {1, 2, 3}) {
+      const int term = art == 3 ? 0 : 18;
+      types.push_back(AddType({{field::Typ, typ},
+                               {field::Art, art},
+                               {field::Dauer, term},
+                               {field::Verlaengerungsdauer, term}}));
+      AddPosition(types.back(), "B1", "");
+    }
+  }
+  const auto cells = [this] {
+    std::vector<std::map<std::string, host::Value, std::less<>>> all;
+    for (const Row& row : Types()) all.push_back(row.cells);
+    for (const Row& row : Positions()) all.push_back(row.cells);
+    return all;
+  };
+  const auto stored = cells();
   int saved = 0;
   for (unsigned seed = 1; seed <= 500 && !HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
     Walk walk(world, seed);
     walk.walker.after_action = ExpectSound;
-    const int art = 1 + walk.walker.Below(3);
-    const int term = art == 3 ? 0 : 18;
-    AddPosition(AddType({{field::Typ, walk.walker.OneIn(4) ? "K" : "D"},
-                         {field::Art, art},
-                         {field::Dauer, term},
-                         {field::Verlaengerungsdauer, term}}),
-                "B1", "");
-    const auto type = Types().back().cells;
+    world.Goto(table::vv_Vertragsdefinitionen, types[seed % types.size()]);
     frmFEditDefinitions dialog(walk.module);
     ASSERT_TRUE(dialog.InitEdit());
     dialog.ShowForNewContract();
     dialog.Show(walk.walker);
-    EXPECT_EQ(Types().back().cells, type);
+    EXPECT_EQ(cells(), stored);
     EXPECT_THAT(walk.walker.errors, testing::IsEmpty());
     if (!dialog.mbOK) continue;
     ++saved;

@@ -153,6 +153,10 @@ TEST_F(TermsTest, TermsFromTwelveMonthsOnSetTheFollowUpTerm) {
     user.Paste("txtDauer", "0024");
     EXPECT_EQ(user.Text("txtDauer"), "24");
     EXPECT_EQ(user.Text("txtDauer2"), "24");
+    user.Paste("txtDauer", "11");
+    EXPECT_EQ(user.Text("txtDauer2"), "24");
+    user.Paste("txtDauer", "12");
+    EXPECT_EQ(user.Text("txtDauer2"), "12");
     user.Retype("txtDauer2", "x0-7,");
     user.Leave("txtDauer2");
     EXPECT_EQ(user.Text("txtDauer2"), "7");
