@@ -27,6 +27,7 @@ class Session {
   embedded::Host& Host() { return host_; }
   store::RecordStore& Store() { return host_.Store(); }
   std::shared_ptr<host::HostApp> App() { return host_.App(); }
+  shell::Module& AddOn() { return module_; }
   // The one entry object.
   shell::CVV& Entry() { return *entry_; }
 

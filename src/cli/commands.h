@@ -16,7 +16,9 @@ void AddImport(CLI::App& app, Run& run);
 void AddExport(CLI::App& app, Run& run);
 void AddNewContract(CLI::App& app, Run& run);
 void AddRun(CLI::App& app, Run& run);
+void AddTakeover(CLI::App& app, Run& run);
 void AddList(CLI::App& app, Run& run);
 void AddCheck(CLI::App& app, Run& run);
+void AddDesktop(CLI::App& app, Run& run);
 
 }  // namespace pactora::cli

@@ -136,8 +136,7 @@ void AddImport(CLI::App& app, Run& run) {
       AddCommand(app, "import", "Liest einen Datenbestand in eine neue oder leere Datenbank");
   AddDatabase(*command, arguments->database);
   command->add_option("DATEI", arguments->file, "Der Datenbestand; - ist die Standardeingabe")
-      ->required()
-      ->group("Argumente");
+      ->required();
   AddDryRun(*command, arguments->dry_run);
   command->callback([&run, arguments] { run = [arguments] { return RunImport(*arguments); }; });
 }
@@ -147,9 +146,8 @@ void AddExport(CLI::App& app, Run& run) {
   arguments->file = "-";
   CLI::App* command = AddCommand(app, "export", "Schreibt den Datenbestand einer Datenbank");
   AddDatabase(*command, arguments->database);
-  command
-      ->add_option("DATEI", arguments->file, "Wohin; ohne Angabe und bei - auf die Standardausgabe")
-      ->group("Argumente");
+  command->add_option("DATEI", arguments->file,
+                      "Wohin; ohne Angabe und bei - auf die Standardausgabe");
   command->callback([&run, arguments] { run = [arguments] { return RunExport(*arguments); }; });
 }
 

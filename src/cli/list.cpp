@@ -161,8 +161,7 @@ void AddList(CLI::App& app, Run& run) {
               throw CLI::ValidationError(what, "addresses, types, contracts oder appointments");
           },
           "addresses, types, contracts oder appointments")
-      ->required()
-      ->group("Argumente");
+      ->required();
   AddJson(*command, arguments->json);
   command->callback([&run, arguments] { run = [arguments] { return RunList(*arguments); }; });
 }

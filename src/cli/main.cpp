@@ -18,8 +18,8 @@ namespace pactora::cli {
 
 namespace {
 
-constexpr std::array kCommands = {AddInit, AddImport, AddExport, AddNewContract,
-                                  AddRun,  AddList,   AddCheck};
+constexpr std::array kCommands = {AddInit,     AddImport, AddExport, AddNewContract, AddRun,
+                                  AddTakeover, AddList,   AddCheck,  AddDesktop};
 
 std::string Joined(const std::vector<std::string>& words) {
   std::string text;
@@ -55,6 +55,7 @@ int Main(int argc, char** argv) {
   app.get_formatter()->label("TEXT", "TEXT");
   app.get_formatter()->label("SUBCOMMAND", "BEFEHL");
   app.get_formatter()->label("OPTIONS", "Optionen");
+  app.get_formatter()->label("Positionals", "Argumente");
   Run run;
   for (const auto add : kCommands) add(app, run);
 

@@ -128,8 +128,7 @@ void AddNewContract(CLI::App& app, Run& run) {
   command
       ->add_option("DATEI", arguments->files,
                    "Vertragsdateien, auch mit einem Vertrag je Zeile; - ist die Standardeingabe")
-      ->required()
-      ->group("Argumente");
+      ->required();
   AddToday(*command, arguments->today);
   AddDryRun(*command, arguments->dry_run);
   AddJson(*command, arguments->json);

@@ -14,8 +14,7 @@ CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& 
 void AddDatabase(CLI::App& command, std::string& name) {
   command
       .add_option("DB", name, "Die Datenbank: eine Datei, :memory: oder eine postgresql://-Adresse")
-      ->required()
-      ->group("Argumente");
+      ->required();
 }
 
 void AddDryRun(CLI::App& command, bool& dry_run) {

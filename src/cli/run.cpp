@@ -53,8 +53,7 @@ void AddRun(CLI::App& app, Run& run) {
       AddCommand(app, "run", "Führt ein Skript aus und schreibt auf, was dabei geschieht");
   AddDatabase(*command, arguments->database);
   command->add_option("SKRIPT", arguments->script, "Das Skript; - ist die Standardeingabe")
-      ->required()
-      ->group("Argumente");
+      ->required();
   AddToday(*command, arguments->today);
   AddDryRun(*command, arguments->dry_run);
   command->callback([&run, arguments] { run = [arguments] { return RunScriptFile(*arguments); }; });

@@ -40,6 +40,7 @@ class Core : public std::enable_shared_from_this<Core> {
   LiveTable& TableAt(store::TableId table) { return *tables_[table]; }
 
   void EndUnit();
+  void DropUnit();
   void Close();
 
   // A handle on one of the core's objects that keeps the core alive.

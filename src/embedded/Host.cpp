@@ -35,11 +35,15 @@ void Core::EndUnit() {
   try {
     store_->Commit();
   } catch (...) {
-    store_->Rollback();
-    for (const auto& table : tables_) table->Forget();
-    profile_->Reload();
+    DropUnit();
     throw;
   }
+}
+
+void Core::DropUnit() {
+  store_->Rollback();
+  for (const auto& table : tables_) table->Forget();
+  profile_->Reload();
 }
 
 void Core::Close() { store_.reset(); }
@@ -61,6 +65,8 @@ std::shared_ptr<host::HostTable> Host::Table(std::string_view name) {
 }
 
 void Host::EndUnit() { core_->EndUnit(); }
+
+void Host::DropUnit() { core_->DropUnit(); }
 
 void Host::SetProbe(OperationProbe* probe) { core_->probe = probe; }
 

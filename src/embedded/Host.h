@@ -72,6 +72,9 @@ class Host {
   // raised.
   void EndUnit();
 
+  // Drops what was stored since the last EndUnit; all tables are at Eof.
+  void DropUnit();
+
   // Null switches it off. The probe must outlive its use.
   void SetProbe(OperationProbe* probe);
   // Told of each macro run, with the path "project/module/procedure".

@@ -1,0 +1,13 @@
+// Files written whole or not at all.
+#pragma once
+
+#include <string>
+
+namespace pactora::automation {
+
+// Puts the text in the place of the file's content: a reader, and a program that
+// comes after a power cut, sees all of the old or all of the new. Raises
+// DoorError::BadInput when it can't be written.
+void ReplaceFile(const std::string& path, const std::string& text);
+
+}  // namespace pactora::automation

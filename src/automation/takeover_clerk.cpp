@@ -1,0 +1,174 @@
+#include "automation/takeover_clerk.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+#include "platform/Date.h"
+#include "platform/Locale.h"
+#include "platform/Text.h"
+#include "ui/Form.h"
+#include "ui/Person.h"
+#include "ui/controls.h"
+
+namespace pactora::automation {
+namespace {
+
+// Raised when a line can't be entered; the text says why.
+struct Refused {
+  std::string reason;
+};
+
+// Line breaks become blanks.
+std::string OneLine(const std::string& text) {
+  std::string line;
+  for (const char c : text) {
+    if (c == '\r') continue;
+    line += c == '\n' ? ' ' : c;
+  }
+  return line;
+}
+
+// The controls of the dialog by name, each used for a column of the list.
+class Entry {
+ public:
+  Entry(ui::Form& form, std::string_view column) : form_(form), column_(column) {}
+
+  template <typename T = ui::Control>
+  T& Get(std::string_view name) {
+    T* control = form_.Find<T>(name);
+    if (control == nullptr) Refuse(fmt::format("der Dialog hat kein {}", name));
+    return *control;
+  }
+
+  void Must(const ui::Outcome& outcome) {
+    if (outcome.kind == ui::Outcome::Kind::Impossible) Refuse(ui::Describe(outcome.hindrance));
+    // A box refused to be left; its message says why.
+    if (outcome.kind == ui::Outcome::Kind::FocusKept) throw Refused{};
+  }
+
+  [[noreturn]] void Refuse(const std::string& why) {
+    throw Refused{fmt::format("Spalte {}: {}", column_, why)};
+  }
+
+ private:
+  ui::Form& form_;
+  std::string_view column_;
+};
+
+void SetCheck(ui::Form& form, ui::Person& person, std::string_view column, std::string_view name,
+              bool checked) {
+  Entry entry(form, column);
+  auto& box = entry.Get<ui::CheckBox>(name);
+  if ((box.Value() != 0) != checked) entry.Must(person.SetCheck(box, checked));
+}
+
+void Paste(ui::Form& form, ui::Person& person, std::string_view column, std::string_view name,
+           const std::string& text) {
+  Entry entry(form, column);
+  entry.Must(person.Paste(entry.Get(name), text));
+}
+
+void PickDate(ui::Form& form, ui::Person& person, std::string_view column, std::string_view name,
+              std::optional<platform::Date> date) {
+  Entry entry(form, column);
+  entry.Must(person.PickDate(entry.Get(name), date));
+}
+
+void Choose(ui::Form& form, ui::Person& person, std::string_view column, std::string_view name,
+            const std::string& text) {
+  Entry entry(form, column);
+  const ui::Outcome outcome = person.ChooseText(entry.Get(name), text);
+  if (outcome.hindrance == ui::Hindrance::NotInList) {
+    entry.Refuse(fmt::format("\"{}\" steht nicht zur Wahl", text));
+  }
+  entry.Must(outcome);
+}
+
+}  // namespace
+
+void TakeoverClerk::Begin(const TakeoverLine& line) {
+  line_ = &line;
+  refusal_.clear();
+  number_.clear();
+  messages_.clear();
+}
+
+std::string TakeoverClerk::JoinedMessages() const {
+  std::string joined;
+  for (const std::string& message : messages_) joined += (joined.empty() ? "" : " | ") + message;
+  return joined;
+}
+
+ui::Answer TakeoverClerk::ShowMessage(const ui::Message& message) {
+  messages_.push_back(OneLine(message.text));
+  return ui::DefaultAnswer(message.style);
+}
+
+void TakeoverClerk::ShowModal(ui::Form& form) {
+  try {
+    form.BeginModal();
+    ui::Person person(form);
+    try {
+      FillIn(form, person);
+    } catch (const Refused& refused) {
+      refusal_ = refused.reason;
+    }
+    if (const auto* number = form.Find<ui::TextBox>("txtVertragnummer")) number_ = number->Text();
+    if (form.Visible()) person.Close();
+  } catch (...) {
+    form.EndModal();
+    throw;
+  }
+  form.EndModal();
+}
+
+// The type first, since choosing one resets what depends on it; the start before
+// the day of signature, which follows it.
+void TakeoverClerk::FillIn(ui::Form& form, ui::Person& person) {
+  const TakeoverLine& line = *line_;
+  Choose(form, person, "Vertragstyp", "lvwBezeichnung", line.type);
+  PickDate(form, person, "Vertragsbeginn", "DTPVertragBeginn", line.begin);
+  PickDate(form, person, "GeschlossenAm", "DTPGeschlossenAm", line.closed_on);
+  if (!line.responsible.empty()) {
+    Choose(form, person, "Verantwortlich", "cboVerantwortlich", line.responsible);
+  }
+  if (line.discount) {
+    Paste(form, person, "Rabatt", "txtRabatt",
+          platform::FormatPlain(*line.discount, platform::Locale{}));
+    Entry entry(form, "Rabatt");
+    entry.Must(person.Leave(entry.Get("txtRabatt")));
+  }
+  if (line.discount_first_term_only) {
+    SetCheck(form, person, "RabattNurErsteLaufzeit", "chkRabattNurErsteLaufzeit",
+             *line.discount_first_term_only);
+  }
+  if (line.no_booking) {
+    SetCheck(form, person, "Fremdfakturierung", "chkNoBooking", *line.no_booking);
+  }
+  if (!line.memo.empty()) Paste(form, person, "Bearbeitungshinweis", "txtMemo", line.memo);
+  if (!line.number.empty()) {
+    SetCheck(form, person, "Vertragsnummer", "ChkAutoNumber", false);
+    Paste(form, person, "Vertragsnummer", "txtVertragnummer", line.number);
+  }
+  if (line.last_invoiced) ChoosePeriod(form, person);
+  Entry entry(form, "Vertragstyp");
+  entry.Must(person.Click(entry.Get("cmdOK")));
+}
+
+void TakeoverClerk::ChoosePeriod(ui::Form& form, ui::Person& person) {
+  constexpr std::string_view kColumn = "ZuletztFakturiert";
+  SetCheck(form, person, kColumn, "chkOldContract", true);
+  Entry entry(form, kColumn);
+  auto& periods = entry.Get<ui::ListBox>("lstInvoices");
+  const std::string start = platform::FormatDate(*line_->last_invoiced, date_pattern_()) + " - ";
+  for (std::int32_t index = 0; index < periods.Count(); ++index) {
+    if (!periods.ItemText(index).starts_with(start)) continue;
+    entry.Must(person.Choose(periods, index));
+    return;
+  }
+  entry.Refuse(fmt::format("kein Zeitraum beginnt am {}",
+                           platform::FormatDate(*line_->last_invoiced, platform::kGermanPattern)));
+}
+
+}  // namespace pactora::automation

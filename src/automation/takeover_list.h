@@ -1,0 +1,44 @@
+// A takeover list: contracts to be entered in bulk, one a line.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Date.h"
+
+namespace pactora::automation {
+
+// One line of the list. What the user left empty has no value.
+struct TakeoverLine {
+  std::size_t line = 0;  // in the file, from 1
+  std::string key;       // the caller's own, or the line's content
+  std::string text;      // the line as it stands in the file
+  std::string refusal;   // why its values can't be read, naming the column; or empty
+  std::string address;   // Oid or name
+  std::string type;      // Bezeichnung of the contract type
+  platform::Date begin;
+  std::optional<platform::Date> last_invoiced;  // start of the last invoiced period
+  std::string number;                           // empty: automatic
+  std::optional<platform::Date> closed_on;
+  std::string responsible;
+  std::optional<double> discount;  // percent
+  std::optional<bool> discount_first_term_only;
+  std::optional<bool> no_booking;
+  std::string memo;
+};
+
+struct TakeoverList {
+  char separator = ';';
+  std::string header;  // as it stands in the file
+  std::vector<TakeoverLine> lines;
+};
+
+// Reads a list. Faulty values refuse their line; raises DoorError::BadInput for a
+// text that is no such list: no header, a column that is unknown, missing or there
+// twice, more cells than columns. name is that of the file, for messages.
+TakeoverList ReadTakeoverList(std::string_view text, const std::string& name);
+
+}  // namespace pactora::automation

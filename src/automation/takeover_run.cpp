@@ -1,0 +1,210 @@
+#include "automation/takeover_run.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <set>
+
+#include "automation/csv.h"
+#include "automation/dataset_export.h"
+#include "automation/errors.h"
+#include "contract/modVV.h"
+#include "host/HostDb.h"
+#include "platform/Text.h"
+#include "schema/names.h"
+#include "store/errors.h"
+
+namespace pactora::automation {
+namespace {
+
+// The database setting that remembers contracts: a line each with the report, the
+// key and the contract number.
+constexpr std::string_view kRememberedSetting = "Uebernahmelisten";
+constexpr char kSeparator = ';';
+// So many contracts are remembered before the report is made safe.
+constexpr std::size_t kMostRemembered = 50;
+
+constexpr store::StoreError kOutOfReach[] = {
+    store::StoreError::Locked, store::StoreError::NotReachable, store::StoreError::Full,
+    store::StoreError::UnitLost, store::StoreError::NotADatabase};
+
+store::TableId AddressTable(const store::RecordStore& store) {
+  return store.Catalog().FindTable(schema::table::Adressen).value();
+}
+
+std::optional<store::Oid> ParseOid(std::string_view text) {
+  store::Oid oid = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), oid);
+  if (error != std::errc() || end != text.data() + text.size() || oid <= 0) return std::nullopt;
+  return oid;
+}
+
+}  // namespace
+
+TakeoverRun::TakeoverRun(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock)
+    : clerk_([this] {
+        return contract::ReadPersistVarSetting(session_.AddOn(), schema::setting::g_DateFormat,
+                                               platform::kGermanPattern);
+      }),
+      session_(std::move(store), clerk_, clock) {
+  ReadAddresses();
+}
+
+void TakeoverRun::ReadAddresses() {
+  const store::TableId table = AddressTable(session_.Store());
+  const std::size_t name =
+      session_.Store().Catalog().tables[table].FindField(schema::field::Name).value();
+  ForEachRow(session_.Store(), table, [&](const store::Record& row) {
+    addresses_[host::ToText(row.cells[name])].push_back(row.oid);
+    address_oids_.insert(row.oid);
+    return true;
+  });
+}
+
+// A name wins over an Oid that reads the same.
+TakeoverRun::FoundAddress TakeoverRun::FindAddress(const std::string& name) const {
+  const auto found = addresses_.find(name);
+  if (found != addresses_.end()) {
+    if (found->second.size() == 1) return {found->second.front(), {}};
+    return {std::nullopt,
+            fmt::format("Spalte Adresse: \"{}\" gibt es mehrmals; nennen Sie die Oid", name)};
+  }
+  const auto oid = ParseOid(name);
+  if (oid && address_oids_.contains(*oid)) return {oid, {}};
+  return {std::nullopt, fmt::format("Spalte Adresse: keine Adresse \"{}\"", name)};
+}
+
+TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& report,
+                                    const std::string& report_name,
+                                    const std::function<void()>& after_line) {
+  report_name_ = report_name;
+  ReadRemembered(report.Resumed());
+  Count count;
+  std::set<std::string> keys;
+  for (const TakeoverLine& line : list.lines) {
+    ReportLine result{line.line, line.key, TakeoverOutcome::Skipped, {}, {}};
+    if (!keys.insert(line.key).second) {
+      const std::string* number = report.CreatedFor(line.key);
+      if (number != nullptr) result.number = *number;
+      result.message = "der Schlüssel steht schon weiter oben";
+    } else if (const std::string* number = report.CreatedFor(line.key)) {
+      result.number = *number;
+    } else if (const auto recovered = recovered_.find(line.key); recovered != recovered_.end()) {
+      result.outcome = TakeoverOutcome::Created;
+      result.number = recovered->second;
+    } else {
+      if (recent_.size() >= kMostRemembered) {
+        report.Sync();
+        recent_.clear();
+      }
+      result = Enter(line);
+    }
+    report.Add(result);
+    switch (result.outcome) {
+      case TakeoverOutcome::Created:
+        ++count.created;
+        break;
+      case TakeoverOutcome::Skipped:
+        ++count.skipped;
+        break;
+      default:
+        ++count.refused;
+    }
+    after_line();
+  }
+  report.Finish();
+  recent_.clear();
+  std::erase_if(kept_, [&](const Remembered& other) { return other.report == report_name_; });
+  WriteRemembered();
+  session_.Host().EndUnit();
+  return count;
+}
+
+ReportLine TakeoverRun::Enter(const TakeoverLine& line) {
+  ReportLine result{line.line, line.key, TakeoverOutcome::Refused, {}, line.refusal};
+  if (!line.refusal.empty()) return result;
+  const FoundAddress address = FindAddress(line.address);
+  if (!address.oid) {
+    result.message = address.why_not;
+    return result;
+  }
+  try {
+    session_.GoTo(AddressTable(session_.Store()), *address.oid);
+    EnterContract(line, result);
+  } catch (const platform::Error& error) {
+    session_.Host().DropUnit();
+    for (const store::StoreError out_of_reach : kOutOfReach) {
+      if (error.Number() == store::Number(out_of_reach)) throw;
+    }
+    result.outcome = TakeoverOutcome::Failed;
+    result.message =
+        fmt::format("Fehler &H{}: {}", platform::HexNumber(error.Number()), error.Description());
+  }
+  return result;
+}
+
+void TakeoverRun::EnterContract(const TakeoverLine& line, ReportLine& result) {
+  clerk_.Begin(line);
+  bool saved = false;
+  std::int32_t terms = 0;
+  bool show_definition = false;
+  session_.Entry().NewContract(session_.App(), saved, terms, show_definition);
+  result.message = clerk_.Refusal().empty() ? clerk_.JoinedMessages() : clerk_.Refusal();
+  if (saved) {
+    recent_.push_back({report_name_, line.key, clerk_.ContractNumber()});
+    WriteRemembered();
+    session_.Host().EndUnit();
+    result.outcome = TakeoverOutcome::Created;
+    result.number = clerk_.ContractNumber();
+    return;
+  }
+  // Nothing half made stays behind: the line can be mended and entered again.
+  session_.Host().DropUnit();
+  RaiseIfOutOfReach();
+  for (const std::string& message : clerk_.Messages()) {
+    if (message.starts_with("Fehler &H")) result.outcome = TakeoverOutcome::Failed;
+  }
+}
+
+void TakeoverRun::RaiseIfOutOfReach() const {
+  for (const std::string& message : clerk_.Messages()) {
+    for (const store::StoreError error : kOutOfReach) {
+      if (message.find("&H" + platform::HexNumber(store::Number(error))) != std::string::npos) {
+        store::Raise(error);
+      }
+    }
+  }
+}
+
+void TakeoverRun::ReadRemembered(bool resumed) {
+  host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
+  if (!settings.Exists(kRememberedSetting)) return;
+  const std::string text = host::ToText(settings.Item(kRememberedSetting).Value());
+  for (const CsvRow& row : ReadCsv(text, kSeparator)) {
+    if (row.cells.size() != 3) continue;
+    const Remembered contract{row.cells[0], row.cells[1], row.cells[2]};
+    const bool mine = contract.report == report_name_;
+    // Without the report this list begins anew.
+    if (mine && !resumed) continue;
+    if (mine) recovered_.emplace(contract.key, contract.number);
+    kept_.push_back(contract);
+  }
+}
+
+void TakeoverRun::WriteRemembered() {
+  std::string text;
+  for (const auto* contracts : {&kept_, &recent_}) {
+    for (const Remembered& contract : *contracts) {
+      text += CsvLine({contract.report, contract.key, contract.number}, kSeparator) + "\n";
+    }
+  }
+  host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
+  if (settings.Exists(kRememberedSetting)) {
+    settings.Item(kRememberedSetting).SetValue(text);
+  } else if (!text.empty()) {
+    settings.Add(kRememberedSetting, text);
+  }
+}
+
+}  // namespace pactora::automation

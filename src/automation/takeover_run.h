@@ -1,0 +1,79 @@
+// A takeover list carried out: each line through the new-contract dialog, as a
+// person would enter it.
+//
+// A line is one unit of work: either its contract is whole and durable or nothing
+// of it is there, whatever message came up on the way. No contract is made twice,
+// however a run ended: the database keeps the keys of the last contracts in the
+// unit that made them, until the report that has them is safe on the disk.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "automation/Session.h"
+#include "automation/takeover_clerk.h"
+#include "automation/takeover_list.h"
+#include "automation/takeover_report.h"
+#include "platform/Clock.h"
+#include "store/RecordStore.h"
+
+namespace pactora::automation {
+
+class TakeoverRun {
+ public:
+  // The clock must outlive the run.
+  TakeoverRun(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock);
+
+  struct Count {
+    std::size_t created = 0;
+    std::size_t refused = 0;  // with those that failed
+    std::size_t skipped = 0;
+  };
+
+  // Carries out the list. report_name tells this report from others for the
+  // database's memory. after_line is called after each line and may raise, to
+  // stop the run there; so do errors that concern the database as a whole. The
+  // report then holds what was done so far.
+  Count Run(const TakeoverList& list, TakeoverReport& report, const std::string& report_name,
+            const std::function<void()>& after_line);
+
+ private:
+  void ReadAddresses();
+  // The address of that name or Oid, or why there is none.
+  struct FoundAddress {
+    std::optional<store::Oid> oid;
+    std::string why_not;
+  };
+  FoundAddress FindAddress(const std::string& name) const;
+  // What becomes of the line; a contract that it makes is durable.
+  ReportLine Enter(const TakeoverLine& line);
+  void EnterContract(const TakeoverLine& line, ReportLine& result);
+  // Raises an error that a message told of if it concerns the whole database.
+  void RaiseIfOutOfReach() const;
+
+  // What the database remembers: contracts that the report on the disk may lack.
+  struct Remembered {
+    std::string report;
+    std::string key;
+    std::string number;  // of the contract
+  };
+  void ReadRemembered(bool resumed);
+  void WriteRemembered();
+
+  TakeoverClerk clerk_;
+  Session session_;
+  std::string report_name_;
+  std::unordered_map<std::string, std::vector<store::Oid>> addresses_;  // by name
+  std::unordered_set<store::Oid> address_oids_;
+  std::unordered_map<std::string, std::string> recovered_;  // of an interrupted run, by key
+  std::vector<Remembered> kept_;    // of it and of other reports, until this run is over
+  std::vector<Remembered> recent_;  // of this run, since the report was last made safe
+};
+
+}  // namespace pactora::automation
