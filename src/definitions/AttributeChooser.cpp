@@ -13,8 +13,6 @@
 namespace pactora::definitions {
 namespace {
 
-using std::string_literals::operator""s;
-
 constexpr char kEmptyEntry[] = "<leer>";
 
 std::string NameOf(std::string_view before, const AttributeRole& role, std::string_view after) {
@@ -132,7 +130,7 @@ void AttributeChooser::OfferValues() {
   host::HostTable& values = Held(tables_.moMerkmalwerte);
   values.Indexes().SelectNone(host::kFlagsNone);
   values.MoveFirst(host::kFlagsUsual);
-  const std::string first = values.Eof() ? ""s : ReadText(values, schema::field::Wert);
+  const std::string first = values.Eof() ? std::string() : ReadText(values, schema::field::Wert);
   if (first == schema::kDateValue) {
     value_kind_ = kDateKind;
     value_.SetVisible(false);

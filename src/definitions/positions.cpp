@@ -1,5 +1,6 @@
 // The list of positions between catalogue, tables and memory.
 #include <cstddef>
+#include <utility>
 
 #include "definitions/current_row.h"
 #include "definitions/frmFEditDefPositions.h"
