@@ -143,7 +143,7 @@ bool JsonEvents::parse_error(std::size_t, const std::string& token,
   const std::string where = line.empty() ? std::string()
                             : one_line_  ? fmt::format("Spalte {}: ", column)
                                          : fmt::format("Zeile {}, Spalte {}: ", line, column);
-  const bool ended = text.find("end of input") != std::string_view::npos;
+  const bool ended = text.find("unexpected end of input") != std::string_view::npos;
   const std::string read = ended                                ? " (der Text endet zu früh)"
                            : token.empty() || token.size() > 60 ? std::string()
                                                                 : fmt::format(" (bei „{}“)", token);
