@@ -1,0 +1,113 @@
+// What a takeover list may hold, and how its faults are named.
+#include "automation/takeover_list.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "automation/csv.h"
+#include "platform/Error.h"
+
+namespace pactora::automation {
+namespace {
+
+TakeoverLine OneLine(const std::string& column, const std::string& cell) {
+  const TakeoverList list = ReadTakeoverList(
+      "Adresse;Vertragstyp;Vertragsbeginn;" + column + "\nA;T;01.02.2024;" + cell, "liste.csv");
+  return list.lines.at(0);
+}
+
+TEST(TakeoverList, NumbersAreTakenInTheGermanFormAloneAndNeverGuessed) {
+  struct Case {
+    const char* cell;
+    double number;  // negative: refused
+  };
+  for (const Case& c : {Case{"12", 12},
+                        {"12,5", 12.5},
+                        {"1.234,56", 1234.56},
+                        {"1234,56", 1234.56},
+                        {"12.345.678,9", 12345678.9},
+                        {"1.5", -1},
+                        {"1,234.56", -1},
+                        {"1.234", -1},
+                        {"1.23,4", -1},
+                        {"1234.567,8", -1},
+                        {"12,", -1},
+                        {",5", -1},
+                        {"zwölf", -1},
+                        {"1 000", -1}}) {
+    const TakeoverLine line = OneLine("Rabatt", c.cell);
+    if (c.number >= 0) {
+      EXPECT_EQ(line.refusal, "") << c.cell;
+      EXPECT_EQ(line.discount.value_or(-1), c.number) << c.cell;
+    } else {
+      EXPECT_TRUE(line.refusal.starts_with("Spalte Rabatt: \"")) << c.cell << line.refusal;
+    }
+  }
+}
+
+TEST(TakeoverList, DatesAndBooleansHaveTheirForms) {
+  for (const char* date : {"15.03.2024", "2024-03-15"}) {
+    EXPECT_EQ(OneLine("GeschlossenAm", date).closed_on, platform::FromCivil(2024, 3, 15)) << date;
+  }
+  for (const char* date : {"31.02.2024", "15/03/2024", "15.3.24", "heute"}) {
+    EXPECT_TRUE(OneLine("GeschlossenAm", date).refusal.starts_with("Spalte GeschlossenAm: "))
+        << date;
+  }
+  for (const char* yes : {"ja", "WAHR", "1"})
+    EXPECT_EQ(OneLine("Fremdfakturierung", yes).no_booking, true);
+  for (const char* no : {"nein", "Falsch", "0"}) {
+    EXPECT_EQ(OneLine("Fremdfakturierung", no).no_booking, false);
+  }
+  EXPECT_NE(OneLine("Fremdfakturierung", "x").refusal, "");
+  EXPECT_EQ(OneLine("Fremdfakturierung", "").no_booking, std::nullopt);
+}
+
+TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
+  EXPECT_EQ(OneLine("Schlüssel", "K-7").key, "K-7");
+  EXPECT_EQ(OneLine("Rabatt", "5").key, "A;T;01.02.2024;5");
+}
+
+TEST(TakeoverList, QuotesMarksAndCommasAreUnderstood) {
+  const TakeoverList list = ReadTakeoverList(
+      "\xEF\xBB\xBFVertragstyp,Adresse,Vertragsbeginn,Bearbeitungshinweis\r\n"
+      "\"T, \"\"neu\"\"\",A,2024-01-31,\"zwei\nZeilen\"\r\n\r\n T2 ,B,01.01.2024,\r\n",
+      "liste.csv");
+  ASSERT_EQ(list.lines.size(), 2u);
+  EXPECT_EQ(list.lines[0].type, "T, \"neu\"");
+  EXPECT_EQ(list.lines[0].memo, "zwei\nZeilen");
+  EXPECT_EQ(list.lines[1].type, "T2");
+  EXPECT_EQ(list.lines[1].line, 5u);
+  EXPECT_EQ(ReadCsv(CsvLine({"a;b", "\"", " c", "d"}, ';'), ';').at(0).cells,
+            (std::vector<std::string>{"a;b", "\"", " c", "d"}));
+}
+
+TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
+  struct Case {
+    std::string text;
+    std::string fault;
+  };
+  const std::string header = "Adresse;Vertragstyp;Vertragsbeginn";
+  for (const Case& c : {
+           Case{"", "liste.csv: die Liste ist leer"},
+           Case{header + ";Preis", "liste.csv, Zeile 1: unbekannte Spalte \"Preis\""},
+           Case{"Adresse;Vertragstyp", "liste.csv, Zeile 1: die Spalte \"Vertragsbeginn\" fehlt"},
+           Case{header + ";Adresse", "liste.csv, Zeile 1: die Spalte \"Adresse\" steht zweimal da"},
+           Case{header + "\na;b;01.01.2024;d", "liste.csv, Zeile 2: mehr Werte als Spalten"},
+           Case{header + "\na;\"b",
+                "liste.csv, Zeile 2: das Anführungszeichen ist nicht geschlossen"},
+           Case{header + "\na;\xFF", "liste.csv, Zeile 2: kein UTF-8"},
+       }) {
+    try {
+      ReadTakeoverList(c.text, "liste.csv");
+      ADD_FAILURE() << c.fault;
+    } catch (const platform::Error& error) {
+      EXPECT_EQ(error.Description(), c.fault);
+    }
+  }
+  EXPECT_EQ(ReadTakeoverList(header + "\na", "liste.csv").lines.at(0).refusal,
+            "Spalte Vertragstyp: der Wert fehlt");
+}
+
+}  // namespace
+}  // namespace pactora::automation

@@ -1,0 +1,131 @@
+// Takeover lists: every good line once, every faulty one with its reason, however
+// often the program was killed on the way.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "automation/csv.h"
+#include "cli/Program.h"
+
+namespace pactora::cli {
+namespace {
+
+using automation::CsvRow;
+using testing::HasSubstr;
+
+constexpr char kHeader[] =
+    "Schlüssel;Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert;Rabatt\n";
+
+struct Takeover : testing::Test {
+  Takeover() { EXPECT_EQ(Pactora(folder, {"init", "--sample", db}).status, 0); }
+
+  std::vector<std::string> Call(const std::vector<std::string>& more = {}) const {
+    std::vector<std::string> call = {"takeover", db,        list,        "--report",
+                                     report,     "--today", "2026-03-15"};
+    call.insert(call.end(), more.begin(), more.end());
+    return call;
+  }
+  std::size_t CountContracts() {
+    return nlohmann::json::parse(Pactora(folder, {"list", db, "contracts", "--json"}).out).size();
+  }
+  std::vector<CsvRow> Report() const { return automation::ReadCsv(Contents(report), ';'); }
+
+  support::TemporaryFolder folder;
+  const std::string db = folder.File("firma.db");
+  const std::string list = folder.File("liste.csv");
+  const std::string report = folder.File("bericht.csv");
+};
+
+TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) {
+  Write(list, std::string(kHeader) +
+                  "K1;Bäckerei Quendelbach;Wartung Server;01.01.2023;01.10.2025;10\n"
+                  "K2;Niemand;Wartung Server;01.01.2023;;\n"
+                  "K3;1;Wartung Schiff;01.01.2023;;\n"
+                  "K4;1;Wartung Server;01.01.2023;02.01.2023;\n"
+                  "K5;1;Wartung Server;01.01.2023;;101\n"
+                  "K6;1;Wartung Server;01.01.2023;;1.5\n"
+                  "K7;1;Stellfläche Rechenzentrum;01.01.2023;;\n"
+                  "K1;1;Wartung Server;01.01.2023;;\n");
+  const std::size_t before = CountContracts();
+  const Ended rehearsed = Pactora(folder, Call({"--dry-run"}));
+  EXPECT_EQ(rehearsed.status, 3) << rehearsed.error;
+  EXPECT_EQ(CountContracts(), before);
+
+  const Ended ended = Pactora(folder, Call());
+  EXPECT_EQ(ended.status, 3) << ended.error;
+  EXPECT_EQ(rehearsed.out, Contents(report));
+  const std::vector<CsvRow> rows = Report();
+  ASSERT_EQ(rows.size(), 9u);
+  const auto row = [&](std::size_t i) { return rows[i].cells[2] + ": " + rows[i].cells[4]; };
+  EXPECT_EQ(row(1), "angelegt: ");
+  EXPECT_EQ(row(2), "abgelehnt: Spalte Adresse: keine Adresse \"Niemand\"");
+  EXPECT_EQ(row(3), "abgelehnt: Spalte Vertragstyp: \"Wartung Schiff\" steht nicht zur Wahl");
+  EXPECT_EQ(row(4), "abgelehnt: Spalte ZuletztFakturiert: kein Zeitraum beginnt am 02.01.2023");
+  EXPECT_EQ(row(5), "abgelehnt: Rabatt darf nicht größer 99% sein!");
+  EXPECT_THAT(row(6), HasSubstr("Spalte Rabatt: \"1.5\" ist keine Zahl"));
+  EXPECT_THAT(row(7), HasSubstr("abgelehnt: Das für diesen Vertrag erforderliche Adressmerkmal"));
+  EXPECT_EQ(row(8), "übersprungen: der Schlüssel steht schon weiter oben");
+  EXPECT_EQ(CountContracts(), before + 1);
+  const std::string rejected = Contents(report + ".abgelehnt.csv");
+  EXPECT_EQ(automation::ReadCsv(rejected, ';').size(), 7u);
+  EXPECT_THAT(rejected, HasSubstr("K5;1;Wartung Server;01.01.2023;;101\n"));
+
+  // The mended line alone is entered when the list is run again.
+  std::string mended = Contents(list);
+  mended.replace(mended.find(";;101"), 5, ";;100");
+  Write(list, mended);
+  EXPECT_EQ(Pactora(folder, Call()).status, 3);
+  EXPECT_EQ(CountContracts(), before + 2);
+  EXPECT_EQ(Report()[1].cells[2], "übersprungen");
+  EXPECT_EQ(Report()[5].cells[2], "angelegt");
+}
+
+TEST_F(Takeover, KilledAtAnyMomentAndRepeatedMakesNoContractTwice) {
+  constexpr int kLines = 120;
+  std::string text = kHeader;
+  for (int i = 0; i < kLines; ++i) {
+    text += "K" + std::to_string(i) + ";" + std::to_string(1 + i % 20) +
+            (i % 30 == 7 ? ";Wartung Mond;" : ";Wartung Server;") + "01.01.2024;01.01.2025;\n";
+  }
+  Write(list, text);
+  const std::size_t before = CountContracts();
+  std::mt19937 random(7);
+  int killed = 0;
+  for (int round = 0; round < 12; ++round) {
+    Child child(folder, Call());
+    std::this_thread::sleep_for(
+        std::chrono::milliseconds(std::uniform_int_distribution<int>(5, 250)(random)));
+    child.Signal(SIGKILL);
+    killed += child.Wait().status == -SIGKILL;
+  }
+  EXPECT_GT(killed, 0);
+  const Ended ended = Pactora(folder, Call());
+  EXPECT_EQ(ended.status, 3) << ended.error;
+  EXPECT_EQ(CountContracts(), before + kLines - 4);
+  const std::vector<CsvRow> rows = Report();
+  ASSERT_EQ(rows.size(), kLines + 1u) << "one line for each line of the list";
+  for (int i = 0; i < kLines; ++i) {
+    EXPECT_EQ(rows[static_cast<std::size_t>(i) + 1].cells[1], "K" + std::to_string(i));
+  }
+  const Ended checked = Pactora(folder, {"check", db});
+  EXPECT_EQ(checked.status, 0) << checked.out;
+}
+
+TEST_F(Takeover, AFileThatIsNoReportIsLeftAlone) {
+  Write(list, std::string(kHeader) + "K1;1;Wartung Server;01.01.2023;;\n");
+  Write(report, "Einkaufszettel\n");
+  const Ended ended = Pactora(folder, Call());
+  EXPECT_EQ(ended.status, 2);
+  EXPECT_EQ(ended.error, "pactora: " + report + ": kein Bericht einer Übernahme\n");
+  EXPECT_EQ(Contents(report), "Einkaufszettel\n");
+}
+
+}  // namespace
+}  // namespace pactora::cli
