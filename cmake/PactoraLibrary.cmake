@@ -1,21 +1,8 @@
-function(pactora_draft list)
-  set(present)
-  foreach(source ${${list}})
-    if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${source} OR IS_ABSOLUTE ${source})
-      list(APPEND present ${source})
-    else()
-      message(WARNING "not written yet: ${source}")
-    endif()
-  endforeach()
-  set(${list} ${present} PARENT_SCOPE)
-endfunction()
-
 # pactora_library(name SOURCES a.cpp ... DEPENDS other ...): one folder, one
 # library. Without sources it is a library of headers. Headers are found from
 # src/ as "folder/Header.h".
 function(pactora_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
-  pactora_draft(arg_SOURCES)
   if(arg_SOURCES)
     add_library(${name} STATIC ${arg_SOURCES})
     target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
@@ -31,10 +18,6 @@ endfunction()
 # whose cases are each a test of their own.
 function(pactora_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
-  pactora_draft(arg_SOURCES)
-  if(NOT arg_SOURCES)
-    return()
-  endif()
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_DEPENDS} GTest::gmock GTest::gtest_main pactora_flags)
