@@ -18,6 +18,7 @@ void AddNewContract(CLI::App& app, Run& run);
 void AddRun(CLI::App& app, Run& run);
 void AddTakeover(CLI::App& app, Run& run);
 void AddList(CLI::App& app, Run& run);
+void AddTypes(CLI::App& app, Run& run);
 void AddCheck(CLI::App& app, Run& run);
 void AddDesktop(CLI::App& app, Run& run);
 

@@ -2,6 +2,7 @@
 #include <array>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -9,6 +10,8 @@
 
 #include "automation/database.h"
 #include "automation/dataset_export.h"
+#include "automation/deadlines.h"
+#include "automation/files.h"
 #include "cli/TextTable.h"
 #include "cli/commands.h"
 #include "cli/options.h"
@@ -120,26 +123,80 @@ TextTable Appointments(store::RecordStore& store) {
                    });
 }
 
-using MakeList = TextTable (*)(store::RecordStore& store);
-
-constexpr std::array<std::pair<const char*, MakeList>, 4> kLists = {{
-    {"addresses", Addresses},
-    {"types", Types},
-    {"contracts", Contracts},
-    {"appointments", Appointments},
-}};
-
 struct Arguments {
   std::string database;
   std::string what;
+  std::optional<platform::Date> today;
+  std::optional<std::int32_t> within;  // weeks
+  std::string calendar;                // file, empty for none
   bool json = false;
 };
 
+constexpr const char* kDeadlines = "deadlines";
+
+TextTable DeadlineTable(const std::vector<automation::Deadline>& deadlines) {
+  TextTable list({{"Datum", "Datum"},
+                  {"Frist", "Frist"},
+                  {"Zugang spätestens", "Zugang"},
+                  {"Adresse", "Adresse"},
+                  {"Nummer", "Vertragnummer"},
+                  {"Bezeichnung", "Bezeichnung"},
+                  {"Typ", "Typ"},
+                  {"Verantwortlich", "Verantwortlich"},
+                  {"Oid", "oid"}});
+  for (const automation::Deadline& deadline : deadlines) {
+    list.Add({deadline.date, automation::Text(deadline.kind),
+              deadline.safe_receipt ? host::Value(*deadline.safe_receipt) : host::Value(),
+              deadline.address, deadline.number, deadline.name, deadline.side, deadline.responsible,
+              std::to_string(deadline.contract)});
+  }
+  return list;
+}
+
+TextTable Deadlines(store::RecordStore& store, const Arguments& arguments) {
+  const platform::Date today = ClockFor(arguments.today)->Today();
+  const auto deadlines = automation::ReadDeadlines(store, today, arguments.within);
+  if (!arguments.calendar.empty()) {
+    const std::string text = automation::CalendarText(deadlines, store.ReadProfile().name, today);
+    if (arguments.calendar == "-") {
+      std::cout << text;
+    } else {
+      automation::ReplaceFile(arguments.calendar, text);
+    }
+  }
+  return DeadlineTable(deadlines);
+}
+
+template <TextTable (*kMake)(store::RecordStore&)>
+TextTable Plain(store::RecordStore& store, const Arguments&) {
+  return kMake(store);
+}
+
+using MakeList = TextTable (*)(store::RecordStore& store, const Arguments& arguments);
+
+constexpr std::array<std::pair<const char*, MakeList>, 5> kLists = {{
+    {"addresses", Plain<Addresses>},
+    {"types", Plain<Types>},
+    {"contracts", Plain<Contracts>},
+    {"appointments", Plain<Appointments>},
+    {kDeadlines, Deadlines},
+}};
+
 Status RunList(const Arguments& arguments) {
+  const bool for_deadlines = arguments.within || !arguments.calendar.empty();
+  if (for_deadlines && arguments.what != kDeadlines) {
+    Complain("--within und --ical gibt es nur zu deadlines");
+    return Status::BadInput;
+  }
+  if (!arguments.calendar.empty() && !automation::HasCalendars()) {
+    Complain("Kalenderdateien sind in diesem Programm nicht enthalten");
+    return Status::BadInput;
+  }
   const auto store = automation::OpenDatabase(arguments.database, automation::Access::Write);
   for (const auto& [name, make] : kLists) {
     if (arguments.what != name) continue;
-    const TextTable list = make(*store);
+    const TextTable list = make(*store, arguments);
+    if (arguments.calendar == "-") break;
     arguments.json ? list.PrintJson(std::cout) : list.PrintText(std::cout);
   }
   return Status::Done;
@@ -158,10 +215,23 @@ void AddList(CLI::App& app, Run& run) {
             for (const auto& known : kLists)
               if (what == known.first) arguments->what = what;
             if (arguments->what.empty())
-              throw CLI::ValidationError(what, "addresses, types, contracts oder appointments");
+              throw CLI::ValidationError(
+                  what, "addresses, types, contracts, appointments oder deadlines");
           },
-          "addresses, types, contracts oder appointments")
+          "addresses, types, contracts, appointments oder deadlines")
       ->required();
+  command
+      ->add_option("--within", arguments->within,
+                   "Zu deadlines: nur Fristen der nächsten WOCHEN Wochen")
+      ->check(CLI::Range(0, 5000))
+      ->type_name("WOCHEN")
+      ->group(kOptionGroup);
+  command
+      ->add_option("--ical", arguments->calendar,
+                   "Zu deadlines: schreibt die Fristen in diese Kalenderdatei")
+      ->type_name("DATEI")
+      ->group(kOptionGroup);
+  AddToday(*command, arguments->today);
   AddJson(*command, arguments->json);
   command->callback([&run, arguments] { run = [arguments] { return RunList(*arguments); }; });
 }

@@ -19,7 +19,7 @@ namespace pactora::cli {
 namespace {
 
 constexpr std::array kCommands = {AddInit,     AddImport, AddExport, AddNewContract, AddRun,
-                                  AddTakeover, AddList,   AddCheck,  AddDesktop};
+                                  AddTakeover, AddList,   AddTypes,  AddCheck,       AddDesktop};
 
 std::string Joined(const std::vector<std::string>& words) {
   std::string text;

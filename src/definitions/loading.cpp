@@ -5,6 +5,7 @@
 #include "contract/modVV.h"
 #include "definitions/current_row.h"
 #include "definitions/frmFEditDefinitions.h"
+#include "definitions/price_rules.h"
 #include "platform/Error.h"
 #include "schema/names.h"
 
@@ -45,7 +46,7 @@ void frmFEditDefinitions::FillLists() {
   }
   cboRechnungWann.SetListIndex(schema::kInAdvance);
   for (ui::ComboBox* box : {&cboKuendFrist, &cboKuendFrist2}) {
-    for (const char* notice : {"1", "2", "3", "4", "6", "12", "0"}) box->AddItem(notice);
+    for (const std::string_view notice : kNoticePeriods) box->AddItem(std::string(notice));
     box->SetText(kUsualNotice);
   }
   for (ui::ComboBox* box : {&cboKuendEinh, &cboKuendEinh2}) {

@@ -3,10 +3,15 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 #include "schema/names.h"
 
 namespace pactora::definitions {
+
+// The notice periods to choose from, in weeks or months, in list order.
+inline constexpr std::array<std::string_view, 7> kNoticePeriods = {"1", "2",  "3", "4",
+                                                                   "6", "12", "0"};
 
 // A payment period fits a term that is a whole multiple of it; a term of 0
 // months has none to fit. Raises error 11 for a period of 0 with any other term.

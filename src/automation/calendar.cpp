@@ -1,0 +1,80 @@
+// Deadlines as a calendar.
+#include <fmt/format.h>
+#include <libical/ical.h>
+
+#include <memory>
+#include <string>
+
+#include "automation/deadlines.h"
+#include "platform/Date.h"
+
+namespace pactora::automation {
+namespace {
+
+struct FreeComponent {
+  void operator()(icalcomponent* component) const { icalcomponent_free(component); }
+};
+using Component = std::unique_ptr<icalcomponent, FreeComponent>;
+
+icaltimetype Day(platform::Date date) {
+  const platform::CivilDate civil = platform::ToCivil(date);
+  icaltimetype day = icaltime_null_date();
+  day.year = civil.year;
+  day.month = civil.month;
+  day.day = civil.day;
+  return day;
+}
+
+std::string Summary(const Deadline& deadline) {
+  if (deadline.kind == Deadline::Kind::End) {
+    return fmt::format("Vertrag {} endet: {}, {}", deadline.number, deadline.name,
+                       deadline.address);
+  }
+  return fmt::format("Kündigung Vertrag {} muss heute zugehen: {}, {}", deadline.number,
+                     deadline.name, deadline.address);
+}
+
+std::string Description(const Deadline& deadline) {
+  std::string text;
+  if (deadline.kind == Deadline::Kind::Notice) {
+    text = fmt::format("Kündigungsfrist läuft am {} aus.\n",
+                       platform::FormatDate(deadline.date, platform::kGermanPattern));
+  }
+  return text + fmt::format("Verantwortlich: {}", deadline.responsible);
+}
+
+icalcomponent* Event(const Deadline& deadline, const std::string& database, icaltimetype stamp) {
+  const platform::Date day = deadline.safe_receipt.value_or(deadline.date);
+  const bool notice = deadline.kind == Deadline::Kind::Notice;
+  const std::string uid =
+      fmt::format("{}-{}-{}@pactora", database, deadline.contract, notice ? "kuendigung" : "ende");
+  return icalcomponent_vanew(ICAL_VEVENT_COMPONENT, icalproperty_new_uid(uid.c_str()),
+                             icalproperty_new_dtstamp(stamp), icalproperty_new_dtstart(Day(day)),
+                             icalproperty_new_dtend(Day(platform::Date{day.days + 1})),
+                             icalproperty_new_summary(Summary(deadline).c_str()),
+                             icalproperty_new_description(Description(deadline).c_str()),
+                             icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT), nullptr);
+}
+
+}  // namespace
+
+bool HasCalendars() { return true; }
+
+std::string CalendarText(const std::vector<Deadline>& deadlines, const std::string& database,
+                         platform::Date today) {
+  icaltimetype stamp = Day(today);
+  stamp.is_date = 0;
+  stamp.zone = icaltimezone_get_utc_timezone();
+  const Component calendar(
+      icalcomponent_vanew(ICAL_VCALENDAR_COMPONENT, icalproperty_new_version("2.0"),
+                          icalproperty_new_prodid("-//Pactora//Fristen//DE"), nullptr));
+  for (const Deadline& deadline : deadlines) {
+    icalcomponent_add_component(calendar.get(), Event(deadline, database, stamp));
+  }
+  char* text = icalcomponent_as_ical_string_r(calendar.get());
+  const std::string result = text;
+  icalmemory_free_buffer(text);
+  return result;
+}
+
+}  // namespace pactora::automation

@@ -1,0 +1,49 @@
+// The dates by which somebody must act on a contract: the last day for notice and
+// the day on which it ends. They come from the contract rows, not from the
+// appointments, which a user may have changed or ticked off.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Date.h"
+#include "store/RecordStore.h"
+
+namespace pactora::automation {
+
+struct Deadline {
+  enum class Kind { Notice, End };
+
+  Kind kind = Kind::Notice;
+  store::Oid contract = 0;
+  platform::Date date;
+  // Of a notice: the last day on which its receipt is safe, one day before.
+  std::optional<platform::Date> safe_receipt;
+  std::string address;
+  std::string number;
+  std::string name;  // of the contract
+  std::string side;  // "D" or "K"
+  std::string responsible;
+};
+
+// "Kündigung" or "Ende".
+std::string Text(Deadline::Kind kind);
+
+// All from today on, with weeks only those up to so many weeks from today; by
+// date, then by contract.
+std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date today,
+                                    std::optional<std::int32_t> weeks);
+
+// Whether this build can write calendars.
+bool HasCalendars();
+
+// The deadlines as a calendar (iCalendar), an all-day event each; a notice stands
+// on its safe day. The same deadlines give the same events whenever they are
+// written, so that a calendar that imports them again replaces them.
+// database tells the events of several databases apart. Raises
+// DoorError::NotAvailable where HasCalendars is false.
+std::string CalendarText(const std::vector<Deadline>& deadlines, const std::string& database,
+                         platform::Date today);
+
+}  // namespace pactora::automation
