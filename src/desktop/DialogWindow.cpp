@@ -31,6 +31,14 @@ bool ChosenElsewhere(const ui::Control& control) {
   });
 }
 
+// Who chooses an access key first: the buttons at the bottom, which are the same
+// everywhere, and last the options, to which the arrow keys come as well.
+int RankOfKey(const ui::Control& control) {
+  if (control.Kind() == ui::ControlKind::OptionButton) return 2;
+  const auto* button = dynamic_cast<const ui::Button*>(&control);
+  return button && button->GetRole() != ui::Button::Role::Plain ? 0 : 1;
+}
+
 bool TakesLabel(const ui::Control& control) {
   switch (control.Kind()) {
     case ui::ControlKind::TextBox:
@@ -63,6 +71,7 @@ DialogWindow::~DialogWindow() { form_.RemoveObserver(*this); }
 void DialogWindow::MakeWidgets() {
   auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(0, 0, 0, 0);
+  outer->setSpacing(0);
   scroll_area_ = new QScrollArea(this);
   scroll_area_->setFrameShape(QFrame::NoFrame);
   scroll_area_->setWidgetResizable(true);
@@ -110,11 +119,8 @@ void DialogWindow::ChooseKeys() {
   for (const BinderPtr& binder : binders_) {
     if (!binder->MarkableText().isEmpty()) marked.push_back(binder.get());
   }
-  // The buttons at the bottom are the same everywhere: they choose first.
-  std::ranges::stable_partition(marked, [](const Binder* binder) {
-    const auto* button = dynamic_cast<const ui::Button*>(&binder->Control());
-    return button && button->GetRole() != ui::Button::Role::Plain;
-  });
+  std::ranges::stable_sort(marked, {},
+                           [](const Binder* binder) { return RankOfKey(binder->Control()); });
   std::vector<QString> texts;
   for (const Binder* binder : marked) texts.push_back(binder->MarkableText());
   const std::vector<QChar> keys = ChooseAccessKeys(texts);
@@ -123,10 +129,12 @@ void DialogWindow::ChooseKeys() {
 
 // The whole dialog; a scroll area alone would be content with a part.
 QSize DialogWindow::sizeHint() const {
-  const QSize body = body_->sizeHint().expandedTo(body_->minimumSizeHint());
-  const int footer = footer_ ? footer_->sizeHint().height() : 0;
-  const int width = footer_ ? footer_->sizeHint().width() : 0;
-  return {qMax(body.width(), width), body.height() + footer};
+  const QLayout& layout = *body_->layout();
+  const QSize footer = footer_ ? footer_->sizeHint() : QSize(0, 0);
+  const QSize body = layout.totalSizeHint().expandedTo(layout.totalMinimumSize());
+  const int width = qMax(body.width(), footer.width());
+  const int height = layout.hasHeightForWidth() ? layout.totalHeightForWidth(width) : 0;
+  return {width, qMax(body.height(), height) + footer.height()};
 }
 
 void DialogWindow::FitToScreen() {
@@ -289,10 +297,10 @@ void DialogWindow::ShowFocus(Qt::FocusReason reason) {
     const bool from_behind = reason == Qt::BacktabFocusReason && stops.back()->isEnabled();
     (from_behind ? stops.back() : *open)->setFocus(reason);
   }
-  if (auto* line = qobject_cast<QLineEdit*>(focusWidget());
-      line && reason != Qt::MouseFocusReason) {
-    line->selectAll();
-  }
+  // Coming by mouse or by typing, a person has put the caret where it is to be.
+  const bool by_key = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                      reason == Qt::ShortcutFocusReason;
+  if (auto* line = qobject_cast<QLineEdit*>(focusWidget()); line && by_key) line->selectAll();
   scroll_area_->ensureWidgetVisible(&binder->Widget());
 }
 

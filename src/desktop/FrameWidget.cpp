@@ -1,9 +1,9 @@
 #include "desktop/FrameWidget.h"
 
-#include <qdrawutil.h>
+#include <QtWidgets/qdrawutil.h>
 
 #include <QEvent>
-#include <QLayout>
+#include <QImage>
 #include <QStyle>
 #include <QStyleOptionFrame>
 
@@ -19,6 +19,31 @@ constexpr int kBelowCaption = 5;  // likewise from the caption
 
 // The style that draws as computers did before visual styles.
 constexpr char kPlainStyle[] = "windows";
+
+void DrawGroupBox(QStyleOptionFrame& option, QPainter& painter, const QWidget& widget) {
+  option.lineWidth = 1;
+  option.midLineWidth = 0;
+  option.state |= QStyle::State_Sunken;
+  widget.style()->drawPrimitive(QStyle::PE_FrameGroupBox, &option, &painter, &widget);
+}
+
+// How far below the top of its rectangle a style draws a group box: some leave room
+// for a title of their own.
+int TopInset(const QWidget& widget) {
+  constexpr int kProbe = 200;  // higher than any title
+  QImage image(kProbe, kProbe, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  QStyleOptionFrame option;
+  option.initFrom(&widget);
+  option.rect = image.rect();
+  DrawGroupBox(option, painter, widget);
+  painter.end();
+  for (int y = 0; y < kProbe; ++y) {
+    if (image.pixelColor(kProbe / 2, y).alpha() > 0) return y;
+  }
+  return 0;
+}
 
 QRect ToQt(const ui::Rectangle& r) { return {r.left, r.top, r.right - r.left, r.bottom - r.top}; }
 
@@ -59,11 +84,8 @@ void QtFrameSurface::DrawThemeBackground(Theme, std::int32_t, std::int32_t,
   if (!painter_) return;
   QStyleOptionFrame option;
   option.initFrom(&widget_);
-  option.rect = ToQt(rectangle);
-  option.lineWidth = 1;
-  option.midLineWidth = 0;
-  option.state |= QStyle::State_Sunken;
-  widget_.style()->drawPrimitive(QStyle::PE_FrameGroupBox, &option, painter_, &widget_);
+  option.rect = ToQt(rectangle).adjusted(0, -TopInset(widget_), 0, 0);
+  DrawGroupBox(option, *painter_, widget_);
 }
 
 void QtFrameSurface::DrawThemeText(Theme, std::int32_t, std::int32_t, std::string_view text,

@@ -4,8 +4,9 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
-#include <QStyleFactory>
 #include <QTranslator>
+
+#include "desktop/OfficeStyle.h"
 
 namespace pactora::desktop {
 namespace {
@@ -31,10 +32,10 @@ constexpr RoleColor kLight[] = {{QPalette::Window, 0xFFF3F4F6},
 
 constexpr RoleColor kDark[] = {{QPalette::Window, 0xFF2B2D31},
                                {QPalette::WindowText, 0xFFE8E9EB},
-                               {QPalette::Base, 0xFF1E1F22},
-                               {QPalette::AlternateBase, 0xFF2B2D31},
+                               {QPalette::Base, 0xFF3A3D43},
+                               {QPalette::AlternateBase, 0xFF33363B},
                                {QPalette::Text, 0xFFE8E9EB},
-                               {QPalette::Button, 0xFF3A3D43},
+                               {QPalette::Button, 0xFF484C54},
                                {QPalette::ButtonText, 0xFFE8E9EB},
                                {QPalette::ToolTipBase, 0xFF3A3D43},
                                {QPalette::ToolTipText, 0xFFE8E9EB},
@@ -69,8 +70,8 @@ void UseGerman(QApplication& application) {
   }
 }
 
-void UseTheme(QApplication&, Theme theme) {
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+void UseTheme(Theme theme) {
+  QApplication::setStyle(new OfficeStyle);  // the application owns it
   if (theme == Theme::Light) QApplication::setPalette(PaletteOf(kLight));
   if (theme == Theme::Dark) QApplication::setPalette(PaletteOf(kDark));
 }

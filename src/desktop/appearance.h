@@ -10,6 +10,6 @@ enum class Theme { System, Light, Dark };
 // German dates, numbers and texts of Qt's own menus.
 void UseGerman(QApplication& application);
 // System keeps what the desktop of the machine asks for.
-void UseTheme(QApplication& application, Theme theme);
+void UseTheme(Theme theme);
 
 }  // namespace pactora::desktop

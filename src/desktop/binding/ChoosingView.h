@@ -3,9 +3,21 @@
 
 #include <QAbstractItemView>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 #include <functional>
 
 namespace pactora::desktop {
+
+// Rows with air around their text.
+class RoomyDelegate final : public QStyledItemDelegate {
+ public:
+  static constexpr int kAir = 6;  // pixels above and below together
+
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index).grownBy(QMargins(0, 0, 0, kAir));
+  }
+};
 
 template <typename View>
 class ChoosingView : public View {
@@ -15,6 +27,7 @@ class ChoosingView : public View {
     this->setSelectionBehavior(QAbstractItemView::SelectRows);
     this->setEditTriggers(QAbstractItemView::NoEditTriggers);
     this->setFocusPolicy(Qt::TabFocus);
+    this->setItemDelegate(new RoomyDelegate(this));
   }
 
   // A person chose a row, perhaps the chosen one again; from 0.

@@ -16,6 +16,7 @@ namespace {
 // as wide as what it shows.
 constexpr int kMeasuredEntries = 100;
 constexpr int kUsualCharacters = 18;
+constexpr int kFewestCharacters = 3;
 constexpr int kOpenEntries = 20;
 
 // The wheel scrolls the dialog and changes nothing in a box that it passes over.
@@ -66,9 +67,9 @@ class ComboBoxBinder final : public Binder {
     if (entries_changed_) {
       entries_->Reload();
       const bool measured = model_.Count() <= kMeasuredEntries;
-      box_.setSizeAdjustPolicy(measured ? QComboBox::AdjustToContents
+      box_.setSizeAdjustPolicy(measured ? QComboBox::AdjustToContentsOnFirstShow
                                         : QComboBox::AdjustToMinimumContentsLengthWithIcon);
-      box_.setMinimumContentsLength(measured ? 0 : kUsualCharacters);
+      box_.setMinimumContentsLength(measured ? kFewestCharacters : kUsualCharacters);
     }
     entries_changed_ = false;
     if (box_.currentIndex() != model_.ListIndex()) box_.setCurrentIndex(model_.ListIndex());

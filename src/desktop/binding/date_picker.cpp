@@ -83,7 +83,7 @@ class DatePickerBinder final : public Binder {
     edit_->setFocusPolicy(Qt::TabFocus);
     edit_->Moved = [this](int days, int months) { Move(days, months); };
     edit_->OpenCalendar = [this] { OpenCalendar(); };
-    connect(edit_, &QLineEdit::textEdited, this, [this] { typed_ = true; });
+    connect(edit_, &QLineEdit::textEdited, this, [this] { Typed(); });
     row->addWidget(edit_);
     open_ = new QToolButton(&widget_);
     open_->setObjectName(name + QLatin1String("_open"));
@@ -133,6 +133,12 @@ class DatePickerBinder final : public Binder {
 
  private:
   static QString tr(const char* text) { return QString::fromUtf8(text); }
+
+  // Whoever types into the box is in it, however the focus came here.
+  void Typed() {
+    typed_ = door_.Act(picker_, [this](ui::Person& person) { return person.Enter(picker_); });
+    if (!typed_) ShowOwn(ui::Property::Value);
+  }
 
   void Pick(std::optional<platform::Date> date) {
     typed_ = false;

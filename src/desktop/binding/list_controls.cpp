@@ -1,6 +1,7 @@
 #include <QHeaderView>
 #include <QListView>
 #include <QTreeView>
+#include <algorithm>
 #include <numeric>
 
 #include "desktop/binding/ChoosingView.h"
@@ -12,10 +13,11 @@
 namespace pactora::desktop {
 namespace {
 
-constexpr int kLines = 6;  // that a list shows at least
+constexpr int kLines = 6;            // that a list shows at least
+constexpr int kNameCharacters = 36;  // of what tells rows apart, besides the captions
 
 int HeightOfLines(const QWidget& widget, int lines) {
-  return (widget.fontMetrics().height() + 4) * lines;
+  return (widget.fontMetrics().height() + RoomyDelegate::kAir) * lines;
 }
 
 class EntryView final : public ChoosingView<QListView> {
@@ -40,13 +42,14 @@ class RowView final : public ChoosingView<QTreeView> {
     header()->setStretchLastSection(false);
   }
 
-  void HideStorage() {
+  // To be called when the rows have changed.
+  void ShowColumns() {
     for (int i = 0; i < header()->count(); ++i) setColumnHidden(i, Share(i) == 0);
     ShareWidth();
   }
 
   QSize sizeHint() const override {
-    return {qMax(HeaderWidth(), fontMetrics().averageCharWidth() * 40),
+    return {HeaderWidth() + fontMetrics().averageCharWidth() * kNameCharacters,
             HeightOfLines(*this, kLines + 1)};
   }
   QSize minimumSizeHint() const override { return {HeaderWidth(), HeightOfLines(*this, kLines)}; }
@@ -69,20 +72,25 @@ class RowView final : public ChoosingView<QTreeView> {
     return width;
   }
 
-  // No column is narrower than its caption; what is left is shared out.
+  // No column is narrower than its caption; what it shows fits as well, except in
+  // the column with the largest share, which gets what is left.
   void ShareWidth() {
     const auto& columns = list_.Columns();
     const int shares = std::accumulate(columns.begin(), columns.end(), 0,
                                        [](int sum, const auto& c) { return sum + c.width; });
-    int left = viewport()->width();
-    int shares_left = shares;
-    for (int i = header()->count() - 1; i >= 0 && shares_left > 0; --i) {
-      if (Share(i) == 0) continue;
-      const int width = qMax(left * Share(i) / shares_left, header()->sectionSizeHint(i));
+    const auto largest = std::ranges::max_element(columns, {}, &ui::ListView::Column::width);
+    const int room = viewport()->width();
+    int left = room;
+    for (int i = 0; i < header()->count(); ++i) {
+      if (Share(i) == 0 || i == largest - columns.begin()) continue;
+      const int width =
+          std::max({room * Share(i) / shares, header()->sectionSizeHint(i), sizeHintForColumn(i)});
       header()->resizeSection(i, width);
       left -= width;
-      shares_left -= Share(i);
     }
+    if (largest == columns.end() || largest->width == 0) return;
+    const int widest = static_cast<int>(largest - columns.begin());
+    header()->resizeSection(widest, qMax(left, header()->sectionSizeHint(widest)));
   }
 
   const ui::ListView& list_;
@@ -140,7 +148,6 @@ class ListViewBinder final : public Binder {
       : Binder(door, list), list_(list), view_(*new RowView(list, &parent)) {
     model_ = new RowModel(list, &view_);
     view_.setModel(model_);
-    view_.HideStorage();
     view_.Chosen = [this](int row) {
       Act([&](ui::Person& person) { return person.Choose(list_, row); });
     };
@@ -154,7 +161,10 @@ class ListViewBinder final : public Binder {
   std::vector<QWidget*> PressTargets() const override { return {view_.viewport()}; }
 
   void Refresh() override {
-    if (rows_changed_) model_->Reload();
+    if (rows_changed_) {
+      model_->Reload();
+      view_.ShowColumns();
+    }
     if (rows_changed_ || choice_changed_) view_.ShowRow(list_.SelectedRow() - 1);
     rows_changed_ = choice_changed_ = false;
   }

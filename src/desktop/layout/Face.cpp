@@ -44,7 +44,7 @@ QWidget* Face::Footer(std::initializer_list<std::string_view> notes,
                       std::initializer_list<std::string_view> buttons) const {
   auto* strip = new QWidget;
   auto* row = Row(*strip);
-  row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin);
+  row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   for (const std::string_view note : notes) row->addWidget(&(*this)[note]);
   row->addStretch();
   for (const std::string_view button : buttons) row->addWidget(&(*this)[button]);

@@ -1,0 +1,356 @@
+// Each kind of control and its widget, in both directions: the program changes the
+// control and the widget shows it; a person acts on the widget and the control has it.
+#include <QCalendarWidget>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeView>
+
+#include "desktop/sample_window.h"
+
+namespace pactora::desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+platform::Date Day(int day, int month, int year) { return platform::FromCivil(year, month, day); }
+
+class Binding : public SampleWindowTest {
+ protected:
+  Binding() { form.txtDauer.Validate = nullptr; }  // it has the focus at first
+};
+
+TEST_F(Binding, EveryControlHasOneWidgetOfItsName) {
+  Show([&](WindowUser& user) {
+    for (const ui::Control* control : form.Controls()) {
+      const auto found =
+          user.Window().findChildren<QWidget*>(QString::fromStdString(control->Name()));
+      EXPECT_EQ(found.size(), 1) << control->Name();
+    }
+  });
+}
+
+TEST_F(Binding, WhatAllControlsHaveFollowsTheProgram) {
+  Show([&](WindowUser& user) {
+    for (ui::Control* control : form.Controls()) {
+      const QWidget& widget = user.Get(control->Name().c_str());
+      control->SetToolTip("Hilfe zu " + control->Name());
+      EXPECT_EQ(widget.toolTip().toStdString(), control->ToolTip());
+      control->SetEnabled(false);
+      EXPECT_FALSE(widget.isEnabled()) << control->Name();
+      control->SetEnabled(true);
+      EXPECT_TRUE(widget.isEnabledTo(widget.parentWidget())) << control->Name();
+      const auto* frame = dynamic_cast<const ui::Frame*>(control);
+      if (frame && !frame->Overlapping().empty()) continue;
+      control->SetVisible(false);
+      EXPECT_TRUE(widget.isHidden()) << control->Name();
+      control->SetVisible(true);
+      EXPECT_FALSE(widget.isHidden()) << control->Name();
+    }
+  });
+}
+
+TEST_F(Binding, ATextBoxTakesKeysAtTheCaretThroughItsFilter) {
+  Show([&](WindowUser& user) {
+    form.on_key = [](std::int32_t& key) {
+      if (key == '.') key = ',';
+      if (key == 'x') key = 0;
+    };
+    auto& edit = user.Get<QLineEdit>("txtDauer");
+    form.txtDauer.SetText("12");
+    EXPECT_EQ(edit.text(), "12");
+    user.GoTo("txtDauer");
+    user.Key(Qt::Key_Home);
+    form.Ran();
+    user.Keys("3x");
+    user.TypeCharacter('.', Qt::KeypadModifier);
+    EXPECT_EQ(form.txtDauer.Text(), "3,12");
+    EXPECT_EQ(edit.text(), "3,12");
+    EXPECT_EQ(edit.cursorPosition(), 2);
+    user.Key(Qt::Key_Backspace);
+    user.Key(Qt::Key_Delete);
+    EXPECT_EQ(form.txtDauer.Text(), "32");
+    EXPECT_THAT(form.Ran(),
+                ElementsAre("txtDauer_KeyPress 51", "txtDauer_Change", "txtDauer_KeyPress 120",
+                            "txtDauer_KeyPress 46", "txtDauer_Change", "txtDauer_KeyPress 8",
+                            "txtDauer_Change", "txtDauer_Change"));
+  });
+}
+
+TEST_F(Binding, PastedTextPassesTheKeyFilterBy) {
+  Show([&](WindowUser& user) {
+    form.on_key = [](std::int32_t& key) { key = 0; };
+    user.GoTo("txtDauer");
+    user.Get<QLineEdit>("txtDauer").insert("abc");
+    EXPECT_EQ(form.txtDauer.Text(), "abc");
+  });
+}
+
+TEST_F(Binding, AProgramMayRewriteWhatIsBeingTyped) {
+  Show([&](WindowUser& user) {
+    form.txtDauer.Change = [&] { form.txtDauer.SetText("0" + form.txtDauer.Text().substr(1)); };
+    user.GoTo("txtDauer");
+    user.Keys("12");
+    EXPECT_EQ(user.Text("txtDauer"), "02");
+    EXPECT_EQ(form.txtDauer.Text(), "02");
+  });
+}
+
+TEST_F(Binding, ARedTextIsRedAndToldInWords) {
+  Show([&](WindowUser& user) {
+    const auto& edit = user.Get<QLineEdit>("txtDauer");
+    const QColor usual = edit.palette().color(QPalette::Text);
+    form.txtDauer.SetForeColor(ui::color::kRed);
+    EXPECT_EQ(edit.palette().color(QPalette::Text), QColor(255, 0, 0));
+    EXPECT_EQ(edit.accessibleDescription(), QString("rot hervorgehoben"));
+    form.txtDauer.SetForeColor(ui::color::kWindowText);
+    EXPECT_EQ(edit.palette().color(QPalette::Text), usual);
+    EXPECT_TRUE(edit.accessibleDescription().isEmpty());
+  });
+}
+
+TEST_F(Binding, ALongTextHasLines) {
+  Show([&](WindowUser& user) {
+    auto& edit = user.Get<QPlainTextEdit>("txtMemo");
+    form.txtMemo.SetText("eins\r\nzwei");
+    EXPECT_EQ(edit.toPlainText(), "eins\nzwei");
+    user.GoTo("txtMemo");
+    user.Key(Qt::Key_End, Qt::ControlModifier);
+    user.Key(Qt::Key_Return);
+    user.Keys("drei ü");
+    EXPECT_EQ(form.txtMemo.Text(), "eins\r\nzwei\r\ndrei ü");
+  });
+}
+
+TEST_F(Binding, ABoxOfEntriesShowsAndTakesOne) {
+  Show([&](WindowUser& user) {
+    auto& box = user.Get<QComboBox>("cboList");
+    EXPECT_EQ(box.currentIndex(), -1);
+    form.cboList.AddItem("Jahre", 365);
+    form.cboList.SetListIndex(1);
+    QApplication::processEvents();
+    EXPECT_EQ(box.count(), 3);
+    EXPECT_EQ(box.currentText(), "Monate");
+    form.Ran();
+    user.ChooseEntry("cboList", "Jahre");
+    EXPECT_EQ(form.cboList.Text(), "Jahre");
+    EXPECT_THAT(form.Ran(), ElementsAre("cboList_Click"));
+    user.ChooseEntry("cboList", "Jahre");
+    EXPECT_THAT(form.Ran(), IsEmpty());
+  });
+}
+
+TEST_F(Binding, ABoxOfFreeTextTakesTextAndEntries) {
+  Show([&](WindowUser& user) {
+    auto& box = user.Get<QComboBox>("cboFree");
+    form.cboFree.SetText("Meter");
+    QApplication::processEvents();
+    EXPECT_EQ(box.currentText(), "Meter");
+    user.Retype("cboFree", "St");
+    EXPECT_EQ(form.cboFree.Text(), "St");
+    user.Keys("ück");
+    EXPECT_EQ(form.cboFree.ListIndex(), 0);
+    user.Retype("cboFree", "x");
+    user.ChooseEntry("cboFree", "Stück");
+    EXPECT_EQ(form.cboFree.Text(), "Stück");
+    EXPECT_EQ(box.currentText(), "Stück");
+  });
+}
+
+TEST_F(Binding, AListBoxShowsAndTakesOneEntry) {
+  Show([&](WindowUser& user) {
+    const auto& view = user.Get<QAbstractItemView>("lstRows");
+    const auto shown = [&] { return view.currentIndex().row(); };
+    EXPECT_EQ(shown(), -1);
+    form.lstRows.SetListIndex(1);
+    QApplication::processEvents();
+    EXPECT_EQ(shown(), 1);
+    form.Ran();
+    user.ClickRow("lstRows", 0);
+    EXPECT_EQ(form.lstRows.ListIndex(), 0);
+    user.Key(Qt::Key_Down);
+    EXPECT_EQ(form.lstRows.ListIndex(), 1);
+    EXPECT_THAT(form.Ran(), ElementsAre("lstRows_Click", "lstRows_Click"));
+    form.lstRows.SetBackColor(ui::color::kButtonFace);
+    EXPECT_EQ(view.palette().color(QPalette::Base), QPalette().color(QPalette::Window));
+    form.lstRows.Clear();
+    QApplication::processEvents();
+    EXPECT_EQ(view.model()->rowCount(), 0);
+  });
+}
+
+TEST_F(Binding, AListViewHidesItsStorageAndCountsEveryClick) {
+  Show([&](WindowUser& user) {
+    const auto& view = user.Get<QTreeView>("lvwRows");
+    EXPECT_TRUE(view.isColumnHidden(0));
+    EXPECT_FALSE(view.isColumnHidden(1));
+    form.lvwRows.AddRow("7", {"Wartung"}, "Wartung eines Servers");
+    form.lvwRows.AddRow("8", {"Hotline"});
+    QApplication::processEvents();
+    ASSERT_EQ(view.model()->rowCount(), 2);
+    const QModelIndex first = view.model()->index(0, 1);
+    EXPECT_EQ(first.data().toString(), "Wartung");
+    EXPECT_EQ(first.data(Qt::ToolTipRole).toString(), "Wartung eines Servers");
+    EXPECT_EQ(view.currentIndex().row(), 0);
+    user.ClickRow("lvwRows", 1);
+    user.ClickRow("lvwRows", 1);
+    user.Key(Qt::Key_Up);
+    EXPECT_EQ(form.lvwRows.SelectedRow(), 1);
+    EXPECT_THAT(form.Ran(),
+                ElementsAre("lvwRows_ItemClick 2", "lvwRows_ItemClick 2", "lvwRows_ItemClick 1"));
+    form.lvwRows.RemoveRow(1);
+    QApplication::processEvents();
+    EXPECT_FALSE(view.currentIndex().isValid());
+  });
+}
+
+TEST_F(Binding, ARowThatAClickDoesNotKeepIsShownAgain) {
+  Show([&](WindowUser& user) {
+    form.lvwRows.AddRow("", {"eins"});
+    form.lvwRows.AddRow("", {"zwei"});
+    form.lvwRows.RowClick = [&](std::int32_t) {
+      screen.ShowMessage({"Nein."});
+      form.lvwRows.SelectRow(1);
+    };
+    QApplication::processEvents();
+    ExpectMessage("Nein.");
+    user.ClickRow("lvwRows", 1);
+    EXPECT_EQ(user.Get<QTreeView>("lvwRows").currentIndex().row(), 0);
+  });
+}
+
+TEST_F(Binding, OptionsExcludeEachOther) {
+  Show([&](WindowUser& user) {
+    form.optA.SetValue(true);
+    EXPECT_TRUE(user.Get<QRadioButton>("optA").isChecked());
+    form.Ran();
+    user.Click("optB");
+    EXPECT_TRUE(form.optB.Value());
+    EXPECT_FALSE(user.Get<QRadioButton>("optA").isChecked());
+    user.Click("optB");
+    user.Click("optElsewhere");
+    EXPECT_TRUE(form.optB.Value());
+    EXPECT_THAT(form.Ran(), ElementsAre("optB_Click", "optElsewhere_Click"));
+    form.optB.SetValue(false);
+    EXPECT_FALSE(user.Get<QRadioButton>("optB").isChecked());
+  });
+}
+
+TEST_F(Binding, ACheckBoxFollowsAndIsTicked) {
+  Show([&](WindowUser& user) {
+    const auto& box = user.Get<QCheckBox>("chkFlag");
+    form.chkFlag.SetChecked(true);
+    form.chkFlag.SetCaption("Frei & offen");
+    EXPECT_TRUE(box.isChecked());
+    EXPECT_EQ(QString(box.text()).remove("&&").count('&'), 1) << box.text().toStdString();
+    form.Ran();
+    user.Click("chkFlag");
+    EXPECT_FALSE(form.chkFlag.Checked());
+    user.Key(Qt::Key_Space);
+    EXPECT_TRUE(form.chkFlag.Checked());
+    EXPECT_THAT(form.Ran(), ElementsAre("chkFlag_Click", "chkFlag_Click"));
+  });
+}
+
+TEST_F(Binding, ATypedDateIsTakenWhenTheBoxIsLeft) {
+  form.dtpStart.SetValue(Day(1, 2, 2024));
+  Show([&](WindowUser& user) {
+    EXPECT_EQ(user.Text("dtpStart_edit"), "01.02.2024");
+    user.Retype("dtpStart", "15.3.24");
+    EXPECT_THAT(form.Ran(), IsEmpty());
+    user.Key(Qt::Key_Tab);
+    EXPECT_EQ(form.dtpStart.Value(), Day(15, 3, 2024));
+    EXPECT_EQ(user.Text("dtpStart_edit"), "15.03.2024");
+    EXPECT_THAT(form.Ran(), ElementsAre("dtpStart_Change"));
+    user.GoTo("dtpStart");
+    user.Key(Qt::Key_Up);
+    user.Key(Qt::Key_PageDown);
+    EXPECT_EQ(form.dtpStart.Value(), Day(16, 2, 2024));
+    user.Retype("dtpStart", "1.1.23");
+    user.Key(Qt::Key_Return);
+    EXPECT_EQ(form.dtpStart.Value(), Day(1, 1, 2023));
+    EXPECT_EQ(form.Ran().back(), "cmdOK_Click");
+  });
+}
+
+TEST_F(Binding, ADateTypedWithoutTheFocusIsNotLost) {
+  Show([&](WindowUser& user) {
+    auto& edit = user.Get<QLineEdit>("dtpStart_edit");
+    edit.selectAll();
+    QTest::keyClicks(&edit, "5.5.25");
+    user.Click("chkFlag");
+    EXPECT_EQ(form.dtpStart.Value(), Day(5, 5, 2025));
+  });
+}
+
+TEST_F(Binding, WhatIsNoDateIsNotLeft) {
+  form.dtpStart.SetValue(Day(1, 2, 2024));
+  Show([&](WindowUser& user) {
+    ExpectMessage("„31.2.“ ist kein Datum.\nGeben Sie es in der Form TT.MM.JJJJ ein!");
+    user.Retype("dtpStart", "31.2.");
+    user.Click("chkFlag");
+    EXPECT_EQ(user.Focus(), "dtpStart");
+    EXPECT_FALSE(form.chkFlag.Checked());
+    user.Key(Qt::Key_Escape);
+    EXPECT_FALSE(form.Visible());
+    EXPECT_EQ(form.dtpStart.Value(), Day(1, 2, 2024));
+  });
+}
+
+TEST_F(Binding, ADateIsUntickedAndTickedAgain) {
+  form.dtpClosed.SetValue(Day(1, 2, 2024));
+  Show([&](WindowUser& user) {
+    user.Click("dtpClosed_tick");
+    EXPECT_TRUE(form.dtpClosed.IsNull());
+    EXPECT_FALSE(user.Get("dtpClosed_edit").isEnabled());
+    user.Key(Qt::Key_Space);
+    EXPECT_EQ(form.dtpClosed.Value(), Day(1, 2, 2024));
+    EXPECT_THAT(form.Ran(), ElementsAre("dtpClosed_Change", "dtpClosed_Change"));
+    form.dtpClosed.SetNull();
+    EXPECT_FALSE(user.Get<QCheckBox>("dtpClosed_tick").isChecked());
+  });
+}
+
+TEST_F(Binding, TheCalendarGivesADay) {
+  form.dtpStart.SetValue(Day(1, 2, 2024));
+  Show([&](WindowUser& user) {
+    user.GoTo("dtpStart");
+    user.Key(Qt::Key_F4);
+    auto* calendar = user.Window().findChild<QCalendarWidget*>();
+    ASSERT_TRUE(calendar && calendar->isVisible());
+    EXPECT_EQ(calendar->selectedDate(), QDate(2024, 2, 1));
+    emit calendar->clicked(QDate(2024, 2, 29));
+    EXPECT_EQ(form.dtpStart.Value(), Day(29, 2, 2024));
+    EXPECT_FALSE(calendar->isVisible());
+  });
+}
+
+TEST_F(Binding, CaptionsAndTitleFollow) {
+  Show([&](WindowUser& user) {
+    form.SetCaption("Muster");
+    EXPECT_EQ(user.Window().windowTitle(), "Muster");
+    form.lblDauer.SetCaption("A & B");
+    EXPECT_EQ(user.Get<QLabel>("lblDauer").text(), "A & B");
+    form.lblDauer.SetBold(true);
+    EXPECT_TRUE(user.Get<QLabel>("lblDauer").font().bold());
+    form.cmdOK.SetCaption("Übernehmen");
+    EXPECT_EQ(user.Get<QPushButton>("cmdOK").text().remove('&'), "Übernehmen");
+  });
+}
+
+TEST_F(Binding, TheFrameInFrontIsTheOneThatIsSeen) {
+  Show([&](WindowUser& user) {
+    EXPECT_TRUE(user.Get("cmdAdd").isVisible());
+    EXPECT_FALSE(user.Get("txtNote").isVisible());
+    form.fraPositionenK.BringToFront();
+    EXPECT_FALSE(user.Get("cmdAdd").isVisible());
+    EXPECT_TRUE(user.Get("txtNote").isVisible());
+    form.fraTyp.SetEnabled(false);
+    EXPECT_FALSE(user.Get("txtDauer").isEnabled());
+  });
+}
+
+}  // namespace
+}  // namespace pactora::desktop

@@ -1,0 +1,131 @@
+// A small company with the add-on on windows, and the same company with the add-on
+// on a screen of expectations: what is done at the one by events must leave the rows
+// that the other gets through ui::Person.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/QtScreen.h"
+#include "desktop/WindowSteps.h"
+#include "desktop/window_user.h"
+#include "newcontract/dialog_world.h"
+#include "shell/entry/CVV.h"
+#include "support/contract_world.h"
+#include "support/dialog_user.h"
+
+namespace pactora::desktop {
+
+namespace table = schema::table;
+namespace field = schema::field;
+
+// Contract types, attributes and workflows on top of the company of the world.
+inline void Furnish(support::ContractWorld& world) {
+  using newcontract::Position;
+  using newcontract::Quarterly;
+  const auto type = [&](const support::Values& values) {
+    const store::Oid oid = world.Add(table::vv_Vertragsdefinitionen, Quarterly(values));
+    world.Add(table::vv_Definitionspositionen, Position(), oid);
+    return oid;
+  };
+  type({{field::ID, "D1"},
+        {field::Bezeichnung, "Wartung"},
+        {field::WorkflowID, "W1"},
+        {field::SetztMerkmalGruppe, "Kunde"},
+        {field::SetztMerkmal, "Branche"},
+        {field::SetztWert, "Handel"}});
+  type({{field::ID, "D2"},
+        {field::Bezeichnung, "Ohne Ende"},
+        {field::Art, 3},
+        {field::ArtStr, "unbefristet"},
+        {field::Dauer, 0},
+        {field::Verlaengerungsdauer, 0}});
+  type({{field::ID, "D3"}, {field::Bezeichnung, "Zulieferung"}, {field::Typ, "K"}});
+  const store::Oid group = world.Add(table::MerkmalgruppeAdressen, {{field::Gruppe, "Kunde"}});
+  const auto attribute = [&](const char* name, std::initializer_list<const char*> values) {
+    const store::Oid oid = world.Add(table::MerkmallisteAdressen, {{field::Merkmal, name}}, group);
+    for (const char* value : values) {
+      world.Add(table::WerteMerkmalAdressen, {{field::Wert, value}}, oid);
+    }
+  };
+  attribute("Branche", {"Handel", "Industrie"});
+  attribute("Kunde seit", {"<Datum>"});
+  world.Add(table::KELDO_Vorgaenge,
+            {{field::ID, "W1"}, {field::Betreff, "Verlängern"}, {field::Status, "freigegeben"}});
+  world.host.EndUnit();
+}
+
+// All rows that the dialogs write, as readable text.
+inline std::vector<std::string> Written(support::ContractWorld& world) {
+  std::vector<std::string> lines;
+  for (const auto name :
+       {table::vv_Vertraege, table::vv_Vertragsstaende, table::vv_Vertragspositionen,
+        table::vv_VertragsAktivitaeten, table::Adressmerkmale, table::KELM_Nummern,
+        table::vv_Vertragsdefinitionen, table::vv_Definitionspositionen}) {
+    for (const support::Row& row : world.Rows(name)) {
+      std::string line(name);
+      line += " " + std::to_string(row.parent) + "/" + std::to_string(row.oid);
+      for (const auto& [field_name, value] : row.cells) {
+        if (!value.IsEmpty()) line += " " + field_name + "=" + newcontract::Shown(value);
+      }
+      lines.push_back(line);
+    }
+  }
+  return lines;
+}
+
+// A call of the add-on in the company with windows.
+struct Office {
+  Office() { Furnish(world); }
+
+  void NewContract() {
+    bool show_details = false;
+    world.Goto(table::Adressen, world.address);
+    entry.NewContract(world.host.App(), saved, status_rows, show_details);
+  }
+  void NewType() { entry.EditContractDefinition(world.host.App(), true); }
+  void EditType(std::string_view name) {
+    for (const support::Row& row : world.Rows(table::vv_Vertragsdefinitionen)) {
+      if (newcontract::Shown(row[field::Bezeichnung]) == name) {
+        world.Goto(table::vv_Vertragsdefinitionen, row.oid);
+      }
+    }
+    entry.EditContractDefinition(world.host.App(), false);
+  }
+
+  support::ContractWorld world;
+  QtScreen screen{[this] { world.host.EndUnit(); }};
+  shell::Module module{{screen, world.clock, platform::Locale{}, embedded::CreateErrorTexts,
+                        [this] { return world.host.App(); }}};
+  shell::CVV entry{module};
+  bool saved = false;
+  std::int32_t status_rows = 0;
+};
+
+// The same call in the company with the expecting screen.
+struct Rehearsal {
+  Rehearsal() { Furnish(world); }
+
+  using Acts = std::function<void(support::DialogUser& user)>;
+  void Expect(const char* dialog, const Acts& acts) {
+    world.screen.ExpectDialog(dialog, [acts](ui::Form& form, ui::Person& person) {
+      support::DialogUser user(form, person);
+      acts(user);
+    });
+  }
+  void NewContract() {
+    bool show_details = false;
+    world.Goto(table::Adressen, world.address);
+    entry.NewContract(world.host.App(), saved, status_rows, show_details);
+  }
+  void NewType() { entry.EditContractDefinition(world.host.App(), true); }
+
+  support::ContractWorld world;
+  shell::CVV entry{world.module};
+  bool saved = false;
+  std::int32_t status_rows = 0;
+};
+
+}  // namespace pactora::desktop
