@@ -64,6 +64,7 @@ std::string CalendarText(const std::vector<Deadline>& deadlines, const std::stri
                          platform::Date today) {
   icaltimetype stamp = Day(today);
   stamp.is_date = 0;
+  stamp.hour = stamp.minute = stamp.second = 0;
   stamp.zone = icaltimezone_get_utc_timezone();
   const Component calendar(
       icalcomponent_vanew(ICAL_VCALENDAR_COMPONENT, icalproperty_new_version("2.0"),

@@ -25,6 +25,9 @@ constexpr std::int32_t kLongestFirstTerm = 24;  // months
 constexpr std::int32_t kLongestNoticeMonths = 1;
 constexpr std::int32_t kLongestNoticeWeeks = 4;
 
+constexpr std::string_view kNoticeText = "Kündigungsfrist";
+constexpr std::string_view kRenewalNoticeText = "Kündigungsfrist der Verlängerung";
+
 class Row {
  public:
   Row(const schema::Table& schema, store::Record record)
@@ -89,21 +92,21 @@ class Checker {
     }
   }
 
-  void CheckNotice(std::string_view name) {
+  void CheckNotice(std::string_view name, std::string_view what) {
     const std::int32_t notice = type_->Long(name);
     const auto& known = definitions::kNoticePeriods;
     if (std::find(known.begin(), known.end(), std::to_string(notice)) == known.end()) {
-      Fault(fmt::format("die {} {} steht nicht in der Liste", name, notice));
+      Fault(fmt::format("die {} {} steht nicht in der Liste", what, notice));
     }
   }
 
   void CheckTerms() {
     CheckPeriod(type_->Long(field::Dauer), type_->Long(field::Zahlungsperiode), "Dauer");
-    CheckNotice(field::Kuendigungsfrist);
+    CheckNotice(field::Kuendigungsfrist, kNoticeText);
     if (!Renews()) return;
     CheckPeriod(type_->Long(field::Verlaengerungsdauer),
                 type_->Long(field::VerlaengerungsZahlungsperiode), "Verlängerungsdauer");
-    CheckNotice(field::VerlKuendigungsfrist);
+    CheckNotice(field::VerlKuendigungsfrist, kRenewalNoticeText);
   }
 
   void CheckPositions() {
@@ -182,12 +185,12 @@ class Checker {
     if (!there) Fault(fmt::format("der Workflow {} ist nicht mehr vorhanden", workflow));
   }
 
-  void HintAtNotice(std::string_view name, std::string_view unit_field) {
+  void HintAtNotice(std::string_view name, std::string_view unit_field, std::string_view what) {
     const std::int32_t notice = type_->Long(name);
     const bool weeks = type_->Text(unit_field) == schema::kWeeks;
     if (notice > (weeks ? kLongestNoticeWeeks : kLongestNoticeMonths)) {
-      Hint(fmt::format("Verbraucher: {} von {} {}, erlaubt ist ein Monat", name, notice,
-                       weeks ? schema::kWeeks : schema::kMonths));
+      Hint(fmt::format("Verbraucher: {} von {} {}, erlaubt ist ein Monat", what, notice,
+                       weeks ? "Wochen" : "Monaten"));
     }
   }
 
@@ -202,9 +205,10 @@ class Checker {
           fmt::format("Verbraucher: Verlängerung um {} Monate, erlaubt ist nur auf unbestimmte "
                       "Zeit",
                       type_->Long(field::Verlaengerungsdauer)));
-      HintAtNotice(field::VerlKuendigungsfrist, field::VerlKuendigungsfristEinh);
+      HintAtNotice(field::VerlKuendigungsfrist, field::VerlKuendigungsfristEinh,
+                   kRenewalNoticeText);
     }
-    HintAtNotice(field::Kuendigungsfrist, field::KuendigungsfristEinh);
+    HintAtNotice(field::Kuendigungsfrist, field::KuendigungsfristEinh, kNoticeText);
   }
 
   store::RecordStore& store_;
