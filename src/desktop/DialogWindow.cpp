@@ -122,6 +122,7 @@ void DialogWindow::ChooseKeys() {
   std::ranges::stable_sort(marked, {},
                            [](const Binder* binder) { return RankOfKey(binder->Control()); });
   std::vector<QString> texts;
+  texts.reserve(marked.size());
   for (const Binder* binder : marked) texts.push_back(binder->MarkableText());
   const std::vector<QChar> keys = ChooseAccessKeys(texts);
   for (std::size_t i = 0; i < marked.size(); ++i) marked[i]->SetAccessKey(keys[i]);
