@@ -73,7 +73,7 @@ std::string CalendarText(const std::vector<Deadline>& deadlines, const std::stri
     icalcomponent_add_component(calendar.get(), Event(deadline, database, stamp));
   }
   char* text = icalcomponent_as_ical_string_r(calendar.get());
-  const std::string result = text;
+  std::string result = text;
   icalmemory_free_buffer(text);
   return result;
 }

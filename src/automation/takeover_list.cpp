@@ -22,10 +22,10 @@ bool AllDigits(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// "1.234.567": one to three digits, then groups of three.
+// "1.234.567": one to three digits, then groups of three; at least one group.
 bool Grouped(std::string_view text) {
   const std::size_t first = text.find('.');
-  if (first == std::string_view::npos || first > 3 || !AllDigits(text.substr(0, first))) {
+  if (first > 3 || !AllDigits(text.substr(0, first))) {
     return false;
   }
   for (std::size_t at = first; at < text.size(); at += 4) {
