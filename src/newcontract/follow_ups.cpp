@@ -78,7 +78,7 @@ void frmNewContract::WriteAttribute(const SetAttribute& attribute, const std::st
     write(field::Beschreibung, description);
     step([&] { row.StoreNew(host::kFlagsNone); });
   }
-  if (error && error->Number() != kAttributeExists) throw *error;
+  if (error && error->Number() != kAttributeExists) throw platform::Error(*error);
 }
 
 }  // namespace pactora::newcontract

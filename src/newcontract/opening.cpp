@@ -68,7 +68,7 @@ void frmNewContract::Wire() {
   cmdDetails.Click = [this] { cmdDetails_Click(); };
   ChkAutoNumber.Click = [this] { ChkAutoNumber_Click(); };
   DTPVertragBeginn.Change = [this] { DTPVertragBeginn_Change(); };
-  txtRabatt.KeyPress = [this](std::int32_t& key) { txtRabatt_KeyPress(key); };
+  txtRabatt.KeyPress = [](std::int32_t& key) { txtRabatt_KeyPress(key); };
   txtRabatt.Validate = [this](bool& cancel) { txtRabatt_Validate(cancel); };
   chkOldContract.Click = [this] { chkOldContract_Click(); };
   cmdOK.Click = [this] { cmdOK_Click(); };
