@@ -13,13 +13,17 @@ ProgressBar::ProgressBar(std::size_t total)
 void ProgressBar::Advance() {
   ++done_;
   const auto now = std::chrono::steady_clock::now();
-  if (!shown_ || (drawn_ && now - last_ < std::chrono::milliseconds(100))) return;
+  if (!shown_ || now - last_ < std::chrono::milliseconds(100)) return;
   constexpr std::size_t kWidth = 40;
   const std::size_t filled = done_ * kWidth / total_;
   fmt::print(stderr, "\r[{:#<{}}{:.<{}}] {}/{}", "", filled, "", kWidth - filled, done_, total_);
   std::fflush(stderr);
   drawn_ = true;
   last_ = now;
+}
+
+void ProgressBar::ClearForOutput() {
+  if (drawn_ && ::isatty(STDOUT_FILENO) != 0) Clear();
 }
 
 void ProgressBar::Clear() {

@@ -15,8 +15,11 @@ class ProgressBar {
   ProgressBar& operator=(const ProgressBar&) = delete;
 
   void Advance();
-  // Takes the bar away, before a line is written; the next Advance draws it again.
+  // Takes the bar away, before a line is written to the terminal; a later Advance
+  // draws it again.
   void Clear();
+  // Likewise, where standard output is the terminal, too.
+  void ClearForOutput();
 
  private:
   static constexpr std::size_t kMany = 20;

@@ -75,7 +75,7 @@ class Bulk {
     try {
       const automation::MadeContract made = maker.Make(order);
       ++made_;
-      bar_->Clear();
+      bar_->ClearForOutput();
       Print(order, made);
     } catch (const platform::Error& error) {
       if (StatusOf(error) != Status::Refused) throw;
