@@ -36,7 +36,7 @@ Status StatusOf(const platform::Error& error) {
   }
 }
 
-std::string OneLine(std::string text) {
+std::string OneLine(std::string_view text) {
   std::string line;
   for (const char c : text) {
     const bool control = static_cast<unsigned char>(c) < 0x20;

@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
 
 #include "platform/Error.h"
 
@@ -24,7 +25,7 @@ Status StatusOf(const platform::Error& error);
 std::string Describe(const platform::Error& error);
 
 // Line breaks and other control characters become blanks.
-std::string OneLine(std::string text);
+std::string OneLine(std::string_view text);
 
 // "pactora: " and the text, as one line on standard error.
 void Complain(const std::string& text);
