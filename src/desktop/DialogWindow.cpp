@@ -116,6 +116,7 @@ void DialogWindow::ConnectLabels() {
 
 void DialogWindow::ChooseKeys() {
   std::vector<Binder*> marked;
+  marked.reserve(binders_.size());
   for (const BinderPtr& binder : binders_) {
     if (!binder->MarkableText().isEmpty()) marked.push_back(binder.get());
   }
