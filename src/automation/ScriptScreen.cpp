@@ -32,6 +32,8 @@ template <typename... Cases>
 struct Overloaded : Cases... {
   using Cases::operator()...;
 };
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 ui::Outcome Type(ui::Person& person, ui::Form& form, ui::Control& control,
                  const TypeAction& action) {
@@ -49,9 +51,9 @@ ui::Outcome Set(ui::Person& person, ui::Control& control, const SetAction& actio
   const auto* flag = std::get_if<bool>(&action.value);
   switch (control.Kind()) {
     case ui::ControlKind::CheckBox:
-      return flag ? person.SetCheck(control, *flag) : wrong_value;
+      return flag != nullptr ? person.SetCheck(control, *flag) : wrong_value;
     case ui::ControlKind::DatePicker: {
-      if (flag) return wrong_value;
+      if (flag != nullptr) return wrong_value;
       if (!text) return person.PickDate(control, std::nullopt);
       const auto date = platform::ParseIso(*text);
       return date ? person.PickDate(control, date)
