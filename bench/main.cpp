@@ -16,6 +16,7 @@
 #include "schema/Catalog.h"
 #include "store/memory/MemoryStore.h"
 #include "store/sqlite/SqliteStore.h"
+#include "takeover.h"
 
 namespace pactora::bench {
 namespace {
@@ -53,6 +54,14 @@ void AddOn(benchmark::State& state, const StoreMaker& make, std::int64_t contrac
   Office office(std::move(store));
   for (int i = 0; i < 20; ++i) office.ConcludeContract();
   for (auto _ : state) office.ConcludeContract();
+}
+
+// One iteration is a whole list; the counter tells lines a second.
+void Takeover(benchmark::State& state, const StoreMaker& make) {
+  TakeoverOffice office(make());
+  office.TakeOver();
+  for (auto _ : state) office.TakeOver();
+  state.SetItemsProcessed(state.iterations() * TakeoverOffice::kLines);
 }
 
 void ByHand(benchmark::State& state, const std::function<std::unique_ptr<Floor>()>& make) {
@@ -132,6 +141,9 @@ void Register(const Directory& directory) {
   Add("by_hand_on_disk", [=](benchmark::State& state) {
     ByHand(state, [=] { return SqliteFloor(filled, Place::OnDisk); });
   });
+  Add("takeover_memory", [](benchmark::State& state) { Takeover(state, InMemory); });
+  Add("takeover_on_disk",
+      [make = on_disk("takeover")](benchmark::State& state) { Takeover(state, make); });
   for (const auto& [suffix, contracts] : {std::pair("1000", 1000), std::pair("300000", 300000)}) {
     add((std::string("memory_") + suffix).c_str(), InMemory, contracts);
     add((std::string("sqlite_") + suffix).c_str(), SqliteInMemory, contracts);

@@ -1,0 +1,54 @@
+#include "takeover.h"
+
+#include <cstdlib>
+#include <iostream>
+
+#include "automation/dataset_import.h"
+#include "automation/sample/sample.h"
+#include "automation/takeover_list.h"
+#include "automation/takeover_report.h"
+#include "automation/takeover_run.h"
+
+namespace pactora::bench {
+namespace {
+
+std::string List() {
+  std::string text = "Schlüssel;Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert\n";
+  for (int i = 0; i < TakeoverOffice::kLines; ++i) {
+    text += std::to_string(i) + ";" + std::to_string(1 + i % 40) +
+            ";Hotline-Abonnement;01.01.2025;01.02.2025\n";
+  }
+  return text;
+}
+
+std::unique_ptr<store::RecordStore> Filled(std::unique_ptr<store::RecordStore> store) {
+  const auto source = automation::MemorySource("sample", std::string(automation::SampleDataset()));
+  automation::ImportDataset(*store, source, automation::SurveyDataset(source), "FIRMA");
+  return store;
+}
+
+}  // namespace
+
+struct TakeoverOffice::Parts {
+  explicit Parts(std::unique_ptr<store::RecordStore> store)
+      : run(Filled(std::move(store)), clock) {}
+
+  platform::FixedClock clock{platform::FromCivil(2026, 3, 15)};
+  automation::TakeoverList list = automation::ReadTakeoverList(List(), "list");
+  automation::TakeoverRun run;
+};
+
+TakeoverOffice::TakeoverOffice(std::unique_ptr<store::RecordStore> store)
+    : parts_(std::make_unique<Parts>(std::move(store))) {}
+
+TakeoverOffice::~TakeoverOffice() = default;
+
+void TakeoverOffice::TakeOver() {
+  automation::TakeoverReport report{std::string()};
+  const auto count = parts_->run.Run(parts_->list, report, "bench", [] {});
+  if (count.created == kLines) return;
+  std::cerr << automation::ReportText(report.Lines());
+  std::exit(1);
+}
+
+}  // namespace pactora::bench
