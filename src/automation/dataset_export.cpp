@@ -1,7 +1,5 @@
 #include "automation/dataset_export.h"
 
-#include <algorithm>
-
 #include "automation/dataset_head.h"
 #include "automation/values.h"
 
@@ -30,15 +28,6 @@ void WriteRows(JsonWriter& out, store::RecordStore& store, store::TableId table,
     WriteRow(out, store, table, record, true, pause);
   }
   if (any) out.EndArray();
-}
-
-bool VisitRows(store::RecordStore& store, store::TableId table, store::Oid parent,
-               const std::function<bool(const store::Record&)>& visit) {
-  store::Record record;
-  for (std::int64_t after = 0; store.NextInParent(table, parent, after, record);
-       after = record.order)
-    if (!visit(record)) return false;
-  return true;
 }
 
 }  // namespace
@@ -70,29 +59,6 @@ void ExportDataset(store::RecordStore& store, std::ostream& out,
   WriteTables(writer, store, {}, pause);
   writer.EndObject();
   out << '\n';
-}
-
-void ForEachRow(store::RecordStore& store, store::TableId table,
-                const std::function<bool(const store::Record&)>& visit) {
-  const auto parent = store.Catalog().tables[table].parent;
-  if (!parent) {
-    VisitRows(store, table, 0, visit);
-    return;
-  }
-  ForEachRow(store, *parent, [&](const store::Record& record) {
-    return VisitRows(store, table, record.oid, visit);
-  });
-}
-
-std::vector<store::Record> AllRows(store::RecordStore& store, store::TableId table) {
-  std::vector<store::Record> rows;
-  ForEachRow(store, table, [&rows](const store::Record& record) {
-    rows.push_back(record);
-    return true;
-  });
-  std::sort(rows.begin(), rows.end(),
-            [](const store::Record& a, const store::Record& b) { return a.order < b.order; });
-  return rows;
 }
 
 void WriteTables(JsonWriter& out, store::RecordStore& store,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "automation/JsonWriter.h"
+#include "automation/row_walk.h"
 #include "store/RecordStore.h"
 
 namespace pactora::automation {
@@ -21,14 +22,6 @@ void ExportDataset(store::RecordStore& store, std::ostream& out,
 void WriteRow(JsonWriter& out, store::RecordStore& store, store::TableId table,
               const store::Record& record, bool with_children,
               const std::function<void()>& pause = {});
-
-// Calls visit for each row of the table, whatever its parent; ends early when
-// visit returns false. Rows of one parent come in record order.
-void ForEachRow(store::RecordStore& store, store::TableId table,
-                const std::function<bool(const store::Record&)>& visit);
-
-// The table's rows in record order across all parents.
-std::vector<store::Record> AllRows(store::RecordStore& store, store::TableId table);
 
 // These tables' rows, each with the rows under it, as an object with a key for each
 // table; no tables means all root tables that have rows.

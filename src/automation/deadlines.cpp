@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
-#include "automation/dataset_export.h"
+#include "automation/row_walk.h"
 #include "contract/dates.h"
 #include "host/Value.h"
 #include "schema/names.h"
@@ -51,6 +51,29 @@ std::string Text(Deadline::Kind kind) {
   return kind == Deadline::Kind::Notice ? "Kündigung" : "Ende";
 }
 
+std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::Record& contract,
+                                  const std::string& address, platform::Date today) {
+  std::vector<Deadline> deadlines;
+  const ContractRow row(contracts, contract);
+  const auto add = [&](Deadline::Kind kind, std::optional<platform::Date> date) {
+    if (!date || *date < today) return;
+    Deadline deadline;
+    deadline.kind = kind;
+    deadline.contract = contract.oid;
+    deadline.date = *date;
+    if (kind == Deadline::Kind::Notice) deadline.safe_receipt = contract::AddDays(*date, -1);
+    deadline.address = address;
+    deadline.number = row.Text(field::Vertragnummer);
+    deadline.name = row.Text(field::Bezeichnung);
+    deadline.side = row.Text(field::Typ);
+    deadline.responsible = row.Text(field::Verantwortlich);
+    deadlines.push_back(std::move(deadline));
+  };
+  add(Deadline::Kind::Notice, row.Date(field::KuendfristDatum));
+  add(Deadline::Kind::End, row.Date(field::VertragEnde));
+  return deadlines;
+}
+
 std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date today,
                                     std::optional<std::int32_t> weeks) {
   std::optional<platform::Date> last;
@@ -59,23 +82,11 @@ std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date to
   const schema::Table& schema = store.Catalog().tables[contracts];
   std::vector<Deadline> deadlines;
   ForEachRow(store, contracts, [&](const store::Record& record) {
-    const ContractRow row(schema, record);
-    const auto add = [&](Deadline::Kind kind, std::optional<platform::Date> date) {
-      if (!date || *date < today || (last && *date > *last)) return;
-      Deadline deadline;
-      deadline.kind = kind;
-      deadline.contract = record.oid;
-      deadline.date = *date;
-      if (kind == Deadline::Kind::Notice) deadline.safe_receipt = contract::AddDays(*date, -1);
+    for (Deadline& deadline : DeadlinesOf(schema, record, {}, today)) {
+      if (last && deadline.date > *last) continue;
       deadline.address = AddressName(store, record.parent);
-      deadline.number = row.Text(field::Vertragnummer);
-      deadline.name = row.Text(field::Bezeichnung);
-      deadline.side = row.Text(field::Typ);
-      deadline.responsible = row.Text(field::Verantwortlich);
       deadlines.push_back(std::move(deadline));
-    };
-    add(Deadline::Kind::Notice, row.Date(field::KuendfristDatum));
-    add(Deadline::Kind::End, row.Date(field::VertragEnde));
+    }
     return true;
   });
   std::sort(deadlines.begin(), deadlines.end(), [](const Deadline& a, const Deadline& b) {

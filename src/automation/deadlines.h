@@ -30,6 +30,10 @@ struct Deadline {
 // "Kündigung" or "Ende".
 std::string Text(Deadline::Kind kind);
 
+// Those of one contract from today on; address is the name of its address.
+std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::Record& contract,
+                                  const std::string& address, platform::Date today);
+
 // All from today on, with weeks only those up to so many weeks from today; by
 // date, then by contract.
 std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date today,

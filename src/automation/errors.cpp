@@ -1,9 +1,32 @@
 #include "automation/errors.h"
 
+#include <fmt/format.h>
+
+#include "automation/values.h"
+
 namespace pactora::automation {
 
 void Raise(DoorError error, const std::string& text) {
   throw platform::Error(Number(error), text, "Pactora");
+}
+
+std::string SingleLine(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    const bool control = static_cast<unsigned char>(c) < 0x20;
+    if (!control)
+      line += c;
+    else if (!line.empty() && line.back() != ' ')
+      line += ' ';
+  }
+  return line;
+}
+
+std::string Describe(const platform::Error& error) {
+  const bool ours = error.Source() == "Pactora" || error.Source() == "Pactora.Store";
+  if (ours) return SingleLine(error.Description());
+  return SingleLine(
+      fmt::format("Fehler {}: {}", ErrorNumberText(error.Number()), error.Description()));
 }
 
 }  // namespace pactora::automation

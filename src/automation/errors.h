@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/Error.h"
 
@@ -23,5 +24,11 @@ constexpr std::int32_t Number(DoorError error) {
 // Raises it with source "Pactora" and the text as its description: one line that
 // names the place.
 [[noreturn]] void Raise(DoorError error, const std::string& text);
+
+// Line breaks and other control characters become blanks.
+std::string SingleLine(std::string_view text);
+
+// The error in one line for people: of the add-on and the host with its number.
+std::string Describe(const platform::Error& error);
 
 }  // namespace pactora::automation

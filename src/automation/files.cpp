@@ -1,28 +1,50 @@
 #include "automation/files.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 #include "automation/errors.h"
 
 namespace pactora::automation {
+namespace {
+
+// What was written to the file is safe from a power cut.
+bool Sync(const std::string& path) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return false;
+  const bool synced = ::fsync(file) == 0;
+  return ::close(file) == 0 && synced;
+}
+
+}  // namespace
 
 void ReplaceFile(const std::string& path, const std::string& text) {
+  ReplaceFile(path, [&text](std::ostream& out) { out << text; });
+}
+
+void ReplaceFile(const std::string& path, const std::function<void(std::ostream&)>& fill) {
   const std::string beside = path + ".neu";
-  std::FILE* file = std::fopen(beside.c_str(), "wb");
-  bool written = file != nullptr && std::fwrite(text.data(), 1, text.size(), file) == text.size() &&
-                 std::fflush(file) == 0 && fsync(fileno(file)) == 0;
-  if (file != nullptr) written = std::fclose(file) == 0 && written;
-  std::error_code failed;
-  if (written) std::filesystem::rename(beside, path, failed);
-  if (written && !failed) return;
   std::error_code ignored;
-  std::filesystem::remove(beside, ignored);
-  Raise(DoorError::BadInput, fmt::format("{}: die Datei kann nicht geschrieben werden", path));
+  try {
+    std::ofstream out(beside, std::ios::binary);
+    if (out) fill(out);
+    out.close();
+    std::error_code failed;
+    if (out && Sync(beside)) {
+      std::filesystem::rename(beside, path, failed);
+      if (!failed) return;
+    }
+    Raise(DoorError::NotCarriedOut,
+          fmt::format("{}: die Datei kann nicht geschrieben werden", path));
+  } catch (...) {
+    std::filesystem::remove(beside, ignored);
+    throw;
+  }
 }
 
 }  // namespace pactora::automation

@@ -1,13 +1,17 @@
 // Files written whole or not at all.
 #pragma once
 
+#include <functional>
+#include <ostream>
 #include <string>
 
 namespace pactora::automation {
 
 // Puts the text in the place of the file's content: a reader, and a program that
 // comes after a power cut, sees all of the old or all of the new. Raises
-// DoorError::BadInput when it can't be written.
+// DoorError::NotCarriedOut when it can't be written.
 void ReplaceFile(const std::string& path, const std::string& text);
+// Likewise with what fill writes; an error that fill raises leaves the file as it was.
+void ReplaceFile(const std::string& path, const std::function<void(std::ostream&)>& fill);
 
 }  // namespace pactora::automation

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "automation/JsonWriter.h"
+#include "automation/errors.h"
 #include "automation/values.h"
 #include "cli/status.h"
 #include "platform/Date.h"
@@ -24,7 +25,7 @@ std::string CellText(const host::Value& value) {
       if (value.AsDate() == platform::kNoInvoiceDate) return "keine";
       return host::ToText(value);
     default:
-      return OneLine(host::ToText(value));
+      return automation::SingleLine(host::ToText(value));
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "automation/check.h"
 #include "automation/database.h"
+#include "automation/errors.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
 #include "cli/options.h"
@@ -20,7 +21,7 @@ Status RunCheck(const std::string& database) {
   std::size_t faults = 0;
   const auto found = [&faults](const std::string& text) {
     ++faults;
-    std::cout << OneLine(text) << '\n';
+    std::cout << automation::SingleLine(text) << '\n';
   };
   const auto store = automation::OpenDatabase(database, automation::Access::Write);
   for (const std::string& fault : automation::CheckStorage(database)) found(fault);

@@ -1,15 +1,11 @@
 // init, import and export.
 #include <fmt/format.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iostream>
 #include <memory>
 #include <string>
-#include <system_error>
 
 #include "automation/database.h"
-#include "automation/dataset_export.h"
+#include "automation/dataset_files.h"
 #include "automation/dataset_head.h"
 #include "automation/dataset_import.h"
 #include "automation/errors.h"
@@ -35,37 +31,18 @@ void Tell(const std::string& done, bool dry_run) {
   fmt::print(stderr, "{}{}\n", done, dry_run ? " (Probelauf, nichts geschrieben)" : "");
 }
 
-// Into a new database, or into one that is there and empty.
-void Import(const Arguments& arguments, const automation::TextSource& source) {
-  const automation::DatasetSurvey survey = automation::SurveyDataset(source);
-  const std::string name = automation::DefaultDatabaseName(arguments.database);
-  const auto fill = [&](store::RecordStore& store) {
-    automation::ImportDataset(store, source, survey, name, RaiseIfInterrupted);
-  };
-  const automation::Access access = AccessFor(arguments.dry_run);
-  if (!automation::DatabaseExists(arguments.database)) {
-    automation::MakeDatabase(arguments.database, survey.workflow_add_on,
-                             automation::DefaultProfile(name), access, fill);
-    return;
-  }
-  const auto store = automation::OpenDatabase(arguments.database, access);
-  if (!automation::IsEmpty(*store))
-    automation::Raise(DoorError::BadInput, arguments.database + ": die Datenbank ist nicht leer");
-  if (store->Catalog().workflow_add_on != survey.workflow_add_on)
-    automation::Raise(
-        DoorError::BadInput,
-        fmt::format("{}: die Datenbank wurde {} Workflow-Tabellen angelegt, {} ist {} sie",
-                    arguments.database, survey.workflow_add_on ? "ohne" : "mit", source.name,
-                    survey.workflow_add_on ? "mit" : "ohne"));
-  fill(*store);
+automation::Pause StopOnInterrupt() {
+  return [](std::size_t, std::size_t) { RaiseIfInterrupted(); };
 }
 
 Status RunInit(const Arguments& arguments) {
   if (automation::DatabaseExists(arguments.database))
     automation::Raise(DoorError::BadInput, arguments.database + ": die Datei gibt es schon");
   if (arguments.sample) {
-    Import(arguments,
-           automation::MemorySource("Beispieldaten", std::string(automation::SampleDataset())));
+    automation::ImportDatabase(
+        arguments.database,
+        automation::MemorySource("Beispieldaten", std::string(automation::SampleDataset())),
+        AccessFor(arguments.dry_run), StopOnInterrupt());
   } else {
     const std::string name = automation::DefaultDatabaseName(arguments.database);
     automation::MakeDatabase(arguments.database, true, automation::DefaultProfile(name),
@@ -77,42 +54,14 @@ Status RunInit(const Arguments& arguments) {
 
 Status RunImport(const Arguments& arguments) {
   const automation::TextSource source = automation::FileSource(arguments.file);
-  Import(arguments, source);
+  automation::ImportDatabase(arguments.database, source, AccessFor(arguments.dry_run),
+                             StopOnInterrupt());
   Tell(fmt::format("{} eingelesen in {}", source.name, arguments.database), arguments.dry_run);
   return Status::Done;
 }
 
-// Writes beside the file and puts it in its place when it is whole.
-void ExportToFile(store::RecordStore& store, const std::string& file) {
-  const std::string scratch = file + ".neu";
-  std::error_code ignored;
-  try {
-    std::ofstream out(scratch, std::ios::binary);
-    if (out) automation::ExportDataset(store, out, RaiseIfInterrupted);
-    out.close();
-    std::error_code failed;
-    if (out) std::filesystem::rename(scratch, file, failed);
-    if (!out || failed)
-      automation::Raise(DoorError::NotCarriedOut,
-                        file + ": die Datei kann nicht geschrieben werden");
-  } catch (...) {
-    std::filesystem::remove(scratch, ignored);
-    throw;
-  }
-}
-
 Status RunExport(const Arguments& arguments) {
-  const auto store = automation::OpenDatabase(arguments.database, automation::Access::Write);
-  std::error_code ignored;
-  if (std::filesystem::equivalent(arguments.database, arguments.file, ignored))
-    automation::Raise(DoorError::BadInput, arguments.file + ": das ist die Datenbank selbst");
-  // Nobody writes while it is read, so that the dataset is of one moment.
-  store->LockForUpdate();
-  if (arguments.file == "-")
-    automation::ExportDataset(*store, std::cout, RaiseIfInterrupted);
-  else
-    ExportToFile(*store, arguments.file);
-  store->Rollback();
+  automation::ExportDatabase(arguments.database, arguments.file, StopOnInterrupt());
   return Status::Done;
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/errors.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
 #include "cli/options.h"
@@ -87,7 +88,7 @@ int main(int argc, char** argv) {
   try {
     return cli::Main(argc, argv);
   } catch (const pactora::platform::Error& error) {
-    cli::Complain(cli::Describe(error));
+    cli::Complain(pactora::automation::Describe(error));
     return static_cast<int>(cli::StatusOf(error));
   } catch (const std::bad_alloc&) {
     cli::Complain("der Arbeitsspeicher reicht nicht");

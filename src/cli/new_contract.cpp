@@ -12,6 +12,7 @@
 #include "automation/WrittenRows.h"
 #include "automation/contract_file.h"
 #include "automation/database.h"
+#include "automation/errors.h"
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -57,8 +58,9 @@ class Bulk {
     } catch (const platform::Error& error) {
       // The rest is not tried: the database is out of reach or the user stops.
       bar.Clear();
-      Complain(total_ > 1 ? fmt::format("{} ({} von {} angelegt)", Describe(error), made_, total_)
-                          : Describe(error));
+      Complain(total_ > 1 ? fmt::format("{} ({} von {} angelegt)", automation::Describe(error),
+                                        made_, total_)
+                          : automation::Describe(error));
       const Status status = StatusOf(error);
       return status == Status::Interrupted || made_ == 0 ? status : Status::PartlyDone;
     }
@@ -80,7 +82,7 @@ class Bulk {
     } catch (const platform::Error& error) {
       if (StatusOf(error) != Status::Refused) throw;
       bar_->Clear();
-      Complain(fmt::format("{}: {}", order.source, Describe(error)));
+      Complain(fmt::format("{}: {}", order.source, automation::Describe(error)));
     }
     bar_->Advance();
   }

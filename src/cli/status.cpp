@@ -5,7 +5,6 @@
 #include <cstdio>
 
 #include "automation/errors.h"
-#include "automation/values.h"
 #include "store/errors.h"
 
 namespace pactora::cli {
@@ -36,28 +35,9 @@ Status StatusOf(const platform::Error& error) {
   }
 }
 
-std::string OneLine(std::string_view text) {
-  std::string line;
-  for (const char c : text) {
-    const bool control = static_cast<unsigned char>(c) < 0x20;
-    if (!control)
-      line += c;
-    else if (!line.empty() && line.back() != ' ')
-      line += ' ';
-  }
-  return line;
-}
-
-std::string Describe(const platform::Error& error) {
-  const bool ours = error.Source() == "Pactora" || error.Source() == "Pactora.Store";
-  if (ours) return OneLine(error.Description());
-  return OneLine(fmt::format("Fehler {}: {}", automation::ErrorNumberText(error.Number()),
-                             error.Description()));
-}
-
 void Complain(const std::string& text) {
   std::fflush(stdout);
-  fmt::print(stderr, "pactora: {}\n", OneLine(text));
+  fmt::print(stderr, "pactora: {}\n", automation::SingleLine(text));
 }
 
 }  // namespace pactora::cli

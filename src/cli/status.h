@@ -3,7 +3,6 @@
 
 #include <exception>
 #include <string>
-#include <string_view>
 
 #include "platform/Error.h"
 
@@ -20,12 +19,6 @@ enum class Status {
 };
 
 Status StatusOf(const platform::Error& error);
-
-// The error in one line: of the add-on and the host with its number.
-std::string Describe(const platform::Error& error);
-
-// Line breaks and other control characters become blanks.
-std::string OneLine(std::string_view text);
 
 // "pactora: " and the text, as one line on standard error.
 void Complain(const std::string& text);

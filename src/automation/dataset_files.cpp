@@ -1,0 +1,72 @@
+#include "automation/dataset_files.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+#include "automation/dataset_export.h"
+#include "automation/dataset_head.h"
+#include "automation/errors.h"
+#include "automation/files.h"
+
+namespace pactora::automation {
+namespace {
+
+// Requires: the catalogue of the store is that of the dataset.
+void Fill(store::RecordStore& store, const TextSource& source, const DatasetSurvey& survey,
+          const std::string& name, const Pause& pause) {
+  std::size_t done = 0;
+  ImportDataset(store, source, survey, name, [&] { pause(done++, survey.rows); });
+}
+
+std::size_t CountRows(store::RecordStore& store) {
+  std::size_t rows = 0;
+  for (store::TableId table = 0; table < store.Catalog().tables.size(); ++table) {
+    rows += static_cast<std::size_t>(store.Count(table));
+  }
+  return rows;
+}
+
+}  // namespace
+
+void ImportDatabase(const std::string& database, const TextSource& source, Access access,
+                    const Pause& pause) {
+  const DatasetSurvey survey = SurveyDataset(source);
+  const std::string name = DefaultDatabaseName(database);
+  if (!DatabaseExists(database)) {
+    MakeDatabase(database, survey.workflow_add_on, DefaultProfile(name), access,
+                 [&](store::RecordStore& store) { Fill(store, source, survey, name, pause); });
+    return;
+  }
+  const auto store = OpenDatabase(database, access);
+  if (!IsEmpty(*store)) Raise(DoorError::BadInput, database + ": die Datenbank ist nicht leer");
+  if (store->Catalog().workflow_add_on != survey.workflow_add_on) {
+    Raise(DoorError::BadInput,
+          fmt::format("{}: die Datenbank wurde {} Workflow-Tabellen angelegt, {} ist {} sie",
+                      database, survey.workflow_add_on ? "ohne" : "mit", source.name,
+                      survey.workflow_add_on ? "mit" : "ohne"));
+  }
+  Fill(*store, source, survey, name, pause);
+}
+
+void ExportDatabase(const std::string& database, const std::string& file, const Pause& pause) {
+  const auto store = OpenDatabase(database, Access::Write);
+  std::error_code ignored;
+  if (std::filesystem::equivalent(database, file, ignored))
+    Raise(DoorError::BadInput, file + ": das ist die Datenbank selbst");
+  store->LockForUpdate();
+  const std::size_t all = CountRows(*store);
+  std::size_t done = 0;
+  const auto write = [&](std::ostream& out) {
+    ExportDataset(*store, out, [&] { pause(done++, all); });
+  };
+  if (file == "-")
+    write(std::cout);
+  else
+    ReplaceFile(file, write);
+  store->Rollback();
+}
+
+}  // namespace pactora::automation
