@@ -1,22 +1,43 @@
-// desktop: the windows, where the program was built with them.
+// desktop: starts the program of the windows, which lies beside this one where it was
+// built with them.
+#include <unistd.h>
+
+#include <array>
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include "cli/commands.h"
 #include "cli/options.h"
 
 namespace pactora::cli {
 
+namespace {
+
+constexpr const char* kWindows = "pactora-desktop";
+
+Status RunDesktop(std::string database) {
+  std::error_code failed;
+  const std::filesystem::path here = std::filesystem::read_symlink("/proc/self/exe", failed);
+  std::string program = (here.parent_path() / kWindows).string();
+  if (failed || !std::filesystem::exists(program, failed)) {
+    Complain("die Fenster sind in diesem Programm nicht enthalten");
+    return Status::BadInput;
+  }
+  const std::array<char*, 3> arguments = {program.data(), database.data(), nullptr};
+  ::execv(program.c_str(), arguments.data());  // returns only when it failed
+  Complain(program + ": das Programm der Fenster kann nicht gestartet werden");
+  return Status::Internal;
+}
+
+}  // namespace
+
 void AddDesktop(CLI::App& app, Run& run) {
   const auto database = std::make_shared<std::string>();
   CLI::App* command = AddCommand(app, "desktop", "Öffnet die Fenster");
   AddDatabase(*command, *database);
-  command->callback([&run, database] {
-    run = [] {
-      Complain("die Fenster sind in diesem Programm nicht enthalten");
-      return Status::BadInput;
-    };
-  });
+  command->callback([&run, database] { run = [database] { return RunDesktop(*database); }; });
 }
 
 }  // namespace pactora::cli

@@ -5,35 +5,8 @@
 #include <cstdio>
 
 #include "automation/errors.h"
-#include "store/errors.h"
 
 namespace pactora::cli {
-
-using automation::DoorError;
-using store::StoreError;
-
-Status StatusOf(const platform::Error& error) {
-  switch (static_cast<DoorError>(error.Number())) {
-    case DoorError::BadInput:
-      return Status::BadInput;
-    case DoorError::NotCarriedOut:
-      return Status::Refused;
-    case DoorError::NotAvailable:
-      return Status::NotReachable;
-    case DoorError::Interrupted:
-      return Status::Interrupted;
-  }
-  switch (static_cast<StoreError>(error.Number())) {
-    case StoreError::NotADatabase:
-      return Status::BadInput;
-    case StoreError::Locked:
-    case StoreError::NotReachable:
-    case StoreError::OtherVersion:
-      return Status::NotReachable;
-    default:
-      return Status::Refused;
-  }
-}
 
 void Complain(const std::string& text) {
   std::fflush(stdout);

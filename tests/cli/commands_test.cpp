@@ -270,7 +270,6 @@ INSTANTIATE_TEST_SUITE_P(
         {"NoDatabase", {"check"}, 2, "DB"},
         {"UnknownList", {"list", "$firma.db", "kunden"}, 2, "kunden"},
         {"BadToday", {"run", "$firma.db", "-", "--today", "15.03.2024"}, 2, "--today"},
-        {"NoWindows", {"desktop", "$firma.db"}, 2, "nicht enthalten"},
         {"NoSuchDatabase", {"check", "$fehlt.db"}, 4, "fehlt.db"},
         {"ForeignDatabase", {"check", "$fremd.db"}, 2, "fremd.db: Die Datei ist keine Datenbank"},
         {"FolderAsDatabase", {"check", "$ordner"}, 4, "nicht erreichbar"},

@@ -1,0 +1,33 @@
+#include "automation/exit_status.h"
+
+#include "automation/errors.h"
+#include "store/errors.h"
+
+namespace pactora::automation {
+
+using store::StoreError;
+
+Status StatusOf(const platform::Error& error) {
+  switch (static_cast<DoorError>(error.Number())) {
+    case DoorError::BadInput:
+      return Status::BadInput;
+    case DoorError::NotCarriedOut:
+      return Status::Refused;
+    case DoorError::NotAvailable:
+      return Status::NotReachable;
+    case DoorError::Interrupted:
+      return Status::Interrupted;
+  }
+  switch (static_cast<StoreError>(error.Number())) {
+    case StoreError::NotADatabase:
+      return Status::BadInput;
+    case StoreError::Locked:
+    case StoreError::NotReachable:
+    case StoreError::OtherVersion:
+      return Status::NotReachable;
+    default:
+      return Status::Refused;
+  }
+}
+
+}  // namespace pactora::automation

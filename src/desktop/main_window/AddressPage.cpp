@@ -1,0 +1,178 @@
+#include "desktop/main_window/AddressPage.h"
+
+#include <QHeaderView>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/binding/ChoosingView.h"
+#include "desktop/main_window/lists.h"
+#include "desktop/text.h"
+#include "schema/names.h"
+
+namespace pactora::desktop {
+namespace {
+
+namespace table = schema::table;
+
+// Characters of the tree's columns, in the order of ContractTree::Column.
+constexpr int kWidths[] = {34, 10, 10, 13, 14, 10, 9, 17, 14};
+constexpr int kListWidth = 44;  // characters of the list of addresses
+
+void Fill(ListModel& model, std::vector<ListRow> rows) {
+  model.Clear();
+  model.Add(std::move(rows));
+  model.Publish();
+}
+
+void Prepare(QTreeView& tree, ContractTree& contracts) {
+  tree.setObjectName(QStringLiteral("contracts"));
+  tree.setAccessibleName(QStringLiteral("Verträge"));
+  tree.setModel(&contracts);
+  tree.setUniformRowHeights(true);
+  tree.setItemDelegate(new RoomyDelegate(&tree));
+  tree.setAlternatingRowColors(true);
+  tree.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  tree.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  tree.header()->setObjectName(QStringLiteral("contracts_columns"));
+  const int character = tree.fontMetrics().horizontalAdvance(u'n');
+  for (int column = 0; column < ContractTree::Columns; ++column) {
+    tree.header()->resizeSection(column, character * kWidths[column]);
+  }
+}
+
+}  // namespace
+
+AddressPage::AddressPage(Desk& desk, QWidget* parent)
+    : QWidget(parent),
+      desk_(desk),
+      addresses_(desk, AddressList(), QStringLiteral("addresses"),
+                 QStringLiteral("Adresse suchen")),
+      contracts_(desk) {
+  addresses_.Table().setAccessibleName(QStringLiteral("Adressen"));
+  addresses_.Table().Chosen = [this](const ListRow& row) { ChooseAddress(row.oid); };
+
+  auto* split = new QSplitter(Qt::Horizontal);
+  split->setObjectName(QStringLiteral("address_splitter"));
+  split->addWidget(&addresses_);
+  split->addWidget(MakeRight());
+  split->setStretchFactor(0, 0);
+  split->setStretchFactor(1, 1);
+  split->setChildrenCollapsible(false);
+  const int character = fontMetrics().horizontalAdvance(u'n');
+  split->setSizes({character * kListWidth, character * 4 * kListWidth});
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(0, 0, 0, 0);
+  all->addWidget(split);
+}
+
+QWidget* AddressPage::MakeRight() {
+  name_.setObjectName(QStringLiteral("address_name"));
+  name_.setTextFormat(Qt::PlainText);
+  QFont large = font();
+  large.setBold(true);
+  large.setPointSizeF(large.pointSizeF() * 1.25);
+  name_.setFont(large);
+
+  Prepare(tree_, contracts_);
+  connect(tree_.selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& current) { ChooseRow(current); });
+
+  auto* timeline = new QScrollArea;
+  timeline->setWidget(&timeline_);
+  timeline->setWidgetResizable(true);
+  timeline->setFrameShape(QFrame::NoFrame);
+  tabs_.setObjectName(QStringLiteral("address_tabs"));
+  tabs_.addTab(timeline, QStringLiteral("Zeitstrahl"));
+  tabs_.addTab(&field_table_, QStringLiteral("Einzelheiten"));
+  tabs_.addTab(&attribute_table_, QStringLiteral("Merkmale"));
+  appointment_tab_ = tabs_.addTab(&appointment_table_, QStringLiteral("Termine"));
+  field_table_.setAccessibleName(QStringLiteral("Einzelheiten"));
+  attribute_table_.setAccessibleName(QStringLiteral("Merkmale"));
+  appointment_table_.setAccessibleName(QStringLiteral("Termine"));
+  // The address is the chosen one everywhere.
+  appointment_table_.hideColumn(2);
+
+  auto* split = new QSplitter(Qt::Vertical);
+  split->setObjectName(QStringLiteral("contract_splitter"));
+  split->addWidget(&tree_);
+  split->addWidget(&tabs_);
+  split->setStretchFactor(0, 3);
+  split->setStretchFactor(1, 2);
+  split->setChildrenCollapsible(false);
+
+  auto* right = new QWidget;
+  auto* all = new QVBoxLayout(right);
+  all->addWidget(&name_);
+  all->addWidget(split, 1);
+  return right;
+}
+
+void AddressPage::Reload() {
+  addresses_.Reload();
+  ShowCurrent();
+}
+
+void AddressPage::ChooseAddress(store::Oid address) {
+  desk_.Do([&] { desk_.GoTo(table::Adressen, address); });
+  ShowCurrent();
+}
+
+void AddressPage::ShowCurrent() {
+  desk_.Read([&] {
+    const store::Oid address = desk_.Current(table::Adressen);
+    const store::Oid contract = desk_.Current(table::vv_Vertraege);
+    if (address != 0)
+      addresses_.Table().ShowChoice(address);
+    else
+      addresses_.Table().ShowChoice(std::nullopt);
+    if (auto cells = AddressCells(desk_, address); !cells.empty())
+      addresses_.Model().Change(address, std::move(cells));
+    ShowAddress(address);
+    ShowContract(contract);
+  });
+  if (AddressChanged) AddressChanged();
+}
+
+void AddressPage::ShowAddress(store::Oid address) {
+  const std::vector<host::Value> cells = AddressCells(desk_, address);
+  name_.setText(cells.empty() ? QStringLiteral("Keine Adresse ausgewählt")
+                              : CellText(CellKind::Text, cells[0]));
+  showing_ = true;
+  contracts_.SetAddress(address);
+  showing_ = false;
+  Fill(attributes_, address == 0 ? std::vector<ListRow>() : ReadAttributes(desk_, address));
+  std::vector<ListRow> appointments =
+      address == 0 ? std::vector<ListRow>() : ReadAppointments(desk_, address);
+  const auto due = std::ranges::count_if(appointments, &ListRow::strong);
+  tabs_.setTabText(appointment_tab_, due == 0 ? QStringLiteral("Termine")
+                                              : QStringLiteral("Termine (%1 fällig)").arg(due));
+  Fill(appointments_, std::move(appointments));
+}
+
+void AddressPage::ShowContract(store::Oid contract) {
+  QModelIndex index = contract == 0 ? QModelIndex() : contracts_.Find(contract);
+  if (!index.isValid() && contracts_.rowCount() > 0) index = contracts_.index(0, 0);
+  if (!index.isValid()) {
+    timeline_.Show(std::nullopt, desk_.Clock().Today());
+    Fill(fields_, {});
+    return;
+  }
+  tree_.setCurrentIndex(index);
+  tree_.expand(index);
+  tree_.scrollTo(index);
+}
+
+void AddressPage::ChooseRow(const QModelIndex& index) {
+  if (showing_ || !index.isValid()) return;
+  const ContractTree::Place place = contracts_.At(index);
+  desk_.Read([&] {
+    desk_.GoTo(desk_.Store().Catalog().tables[place.table].name, place.oid);
+    timeline_.Show(ReadTimeline(desk_.Store(), contracts_.ContractOf(index)),
+                   desk_.Clock().Today());
+    Fill(fields_, ReadFields(desk_, place.table, place.oid));
+  });
+}
+
+}  // namespace pactora::desktop

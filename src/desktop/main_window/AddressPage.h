@@ -1,0 +1,62 @@
+// Addresses, and everything about the chosen one: contracts with terms and positions,
+// the timeline of a contract, attributes, appointments.
+//
+// The chosen address, contract, term and position are the current rows of their live
+// tables: what is chosen here the add-on works with, and where the add-on has gone is
+// shown here.
+#pragma once
+
+#include <QLabel>
+#include <QTabWidget>
+#include <QTreeView>
+#include <QWidget>
+#include <functional>
+
+#include "desktop/main_window/ContractTree.h"
+#include "desktop/main_window/Desk.h"
+#include "desktop/main_window/ListPage.h"
+#include "desktop/main_window/ListTable.h"
+#include "desktop/main_window/TimelineView.h"
+
+namespace pactora::desktop {
+
+class AddressPage final : public QWidget {
+ public:
+  // The desk must outlive the page.
+  explicit AddressPage(Desk& desk, QWidget* parent = nullptr);
+
+  ListPage& Addresses() { return addresses_; }
+
+  // Reads everything anew.
+  void Reload();
+  // Shows the current rows as they are in the database now.
+  void ShowCurrent();
+
+  // Another address is the current one, or none.
+  std::function<void()> AddressChanged;
+
+ private:
+  QWidget* MakeRight();
+  void ChooseAddress(store::Oid address);
+  void ChooseRow(const QModelIndex& index);
+  void ShowAddress(store::Oid address);
+  void ShowContract(store::Oid contract);
+
+  Desk& desk_;
+  ListPage addresses_;
+  QLabel name_;
+  ContractTree contracts_;
+  QTreeView tree_;
+  QTabWidget tabs_;
+  TimelineView timeline_;
+  ListModel fields_{FieldColumns()};
+  ListTable field_table_{fields_, QStringLiteral("fields")};
+  ListModel attributes_{AttributeColumns()};
+  ListTable attribute_table_{attributes_, QStringLiteral("attributes")};
+  ListModel appointments_{AppointmentList().columns};
+  ListTable appointment_table_{appointments_, QStringLiteral("address_appointments")};
+  int appointment_tab_ = 0;
+  bool showing_ = false;
+};
+
+}  // namespace pactora::desktop

@@ -1,0 +1,95 @@
+#include "desktop/main_window/Desk.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <exception>
+
+#include "automation/database.h"
+#include "automation/errors.h"
+#include "desktop/MessageBox.h"
+#include "host/HostTable.h"
+
+namespace pactora::desktop {
+namespace {
+
+using automation::DoorError;
+
+std::unique_ptr<store::RecordStore> Open(const std::string& database) {
+  if (database == automation::kMemoryName)
+    automation::Raise(DoorError::BadInput,
+                      database + ": die Fenster brauchen eine Datenbank, die bleibt");
+  return automation::OpenDatabase(database, automation::Access::Write);
+}
+
+}  // namespace
+
+Desk::Desk(const std::string& database, const platform::Clock& clock)
+    : database_(database),
+      clock_(clock),
+      screen_([this] { session_.Host().EndUnit(); }),
+      session_(Open(database), screen_, clock) {}
+
+std::string Desk::UserName() { return session_.App()->CurrentDb()->Users().CurrentUser().Name(); }
+
+store::TableId Desk::Table(std::string_view name) {
+  return Store().Catalog().FindTable(name).value();
+}
+
+const host::Value& Desk::Cell(store::TableId table, const store::Record& record,
+                              std::string_view field) {
+  return record.cells[Store().Catalog().tables[table].FindField(field).value()];
+}
+
+store::Oid Desk::Current(std::string_view table) {
+  const std::string oid = session_.Host().Table(table)->Oid();
+  return oid.empty() ? 0 : std::stoll(oid);
+}
+
+void Desk::GoTo(std::string_view table, store::Oid oid) {
+  if (Current(table) == oid) return;
+  if (oid != 0)
+    session_.GoTo(Table(table), oid);
+  else
+    session_.GoNowhere(Table(table));
+}
+
+bool Desk::Do(const std::function<void()>& action) {
+  bool done = true;
+  const auto guarded = [&](const std::function<void()>& body) {
+    try {
+      body();
+    } catch (const platform::Error& error) {
+      done = false;
+      ShowError(error);
+    } catch (const std::exception& error) {
+      done = false;
+      Tell(std::string("interner Fehler: ") + error.what());
+    }
+  };
+  guarded(action);
+  // What was stored before a failure stays, as everywhere.
+  guarded([this] { session_.Host().EndUnit(); });
+  return done;
+}
+
+bool Desk::Read(const std::function<void()>& reading) {
+  try {
+    reading();
+    return true;
+  } catch (const platform::Error& error) {
+    QTimer::singleShot(0, &context_, [this, error] { ShowError(error); });
+    return false;
+  }
+}
+
+void Desk::ShowError(const platform::Error& error) {
+  if (error.Number() == automation::Number(DoorError::Interrupted)) return;
+  Tell(automation::Describe(error));
+}
+
+void Desk::Tell(const std::string& text) {
+  // Not by way of the screen: that would end the unit of work, which may be what failed.
+  ShowMessageBox({text, ui::style::kExclamation, "Pactora"}, QApplication::activeWindow());
+}
+
+}  // namespace pactora::desktop

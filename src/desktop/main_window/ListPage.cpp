@@ -1,0 +1,86 @@
+#include "desktop/main_window/ListPage.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace pactora::desktop {
+
+ListPage::ListPage(Desk& desk, const ListKind& kind, const QString& name, const QString& search,
+                   QWidget* parent)
+    : QWidget(parent),
+      desk_(desk),
+      kind_(kind),
+      model_(kind.columns),
+      feed_(model_),
+      table_(model_, name) {
+  setObjectName(name + QStringLiteral("_page"));
+  search_.setObjectName(name + QStringLiteral("_search"));
+  search_.setPlaceholderText(search);
+  search_.setAccessibleName(search);
+  search_.setClearButtonEnabled(true);
+  search_.installEventFilter(this);
+  connect(&search_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    model_.SetWords(text);
+    ShowCount();
+  });
+  table_.setSortingEnabled(true);
+  table_.sortByColumn(kind.sorted_by, Qt::AscendingOrder);
+  count_.setObjectName(name + QStringLiteral("_count"));
+  feed_.Progress = [this] { ShowCount(); };
+  feed_.Failed = [this](const platform::Error& error) { desk_.ShowError(error); };
+
+  tools_ = new QHBoxLayout;
+  tools_->addWidget(&search_, 1);
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(tools_);
+  all->addWidget(&table_, 1);
+  all->addWidget(&count_);
+}
+
+void ListPage::Reload() { feed_.Start(kind_.read(desk_)); }
+
+void ListPage::Reveal(std::int64_t key) {
+  if (model_.Find(key) < 0) search_.clear();
+  table_.ShowChoice(key);
+}
+
+void ListPage::Search() {
+  search_.setFocus(Qt::ShortcutFocusReason);
+  search_.selectAll();
+}
+
+void ListPage::SetCondition(std::function<bool(const ListRow& row)> condition) {
+  model_.SetCondition(std::move(condition));
+  ShowCount();
+}
+
+void ListPage::ShowCount() {
+  const QLocale german(QLocale::German, QLocale::Germany);
+  const QString all = german.toString(static_cast<qulonglong>(model_.All()));
+  const QString shown = german.toString(model_.rowCount());
+  const bool whole = static_cast<std::size_t>(model_.rowCount()) == model_.All();
+  QString text = whole ? all : QStringLiteral("%1 von %2").arg(shown, all);
+  if (feed_.Running()) text += QStringLiteral(" … wird gelesen");
+  count_.setText(text);
+}
+
+bool ListPage::eventFilter(QObject* watched, QEvent* event) {
+  // From the line straight into the list.
+  if (watched == &search_ && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter) {
+      table_.Enter();
+      return true;
+    }
+    if (key == Qt::Key_Escape && !search_.text().isEmpty()) {
+      search_.clear();
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace pactora::desktop

@@ -1,0 +1,56 @@
+// A long list with a line to search it, and what can be done with its rows.
+#pragma once
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QWidget>
+
+#include "desktop/main_window/Desk.h"
+#include "desktop/main_window/Feed.h"
+#include "desktop/main_window/ListModel.h"
+#include "desktop/main_window/ListTable.h"
+#include "desktop/main_window/lists.h"
+
+namespace pactora::desktop {
+
+class ListPage final : public QWidget {
+ public:
+  // name becomes the table's object name, with "_search" behind it that of the line.
+  // The desk must outlive the page.
+  ListPage(Desk& desk, const ListKind& kind, const QString& name, const QString& search,
+           QWidget* parent = nullptr);
+
+  ListTable& Table() { return table_; }
+  ListModel& Model() { return model_; }
+
+  // Reads the list anew, bit by bit; the chosen row stays chosen.
+  void Reload();
+  // Reads the rest at once.
+  void Finish() { feed_.Finish(); }
+  // Shows the row, though a search may have hidden it.
+  void Reveal(std::int64_t key);
+  // Puts the caret into the line.
+  void Search();
+  // More things beside the line, in a row.
+  void AddTool(QWidget& widget) { tools_->addWidget(&widget); }
+  // Shows the rows for which this is true; null for all.
+  void SetCondition(std::function<bool(const ListRow& row)> condition);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void ShowCount();
+
+  Desk& desk_;
+  const ListKind& kind_;
+  ListModel model_;
+  Feed feed_;
+  QLineEdit search_;
+  ListTable table_;
+  QLabel count_;
+  QHBoxLayout* tools_ = nullptr;
+};
+
+}  // namespace pactora::desktop

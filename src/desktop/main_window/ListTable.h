@@ -1,0 +1,44 @@
+// A list of the main window as a table: whole rows are chosen, columns can be moved,
+// sized and sorted by.
+#pragma once
+
+#include <QTableView>
+#include <functional>
+#include <optional>
+
+#include "desktop/main_window/ListModel.h"
+
+namespace pactora::desktop {
+
+class ListTable final : public QTableView {
+ public:
+  // The model must outlive the table.
+  ListTable(ListModel& model, const QString& name, QWidget* parent = nullptr);
+
+  // A person chose a row.
+  std::function<void(const ListRow& row)> Chosen;
+  // A person wants to do something with the row: double click or return key.
+  std::function<void(const ListRow& row)> Opened;
+
+  // Shows the row of that key as the chosen one, none for nothing; it stays the
+  // chosen one when the list changes. Tells nobody.
+  void ShowChoice(std::optional<std::int64_t> key);
+  std::optional<std::int64_t> Choice() const { return key_; }
+  // Chooses the first row, as a person would, and takes the focus.
+  void Enter();
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  void Restore(bool scroll);
+  void Open();
+
+  ListModel& rows_;
+  std::optional<std::int64_t> key_;
+  bool showing_ = false;
+};
+
+}  // namespace pactora::desktop

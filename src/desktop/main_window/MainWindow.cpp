@@ -1,0 +1,423 @@
+#include "desktop/main_window/MainWindow.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QToolBar>
+#include <algorithm>
+
+#include "automation/dataset_files.h"
+#include "automation/deadlines.h"
+#include "automation/files.h"
+#include "contract/dates.h"
+#include "desktop/MessageBox.h"
+#include "desktop/main_window/Progress.h"
+#include "desktop/main_window/TakeoverWindow.h"
+#include "desktop/main_window/lists.h"
+#include "desktop/text.h"
+#include "host/HostTable.h"
+#include "schema/names.h"
+
+namespace pactora::desktop {
+namespace {
+
+namespace table = schema::table;
+namespace field = schema::field;
+
+constexpr int kFirstWeeks = 26;
+constexpr int kMostWeeks = 5000;
+
+// For a date column: whether it lies so many weeks ahead at most; 0 is any time.
+bool Within(const host::Value& date, platform::Date today, int weeks) {
+  return weeks == 0 || host::ToDate(date) <= contract::AddWeeks(today, weeks);
+}
+
+QSpinBox* WeekBox(const QString& name) {
+  auto* box = new QSpinBox;
+  box->setObjectName(name);
+  box->setRange(0, kMostWeeks);
+  box->setPrefix(QStringLiteral("in den nächsten "));
+  box->setSuffix(QStringLiteral(" Wochen"));
+  box->setSpecialValueText(QStringLiteral("jederzeit"));
+  box->setValue(kFirstWeeks);
+  box->setAccessibleName(QStringLiteral("Zeitraum"));
+  return box;
+}
+
+QPushButton* ActionButton(QAction& action) {
+  auto* button = new QPushButton(action.iconText());
+  button->setToolTip(action.toolTip());
+  button->setEnabled(action.isEnabled());
+  QObject::connect(button, &QPushButton::clicked, &action, &QAction::trigger);
+  QObject::connect(&action, &QAction::changed, button,
+                   [button, &action] { button->setEnabled(action.isEnabled()); });
+  return button;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Desk& desk, WindowMemory& memory)
+    : desk_(desk),
+      memory_(memory),
+      addresses_(desk),
+      types_(desk, TypeList(), QStringLiteral("types"), QStringLiteral("Vertragstyp suchen")),
+      deadlines_(desk, DeadlineList(), QStringLiteral("deadlines"), QStringLiteral("Frist suchen")),
+      appointments_(desk, AppointmentList(), QStringLiteral("appointments"),
+                    QStringLiteral("Termin suchen")) {
+  setObjectName(QStringLiteral("main"));
+  setWindowTitle(QStringLiteral("%1 – Pactora").arg(ToQt(desk.Store().ReadProfile().name)));
+  desk_.Screen().SetMainWindow(this);
+  MakeActions();
+  MakeTypePage();
+  MakeDeadlinePage();
+  MakeAppointmentPage();
+
+  pages_.setObjectName(QStringLiteral("pages"));
+  pages_.setDocumentMode(true);
+  pages_.addTab(&addresses_, QStringLiteral("Adressen"));
+  pages_.addTab(&types_, QStringLiteral("Vertragstypen"));
+  pages_.addTab(&deadlines_, QStringLiteral("Fristen"));
+  pages_.addTab(&appointments_, QStringLiteral("Termine"));
+  setCentralWidget(&pages_);
+  connect(&pages_, &QTabWidget::currentChanged, this, [this] { ReloadPage(); });
+  addresses_.AddressChanged = [this] { ShowChoice(); };
+
+  auto* where =
+      new QLabel(QStringLiteral("%1   %2").arg(ToQt(desk.UserName()), ToQt(desk.Database())));
+  where->setTextFormat(Qt::PlainText);
+  statusBar()->addPermanentWidget(where);
+
+  resize(1280, 800);
+  memory_.Restore(*this);
+  Reload();
+  addresses_.Addresses().Search();
+}
+
+MainWindow::~MainWindow() {
+  desk_.Screen().SetMainWindow(nullptr);
+  pages_.disconnect(this);  // the pages go one by one
+}
+
+QAction* MainWindow::Add(QMenu& menu, const char* name, const QString& text,
+                         const QKeySequence& keys, void (MainWindow::*act)()) {
+  QAction* action = menu.addAction(text);
+  action->setObjectName(QString::fromUtf8(name));
+  action->setShortcut(keys);
+  connect(action, &QAction::triggered, this, act);
+  return action;
+}
+
+void MainWindow::MakeActions() {
+  QMenu& file = *menuBar()->addMenu(QStringLiteral("&Datei"));
+  Add(file, "open", QStringLiteral("Ö&ffnen …"), QKeySequence::Open, &MainWindow::AskOpen);
+  QAction* take_in =
+      Add(file, "import", QStringLiteral("&Importieren …"), {}, &MainWindow::AskImport);
+  QAction* give_out =
+      Add(file, "export", QStringLiteral("&Exportieren …"), {}, &MainWindow::AskExport);
+  file.addSeparator();
+  Add(file, "quit", QStringLiteral("&Beenden"), QKeySequence::Quit, &MainWindow::Quit);
+
+  QMenu& contracts = *menuBar()->addMenu(QStringLiteral("&Verträge"));
+  new_contract_ = Add(contracts, "new_contract", QStringLiteral("&Neuer Vertrag …"),
+                      QKeySequence::New, &MainWindow::NewContract);
+  QAction* takeover = Add(contracts, "takeover_list", QStringLiteral("&Übernahmeliste …"), {},
+                          &MainWindow::AskTakeover);
+  Add(contracts, "calendar", QStringLiteral("Fristen als &Kalenderdatei …"), {},
+      &MainWindow::AskCalendar)
+      ->setEnabled(automation::HasCalendars());
+  tick_ =
+      Add(contracts, "tick", QStringLiteral("Termin &erledigt"), {}, &MainWindow::TickAppointment);
+  tick_->setEnabled(false);
+
+  QMenu& types = *menuBar()->addMenu(QStringLiteral("Vertrags&typen"));
+  QAction* new_type = Add(types, "new_type", QStringLiteral("&Neuer Vertragstyp …"),
+                          QKeySequence(Qt::CTRL | Qt::Key_T), &MainWindow::NewType);
+  edit_type_ =
+      Add(types, "edit_type", QStringLiteral("Vertragstyp &ändern …"), {}, &MainWindow::EditType);
+
+  QMenu& view = *menuBar()->addMenu(QStringLiteral("&Ansicht"));
+  Add(view, "search", QStringLiteral("&Suchen"), QKeySequence::Find, &MainWindow::SearchPage);
+  Add(view, "reload", QStringLiteral("&Aktualisieren"), QKeySequence::Refresh, &MainWindow::Reload);
+  MakeLookMenu(view);
+
+  QMenu& help = *menuBar()->addMenu(QStringLiteral("&Hilfe"));
+  Add(help, "about", QStringLiteral("Ü&ber Pactora"), {}, &MainWindow::TellAbout);
+
+  QToolBar& bar = *addToolBar(QStringLiteral("Werkzeuge"));
+  bar.setObjectName(QStringLiteral("tools"));
+  bar.setMovable(false);
+  bar.addActions({new_contract_, takeover});
+  bar.addSeparator();
+  bar.addAction(new_type);
+  bar.addSeparator();
+  bar.addActions({take_in, give_out});
+}
+
+void MainWindow::MakeLookMenu(QMenu& menu) {
+  QMenu& looks = *menu.addMenu(QStringLiteral("&Darstellung"));
+  auto* group = new QActionGroup(this);
+  const auto add = [&](const QString& text, Theme theme) {
+    QAction* action = looks.addAction(text);
+    action->setCheckable(true);
+    action->setChecked(memory_.Look() == theme);
+    group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, theme] {
+      memory_.KeepLook(theme);
+      UseTheme(theme);
+    });
+  };
+  add(QStringLiteral("wie das &System"), Theme::System);
+  add(QStringLiteral("&hell"), Theme::Light);
+  add(QStringLiteral("&dunkel"), Theme::Dark);
+}
+
+void MainWindow::MakeTypePage() {
+  types_.Table().setAccessibleName(QStringLiteral("Vertragstypen"));
+  types_.Table().Chosen = [this](const ListRow& row) {
+    desk_.Do([&] { desk_.GoTo(table::vv_Vertragsdefinitionen, row.oid); });
+    ShowChoice();
+  };
+  types_.Table().Opened = [this](const ListRow&) { EditType(); };
+  types_.AddTool(*ActionButton(*findChild<QAction*>(QStringLiteral("new_type"))));
+  types_.AddTool(*ActionButton(*edit_type_));
+}
+
+void MainWindow::MakeDeadlinePage() {
+  deadlines_.Table().setAccessibleName(QStringLiteral("Fristen"));
+  deadlines_.Table().Opened = [this](const ListRow& row) { ShowContract(row.oid); };
+  QSpinBox* weeks = WeekBox(QStringLiteral("deadlines_weeks"));
+  const auto select = [this, weeks] {
+    const platform::Date today = desk_.Clock().Today();
+    deadlines_.SetCondition([today, limit = weeks->value()](const ListRow& row) {
+      return Within(row.cells[kDeadlineDateColumn], today, limit);
+    });
+  };
+  connect(weeks, &QSpinBox::valueChanged, this, select);
+  select();
+  deadlines_.AddTool(*weeks);
+  deadlines_.AddTool(*ActionButton(*findChild<QAction*>(QStringLiteral("calendar"))));
+}
+
+void MainWindow::MakeAppointmentPage() {
+  appointments_.Table().setAccessibleName(QStringLiteral("Termine"));
+  appointments_.Table().Chosen = [this](const ListRow&) { ShowChoice(); };
+  appointments_.Table().Opened = [this](const ListRow& row) {
+    store::Record record;
+    if (desk_.Read([&] {
+          desk_.Store().Read(desk_.Table(table::vv_VertragsAktivitaeten), row.oid, record);
+        }))
+      ShowContract(record.parent);
+  };
+  QSpinBox* weeks = WeekBox(QStringLiteral("appointments_weeks"));
+  auto* done = new QCheckBox(QStringLiteral("auch erledigte"));
+  done->setObjectName(QStringLiteral("appointments_done"));
+  const auto select = [this, weeks, done] {
+    const platform::Date today = desk_.Clock().Today();
+    appointments_.SetCondition(
+        [today, limit = weeks->value(), all = done->isChecked()](const ListRow& row) {
+          return (all || !host::ToBoolean(row.cells[kAppointmentDoneColumn])) &&
+                 Within(row.cells[kAppointmentDateColumn], today, limit);
+        });
+  };
+  connect(weeks, &QSpinBox::valueChanged, this, select);
+  connect(done, &QCheckBox::toggled, this, select);
+  select();
+  appointments_.AddTool(*done);
+  appointments_.AddTool(*weeks);
+  appointments_.AddTool(*ActionButton(*tick_));
+}
+
+ListPage* MainWindow::PageShown() const {
+  if (pages_.currentWidget() == &addresses_)
+    return &const_cast<AddressPage&>(addresses_).Addresses();
+  return dynamic_cast<ListPage*>(pages_.currentWidget());
+}
+
+void MainWindow::Reload() {
+  stale_ = {&addresses_, &types_, &deadlines_, &appointments_};
+  ReloadPage();
+}
+
+void MainWindow::ReloadPage() {
+  QWidget* page = pages_.currentWidget();
+  const bool read = std::erase(stale_, page) > 0;
+  if (page == &addresses_) {
+    // The add-on may have gone elsewhere meanwhile.
+    read ? addresses_.Reload() : addresses_.ShowCurrent();
+  } else if (read) {
+    static_cast<ListPage*>(page)->Reload();
+  }
+  ShowChoice();
+}
+
+void MainWindow::FinishReading() {
+  for (ListPage* page : {&addresses_.Addresses(), &types_, &deadlines_, &appointments_})
+    page->Finish();
+}
+
+void MainWindow::ShowWork() {
+  stale_ = {&types_, &deadlines_, &appointments_};
+  if (const store::Oid type = desk_.Current(table::vv_Vertragsdefinitionen); type != 0)
+    types_.Table().ShowChoice(type);
+  ReloadPage();
+}
+
+void MainWindow::ShowChoice() {
+  desk_.Read([this] {
+    new_contract_->setEnabled(desk_.Current(table::Adressen) != 0);
+    edit_type_->setEnabled(desk_.Current(table::vv_Vertragsdefinitionen) != 0);
+  });
+  tick_->setEnabled(pages_.currentWidget() == &appointments_ &&
+                    appointments_.Table().currentIndex().isValid());
+}
+
+void MainWindow::ShowContract(store::Oid contract) {
+  desk_.Do([&] { desk_.GoTo(table::vv_Vertraege, contract); });
+  pages_.setCurrentWidget(&addresses_);
+  desk_.Read([this] { addresses_.Addresses().Reveal(desk_.Current(table::Adressen)); });
+}
+
+void MainWindow::NewContract() {
+  bool saved = false;
+  std::int32_t terms = 0;
+  bool show_definition = false;
+  desk_.Do([&] {
+    desk_.Session().Entry().NewContract(desk_.Session().App(), saved, terms, show_definition);
+  });
+  if (saved) {
+    statusBar()->showMessage(QStringLiteral("Vertrag angelegt"));
+    pages_.setCurrentWidget(&addresses_);
+  }
+  ShowWork();
+}
+
+void MainWindow::NewType() {
+  desk_.Do([this] { desk_.Session().Entry().EditContractDefinition(desk_.Session().App(), true); });
+  pages_.setCurrentWidget(&types_);
+  ShowWork();
+}
+
+void MainWindow::EditType() {
+  if (!edit_type_->isEnabled()) return;
+  desk_.Do(
+      [this] { desk_.Session().Entry().EditContractDefinition(desk_.Session().App(), false); });
+  ShowWork();
+}
+
+void MainWindow::TickAppointment() {
+  const QModelIndex index = appointments_.Table().currentIndex();
+  if (!index.isValid()) return;
+  const ListRow row = appointments_.Model().Row(index.row());
+  const bool done = host::ToBoolean(row.cells[kAppointmentDoneColumn]);
+  desk_.Do([&] {
+    desk_.GoTo(table::vv_VertragsAktivitaeten, row.oid);
+    const auto live = desk_.Session().Host().Table(table::vv_VertragsAktivitaeten);
+    live->BeginEdit();
+    live->Fields().Item(field::Erledigt).SetValue(!done);
+    live->Store(host::kFlagsUsual);
+  });
+  ShowWork();
+}
+
+bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
+  const bool here = automation::IsEmpty(desk_.Store());
+  const std::string database = here ? desk_.Database() : FromQt(new_database);
+  const bool done = desk_.Do([&] {
+    Progress progress(QStringLiteral("Der Datenbestand wird eingelesen"), this);
+    automation::ImportDatabase(database, automation::FileSource(FromQt(file)),
+                               automation::Access::Write, progress.Pause());
+  });
+  if (done && OpenAsked) OpenAsked(database);
+  return done;
+}
+
+bool MainWindow::ExportTo(const QString& file) {
+  const bool done = desk_.Do([&] {
+    Progress progress(QStringLiteral("Der Datenbestand wird geschrieben"), this);
+    automation::ExportDatabase(desk_.Database(), FromQt(file), progress.Pause());
+  });
+  if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
+  return done;
+}
+
+bool MainWindow::WriteCalendar(const QString& file) {
+  const bool done = desk_.Do([&] {
+    const platform::Date today = desk_.Clock().Today();
+    const auto deadlines = automation::ReadDeadlines(desk_.Store(), today, std::nullopt);
+    automation::ReplaceFile(
+        FromQt(file), automation::CalendarText(deadlines, desk_.Store().ReadProfile().name, today));
+  });
+  if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
+  return done;
+}
+
+void MainWindow::AskOpen() {
+  const QString file =
+      QFileDialog::getOpenFileName(this, QStringLiteral("Datenbank öffnen"), {},
+                                   QStringLiteral("Datenbanken (*.db *.sqlite);;Alle Dateien (*)"));
+  if (!file.isEmpty() && OpenAsked) OpenAsked(FromQt(file));
+}
+
+void MainWindow::AskImport() {
+  const QString file =
+      QFileDialog::getOpenFileName(this, QStringLiteral("Datenbestand importieren"), {},
+                                   QStringLiteral("Datenbestände (*.json);;Alle Dateien (*)"));
+  if (file.isEmpty()) return;
+  QString database;
+  if (!automation::IsEmpty(desk_.Store())) {
+    database = QFileDialog::getSaveFileName(this, QStringLiteral("In welche neue Datenbank?"), {},
+                                            QStringLiteral("Datenbanken (*.db)"), nullptr,
+                                            QFileDialog::DontConfirmOverwrite);
+    if (database.isEmpty()) return;
+  }
+  ImportFrom(file, database);
+}
+
+void MainWindow::AskExport() {
+  const QString file =
+      QFileDialog::getSaveFileName(this, QStringLiteral("Datenbestand exportieren"), {},
+                                   QStringLiteral("Datenbestände (*.json)"));
+  if (!file.isEmpty()) ExportTo(file);
+}
+
+void MainWindow::AskCalendar() {
+  const QString file = QFileDialog::getSaveFileName(
+      this, QStringLiteral("Fristen als Kalenderdatei"), {}, QStringLiteral("Kalender (*.ics)"));
+  if (!file.isEmpty()) WriteCalendar(file);
+}
+
+void MainWindow::AskTakeover() {
+  TakeoverWindow window(desk_.Database(), desk_.Clock(), this);
+  window.exec();
+  if (!window.Changed()) return;
+  // Rows that were read before are old now.
+  Reload();
+}
+
+void MainWindow::SearchPage() {
+  if (ListPage* page = PageShown()) page->Search();
+}
+
+void MainWindow::TellAbout() {
+  ShowMessageBox({std::string("Pactora ") + PACTORA_VERSION +
+                      "\r\nVerträge zu den Adressen und Artikeln einer Tessarin-Datenbank",
+                  ui::style::kInformation, "Über Pactora"},
+                 this);
+}
+
+void MainWindow::Quit() { close(); }
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  memory_.Keep(*this);
+  event->accept();
+}
+
+}  // namespace pactora::desktop

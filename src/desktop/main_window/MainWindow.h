@@ -1,0 +1,96 @@
+// The main window: the pages, and everything that can be begun from them.
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QTabWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "desktop/main_window/AddressPage.h"
+#include "desktop/main_window/Desk.h"
+#include "desktop/main_window/ListPage.h"
+#include "desktop/main_window/WindowMemory.h"
+
+class QAction;
+class QCheckBox;
+class QSpinBox;
+
+namespace pactora::desktop {
+
+class MainWindow final : public QMainWindow {
+ public:
+  // Desk and memory must outlive the window.
+  MainWindow(Desk& desk, WindowMemory& memory);
+  ~MainWindow() override;
+
+  AddressPage& Addresses() { return addresses_; }
+  ListPage& Types() { return types_; }
+  ListPage& Deadlines() { return deadlines_; }
+  ListPage& Appointments() { return appointments_; }
+
+  // Reads everything anew.
+  void Reload();
+  // Reads the rest of all lists at once.
+  void FinishReading();
+
+  // The add-on's dialogs, on the current rows.
+  void NewContract();
+  void NewType();
+  void EditType();
+
+  // Reads a dataset: into this database while it is empty, otherwise into the new one
+  // of that name; in either case it is open afterwards. Returns whether all went well.
+  bool ImportFrom(const QString& file, const QString& new_database);
+  bool ExportTo(const QString& file);
+  bool WriteCalendar(const QString& file);
+
+  // Marks the chosen appointment as done, or as open again.
+  void TickAppointment();
+
+  // The user wants to work with another database, or anew with this one.
+  std::function<void(const std::string& database)> OpenAsked;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void MakeActions();
+  void MakeLookMenu(QMenu& menu);
+  void MakeTypePage();
+  void MakeDeadlinePage();
+  void MakeAppointmentPage();
+  QAction* Add(QMenu& menu, const char* name, const QString& text, const QKeySequence& keys,
+               void (MainWindow::*act)());
+
+  void AskOpen();
+  void AskImport();
+  void AskExport();
+  void AskCalendar();
+  void AskTakeover();
+  void SearchPage();
+  void TellAbout();
+  void Quit();
+
+  ListPage* PageShown() const;
+  // After work that may have changed anything in the database but addresses.
+  void ShowWork();
+  void ReloadPage();
+  void ShowContract(store::Oid contract);
+  void ShowChoice();
+
+  Desk& desk_;
+  WindowMemory& memory_;
+  QTabWidget pages_;
+  AddressPage addresses_;
+  ListPage types_;
+  ListPage deadlines_;
+  ListPage appointments_;
+  std::vector<QWidget*> stale_;  // pages that are read when they come up
+  QAction* new_contract_ = nullptr;
+  QAction* edit_type_ = nullptr;
+  QAction* tick_ = nullptr;
+};
+
+}  // namespace pactora::desktop

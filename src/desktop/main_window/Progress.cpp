@@ -1,0 +1,38 @@
+#include "desktop/main_window/Progress.h"
+
+#include <QElapsedTimer>
+#include <memory>
+
+#include "automation/errors.h"
+
+namespace pactora::desktop {
+namespace {
+
+constexpr int kShowEveryMs = 40;
+constexpr int kParts = 1000;
+
+}  // namespace
+
+Progress::Progress(const QString& title, QWidget* parent) : dialog_(parent) {
+  dialog_.setObjectName(QStringLiteral("progress"));
+  dialog_.setWindowTitle(QStringLiteral("Pactora"));
+  dialog_.setLabelText(title);
+  dialog_.setCancelButtonText(QStringLiteral("&Anhalten"));
+  dialog_.setWindowModality(Qt::ApplicationModal);
+  dialog_.setRange(0, kParts);
+  dialog_.setMinimumDuration(500);
+}
+
+automation::Pause Progress::Pause() {
+  const auto since = std::make_shared<QElapsedTimer>();
+  return [this, since](std::size_t done, std::size_t all) {
+    if (since->isValid() && since->elapsed() < kShowEveryMs) return;
+    since->start();
+    const double part = all == 0 ? 0 : static_cast<double>(done) / static_cast<double>(all);
+    // Less than the whole: the last part is the writing to the disk.
+    dialog_.setValue(static_cast<int>(part * (kParts - 1)));
+    if (dialog_.wasCanceled()) automation::Raise(automation::DoorError::Interrupted, "abgebrochen");
+  };
+}
+
+}  // namespace pactora::desktop

@@ -1,0 +1,218 @@
+#include "desktop/main_window/TakeoverWindow.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "automation/errors.h"
+#include "desktop/MessageBox.h"
+#include "desktop/text.h"
+
+namespace pactora::desktop {
+namespace {
+
+constexpr int kShowEveryMs = 40;  // while it runs
+
+const QString kLists = QStringLiteral("Listen (*.csv *.txt);;Alle Dateien (*)");
+
+std::vector<ListColumn> LineColumns() {
+  return {{"Zeile", CellKind::Number, 8},
+          {"Ergebnis", CellKind::Text, 13},
+          {"Vertrag", CellKind::Text, 14},
+          {"Meldung", CellKind::Text, 50}};
+}
+
+}  // namespace
+
+TakeoverWindow::TakeoverWindow(std::string database, const platform::Clock& clock, QWidget* parent)
+    : QDialog(parent),
+      database_(std::move(database)),
+      clock_(clock),
+      lines_(LineColumns()),
+      table_(lines_, QStringLiteral("takeover_lines")) {
+  setObjectName(QStringLiteral("takeover"));
+  setWindowTitle(QStringLiteral("Übernahmeliste"));
+  progress_.setObjectName(QStringLiteral("takeover_progress"));
+  progress_.setFormat(QStringLiteral("%v von %m"));
+  progress_.setMaximum(1);
+  progress_.setTextVisible(false);
+  outcome_.setObjectName(QStringLiteral("takeover_outcome"));
+  outcome_.setTextFormat(Qt::PlainText);
+  outcome_.setWordWrap(true);
+  outcome_.setText(
+      QStringLiteral("Jede Zeile der Liste wird wie im Dialog „Neuer Vertrag“ eingegeben. Eine "
+                     "angehaltene Übernahme setzt derselbe Bericht fort, kein Vertrag entsteht "
+                     "doppelt."));
+  table_.setAccessibleName(QStringLiteral("Zeilen der Liste"));
+
+  auto* buttons = new QDialogButtonBox;
+  start_ = buttons->addButton(QStringLiteral("&Starten"), QDialogButtonBox::ActionRole);
+  start_->setObjectName(QStringLiteral("takeover_start"));
+  start_->setDefault(true);
+  stop_ = buttons->addButton(QStringLiteral("&Anhalten"), QDialogButtonBox::ActionRole);
+  stop_->setObjectName(QStringLiteral("takeover_stop"));
+  close_ = buttons->addButton(QStringLiteral("S&chließen"), QDialogButtonBox::RejectRole);
+  connect(start_, &QPushButton::clicked, this, [this] { Start(); });
+  connect(stop_, &QPushButton::clicked, this, [this] { Stop(); });
+  connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
+
+  auto* all = new QVBoxLayout(this);
+  files_ = MakeFiles();
+  all->addWidget(files_);
+  all->addWidget(&outcome_);
+  all->addWidget(&progress_);
+  all->addWidget(&table_, 1);
+  all->addWidget(buttons);
+  SetRunning(false);
+  resize(fontMetrics().horizontalAdvance(u'n') * 100, fontMetrics().height() * 34);
+}
+
+QWidget* TakeoverWindow::MakeFiles() {
+  auto* files = new QWidget;
+  auto* grid = new QGridLayout(files);
+  grid->setContentsMargins(0, 0, 0, 0);
+  const auto add = [&](int row, const QString& title, QLineEdit& line, const QString& name,
+                       void (TakeoverWindow::*choose)()) {
+    line.setObjectName(name);
+    auto* label = new QLabel(title);
+    label->setBuddy(&line);
+    auto* button = new QPushButton(QStringLiteral("…"));
+    button->setObjectName(name + QStringLiteral("_choose"));
+    button->setAccessibleName(WithoutMarks(title).remove(u'&') + QStringLiteral(" auswählen"));
+    button->setToolTip(QStringLiteral("Datei auswählen"));
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, choose);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(&line, row, 1);
+    grid->addWidget(button, row, 2);
+  };
+  add(0, QStringLiteral("&Liste"), list_, QStringLiteral("takeover_list"),
+      &TakeoverWindow::ChooseList);
+  add(1, QStringLiteral("&Bericht"), report_, QStringLiteral("takeover_report"),
+      &TakeoverWindow::ChooseReport);
+  rehearsal_.setObjectName(QStringLiteral("takeover_rehearsal"));
+  rehearsal_.setText(QStringLiteral("&Probelauf, nichts wird geschrieben"));
+  grid->addWidget(&rehearsal_, 2, 1);
+  connect(&list_, &QLineEdit::textChanged, this, [this] { SetRunning(running_); });
+  connect(&report_, &QLineEdit::textChanged, this, [this] { SetRunning(running_); });
+  return files;
+}
+
+void TakeoverWindow::SetList(const QString& file) {
+  const QString ending = QStringLiteral(".bericht.csv");
+  if (report_.text().isEmpty() || report_.text() == list_.text() + ending)
+    report_.setText(file + ending);
+  list_.setText(file);
+}
+
+void TakeoverWindow::ChooseList() {
+  const QString file =
+      QFileDialog::getOpenFileName(this, QStringLiteral("Übernahmeliste"), list_.text(), kLists);
+  if (!file.isEmpty()) SetList(file);
+}
+
+void TakeoverWindow::ChooseReport() {
+  // An earlier report is gone on with, not replaced.
+  const QString file =
+      QFileDialog::getSaveFileName(this, QStringLiteral("Bericht"), report_.text(), kLists, nullptr,
+                                   QFileDialog::DontConfirmOverwrite);
+  if (!file.isEmpty()) report_.setText(file);
+}
+
+void TakeoverWindow::Start() {
+  if (running_) return;
+  stop_asked_ = false;
+  SetRunning(true);
+  lines_.Clear();
+  shown_ = 0;
+  try {
+    automation::TakeoverJob job(
+        {database_, FromQt(list_.text()), FromQt(report_.text()), rehearsal_.isChecked()});
+    progress_.setMaximum(static_cast<int>(std::max<std::size_t>(1, job.Size())));
+    progress_.setValue(0);
+    progress_.setTextVisible(true);
+    Run(job);
+  } catch (const platform::Error& error) {
+    ShowMessageBox({automation::Describe(error), ui::style::kExclamation, "Pactora"}, this);
+  }
+  SetRunning(false);
+}
+
+void TakeoverWindow::Run(automation::TakeoverJob& job) {
+  outcome_.setText(QStringLiteral("Die Liste wird eingegeben …"));
+  QElapsedTimer since;
+  since.start();
+  const auto after_line = [&] {
+    if (since.elapsed() >= kShowEveryMs) {
+      ShowLines(job);
+      QApplication::processEvents();
+      since.restart();
+    }
+    if (stop_asked_) automation::Raise(automation::DoorError::Interrupted, "abgebrochen");
+  };
+  try {
+    const auto count = job.Run(clock_, after_line);
+    ShowLines(job);
+    QString text = QStringLiteral("%1 angelegt, %2 abgelehnt, %3 übersprungen")
+                       .arg(count.created)
+                       .arg(count.refused)
+                       .arg(count.skipped);
+    if (rehearsal_.isChecked()) text += QStringLiteral(" (Probelauf, nichts geschrieben)");
+    if (count.refused > 0 && !rehearsal_.isChecked()) {
+      text += QStringLiteral("\nAbgelehnte Zeilen stehen in %1")
+                  .arg(ToQt(automation::RejectedFile(FromQt(report_.text()))));
+    }
+    outcome_.setText(text);
+  } catch (const platform::Error& error) {
+    ShowLines(job);
+    outcome_.setText(QStringLiteral("Angehalten nach %1 von %2 Zeilen; ein neuer Start setzt die "
+                                    "Liste fort")
+                         .arg(job.Lines().size())
+                         .arg(job.Size()));
+    if (error.Number() != automation::Number(automation::DoorError::Interrupted)) throw;
+  }
+}
+
+void TakeoverWindow::ShowLines(const automation::TakeoverJob& job) {
+  std::vector<ListRow> rows;
+  for (; shown_ < job.Lines().size(); ++shown_) {
+    const automation::ReportLine& line = job.Lines()[shown_];
+    const bool created = line.outcome == automation::TakeoverOutcome::Created;
+    const bool bad = !created && line.outcome != automation::TakeoverOutcome::Skipped;
+    changed_ = changed_ || (created && !rehearsal_.isChecked());
+    const auto key = static_cast<std::int64_t>(line.line);
+    rows.push_back({key,
+                    key,
+                    {static_cast<std::int32_t>(line.line), automation::Text(line.outcome),
+                     line.number, line.message},
+                    bad});
+  }
+  lines_.Add(std::move(rows));
+  lines_.Publish();
+  table_.scrollToBottom();
+  progress_.setValue(static_cast<int>(shown_));
+}
+
+void TakeoverWindow::Stop() { stop_asked_ = running_; }
+
+void TakeoverWindow::SetRunning(bool running) {
+  running_ = running;
+  files_->setEnabled(!running);
+  const bool named = !list_.text().isEmpty() && !report_.text().isEmpty();
+  start_->setEnabled(!running && named);
+  stop_->setEnabled(running);
+  close_->setEnabled(!running);
+}
+
+void TakeoverWindow::reject() {
+  if (running_)
+    Stop();
+  else
+    QDialog::reject();
+}
+
+}  // namespace pactora::desktop

@@ -1,0 +1,103 @@
+// The program of the windows:
+//
+//   pactora-desktop DB
+//
+// "pactora desktop DB" starts it.
+#include <QApplication>
+#include <QSettings>
+#include <QTimer>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "automation/errors.h"
+#include "automation/exit_status.h"
+#include "desktop/appearance.h"
+#include "desktop/main_window/Desk.h"
+#include "desktop/main_window/MainWindow.h"
+#include "desktop/main_window/WindowMemory.h"
+#include "desktop/text.h"
+#include "platform/Clock.h"
+#include "platform/Error.h"
+
+namespace pactora::desktop {
+namespace {
+
+using automation::Status;
+
+// What is open: one database at a time.
+class Program {
+ public:
+  explicit Program(QSettings& settings) : settings_(settings) {}
+
+  // Raises what opening the database raises; what was open stays open then.
+  void Open(const std::string& database) {
+    auto desk = std::make_unique<Desk>(database, clock_);
+    auto memory = std::make_unique<WindowMemory>(settings_, ToQt(desk->UserName()));
+    UseTheme(memory->Look());
+    auto window = std::make_unique<MainWindow>(*desk, *memory);
+    window->OpenAsked = [this](const std::string& other) {
+      // The window that asks is still at work.
+      QTimer::singleShot(0, qApp, [this, other] { OpenInstead(other); });
+    };
+    window->show();
+    if (window_) window_->close();
+    window_ = std::move(window);
+    memory_ = std::move(memory);
+    desk_ = std::move(desk);
+  }
+
+ private:
+  void OpenInstead(const std::string& database) {
+    try {
+      Open(database);
+    } catch (const platform::Error& error) {
+      desk_->ShowError(error);
+    }
+  }
+
+  QSettings& settings_;
+  const platform::SystemClock clock_;
+  // In the order in which they lean on each other.
+  std::unique_ptr<Desk> desk_;
+  std::unique_ptr<WindowMemory> memory_;
+  std::unique_ptr<MainWindow> window_;
+};
+
+int Complain(const std::string& text, Status status) {
+  std::fprintf(stderr, "pactora: %s\n", text.c_str());
+  return static_cast<int>(status);
+}
+
+// Without one the application would end with words of its own.
+bool HasScreen() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    if (!qEnvironmentVariableIsEmpty(name)) return true;
+  }
+  return false;
+}
+
+int Main(int argc, char** argv) {
+  if (argc != 2) return Complain("Aufruf: pactora desktop DB", Status::BadInput);
+  if (!HasScreen())
+    return Complain("es gibt hier keinen Bildschirm für die Fenster", Status::NotReachable);
+  QApplication application(argc, argv);
+  QApplication::setOrganizationName(QStringLiteral("Pactora"));
+  QApplication::setApplicationName(QStringLiteral("Pactora"));
+  UseGerman(application);
+  QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Pactora"),
+                     QStringLiteral("desktop"));
+  Program program(settings);
+  try {
+    program.Open(argv[1]);
+  } catch (const platform::Error& error) {
+    return Complain(automation::Describe(error), automation::StatusOf(error));
+  }
+  return QApplication::exec();
+}
+
+}  // namespace
+}  // namespace pactora::desktop
+
+int main(int argc, char** argv) { return pactora::desktop::Main(argc, argv); }
