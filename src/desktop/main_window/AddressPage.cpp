@@ -18,7 +18,7 @@ namespace table = schema::table;
 
 // Characters of the tree's columns, in the order of ContractTree::Column.
 constexpr int kWidths[] = {34, 10, 10, 13, 14, 10, 9, 17, 14};
-constexpr int kListWidth = 44;  // characters of the list of addresses
+constexpr int kListWidth = 46;  // characters of the list of addresses
 
 void Fill(ListModel& model, std::vector<ListRow> rows) {
   model.Clear();

@@ -62,7 +62,8 @@ void ListPage::ShowCount() {
   const QString all = german.toString(static_cast<qulonglong>(model_.All()));
   const QString shown = german.toString(model_.rowCount());
   const bool whole = static_cast<std::size_t>(model_.rowCount()) == model_.All();
-  QString text = whole ? all : QStringLiteral("%1 von %2").arg(shown, all);
+  QString text = kind_.things + QStringLiteral(": ") +
+                 (whole ? all : QStringLiteral("%1 von %2").arg(shown, all));
   if (feed_.Running()) text += QStringLiteral(" … wird gelesen");
   count_.setText(text);
 }

@@ -28,6 +28,7 @@ class ListPage final : public QWidget {
   void Reload();
   // Reads the rest at once.
   void Finish() { feed_.Finish(); }
+  bool Reading() const { return feed_.Running(); }
   // Shows the row, though a search may have hidden it.
   void Reveal(std::int64_t key);
   // Puts the caret into the line.

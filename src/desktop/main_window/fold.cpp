@@ -11,7 +11,10 @@ QString Fold(const QString& text) {
   QString folded;
   folded.reserve(parts.size());
   for (const QChar c : parts) {
-    if (c.category() != QChar::Mark_NonSpacing) folded += c;
+    if (c == u'ß')
+      folded += QStringLiteral("ss");
+    else if (c.category() != QChar::Mark_NonSpacing)
+      folded += c;
   }
   return folded;
 }

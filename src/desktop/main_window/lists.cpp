@@ -154,8 +154,8 @@ CellKind KindOf(const schema::Field& field) {
 }  // namespace
 
 const ListKind& AddressList() {
-  static const ListKind list{{{"Name", CellKind::Text, 32}, {"Verträge", CellKind::Number, 9}},
-                             ReadAddresses};
+  static const ListKind list{
+      "Adressen", {{"Name", CellKind::Text, 30}, {"Verträge", CellKind::Number, 9}}, ReadAddresses};
   return list;
 }
 
@@ -166,7 +166,8 @@ std::vector<host::Value> AddressCells(Desk& desk, store::Oid address) {
 }
 
 const ListKind& TypeList() {
-  static const ListKind list{{{"Bezeichnung", CellKind::Text, 36},
+  static const ListKind list{"Vertragstypen",
+                             {{"Bezeichnung", CellKind::Text, 36},
                               {"ID", CellKind::Text, 10},
                               {"Status", CellKind::Text, 14},
                               {"Typ", CellKind::Text, 5},
@@ -179,7 +180,8 @@ const ListKind& TypeList() {
 }
 
 const ListKind& DeadlineList() {
-  static const ListKind list{{{"Datum", CellKind::Date, 11},
+  static const ListKind list{"Fristen",
+                             {{"Datum", CellKind::Date, 11},
                               {"Frist", CellKind::Text, 11},
                               {"Zugang spätestens", CellKind::Date, 18},
                               {"Adresse", CellKind::Text, 32},
@@ -192,7 +194,8 @@ const ListKind& DeadlineList() {
 }
 
 const ListKind& AppointmentList() {
-  static const ListKind list{{{"Datum", CellKind::Date, 11},
+  static const ListKind list{"Termine",
+                             {{"Datum", CellKind::Date, 11},
                               {"Betreff", CellKind::Text, 42},
                               {"Adresse", CellKind::Text, 32},
                               {"Vertrag", CellKind::Text, 14},

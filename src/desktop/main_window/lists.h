@@ -11,6 +11,7 @@
 namespace pactora::desktop {
 
 struct ListKind {
+  QString things;  // what its rows are called
   std::vector<ListColumn> columns;
   ReadRows (*read)(Desk& desk);
   int sorted_by = 0;  // column

@@ -1,0 +1,167 @@
+// What the main window's lists and its timeline are made of.
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <algorithm>
+#include <random>
+
+#include "desktop/main_window/ListModel.h"
+#include "desktop/main_window/fold.h"
+#include "desktop/main_window/timeline.h"
+#include "desktop/text.h"
+
+namespace pactora::desktop {
+namespace {
+
+using platform::Date;
+using platform::FromCivil;
+
+TEST(Fold, TextsThatPeopleTakeForTheSameAreEqual) {
+  const std::vector<std::vector<const char*>> same = {
+      {"Müller", "MÜLLER", "muller", "Mu\u0308ller"},
+      {"Straße", "STRASSE", "strasse"},
+      {"Övelgrün", "ovelgrun"},
+      {"Café", "CAFE"}};
+  for (const auto& texts : same) {
+    for (const char* text : texts)
+      EXPECT_EQ(Fold(QString::fromUtf8(text)), Fold(QString::fromUtf8(texts[0])));
+  }
+  EXPECT_NE(Fold("Müller"), Fold("Möller"));
+}
+
+// Rows in any number of portions, searched and sorted in any order of calls, against
+// the plain way to do it.
+TEST(ListModel, ShowsWhatAPlainSearchAndSortWouldShow) {
+  std::mt19937 random(7);
+  const std::vector<std::string> words = {"Öl", "ol", "Haus", "haus 7", "", "Straße", "x"};
+  for (int round = 0; round < 200; ++round) {
+    ListModel model({{"Name", CellKind::Text, 10}, {"Zahl", CellKind::Number, 5}});
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    std::vector<ListRow> rows;
+    const std::vector<std::string> names = {"Ölhaus", "Haus", "Strasse", "Ohne", "Haus 7"};
+    int column = -1;
+    bool up = true;
+    std::string search;
+    for (int step = 0; step < 8; ++step) {
+      switch (random() % 3) {
+        case 0: {
+          std::vector<ListRow> more;
+          for (auto i = random() % 6; i > 0; --i) {
+            const auto key = static_cast<std::int64_t>(rows.size() + more.size());
+            more.push_back(
+                {key,
+                 key,
+                 {names[random() % names.size()], static_cast<std::int32_t>(random() % 9)}});
+          }
+          rows.insert(rows.end(), more.begin(), more.end());
+          model.Add(more);
+          model.Publish();
+          break;
+        }
+        case 1:
+          column = static_cast<int>(random() % 2);
+          up = random() % 2 == 0;
+          model.sort(column, up ? Qt::AscendingOrder : Qt::DescendingOrder);
+          break;
+        default:
+          search = words[random() % words.size()];
+          model.SetWords(ToQt(search));
+      }
+    }
+    std::vector<ListRow> expected;
+    for (const ListRow& row : rows) {
+      const QString text =
+          Fold(ToQt(host::ToText(row.cells[0]))) + '\n' + CellText(CellKind::Number, row.cells[1]);
+      bool all = true;
+      for (const QString& word : Fold(ToQt(search)).split(' ', Qt::SkipEmptyParts))
+        all = all && text.contains(word);
+      if (all) expected.push_back(row);
+    }
+    std::vector<std::int64_t> shown;
+    for (int row = 0; row < model.rowCount(); ++row) shown.push_back(model.Row(row).key);
+    std::vector<std::int64_t> keys;
+    for (const ListRow& row : expected) keys.push_back(row.key);
+    EXPECT_THAT(shown, testing::UnorderedElementsAreArray(keys));
+    if (column < 0) continue;
+    for (int row = 1; row < model.rowCount(); ++row) {
+      const auto& above = model.Row(row - 1).cells[static_cast<std::size_t>(column)];
+      const auto& below = model.Row(row).cells[static_cast<std::size_t>(column)];
+      if (column == 1) {
+        EXPECT_TRUE(up ? above.AsLong() <= below.AsLong() : above.AsLong() >= below.AsLong());
+      } else {
+        const QString a = Fold(ToQt(above.AsText()));
+        const QString b = Fold(ToQt(below.AsText()));
+        EXPECT_TRUE(up ? a <= b : a >= b) << a.toStdString() << " " << b.toStdString();
+      }
+    }
+    for (const auto key : shown) EXPECT_EQ(model.Row(model.Find(key)).key, key);
+  }
+}
+
+TEST(Cells, ReadTheGermanWay) {
+  EXPECT_EQ(CellText(CellKind::Money, 1234.5), "1.234,50");
+  EXPECT_EQ(CellText(CellKind::Number, 1234.0), "1.234");
+  EXPECT_EQ(CellText(CellKind::Percent, 12.5), "12,50 %");
+  EXPECT_EQ(CellText(CellKind::Date, FromCivil(2024, 3, 5)), "05.03.2024");
+  EXPECT_EQ(CellText(CellKind::Date, platform::kNoInvoiceDate), "keine");
+  EXPECT_EQ(CellText(CellKind::Date, platform::kNoDate), "");
+  EXPECT_EQ(CellText(CellKind::Mark, true), "ja");
+  EXPECT_EQ(CellText(CellKind::Money, host::Value()), "");
+}
+
+// Whatever a contract's dates, all that matters lies on the axis, in order.
+TEST(TimeAxis, HasEverythingOnItInOrder) {
+  std::mt19937 random(11);
+  const auto day = [&] {
+    return Date{static_cast<double>(30000 + static_cast<int>(random() % 34000))};
+  };
+  for (int round = 0; round < 2000; ++round) {
+    Timeline line;
+    std::vector<Date> days;
+    for (auto i = random() % 4; i > 0; --i) {
+      TimelineTerm term{day(), std::nullopt, std::nullopt};
+      if (random() % 3 > 0) term.end = Date{term.start.days + static_cast<double>(random() % 2000)};
+      if (random() % 2 > 0) term.next_invoice = day();
+      for (const auto& date : {std::optional(term.start), term.end, term.next_invoice})
+        if (date) days.push_back(*date);
+      line.terms.push_back(term);
+    }
+    if (random() % 2 > 0) days.push_back(line.notice.emplace(day()));
+    const Date today = day();
+    days.push_back(today);
+    const TimeAxis axis(line, today);
+    std::ranges::sort(days);
+    for (std::size_t i = 0; i < days.size(); ++i) {
+      EXPECT_GE(days[i], axis.First());
+      EXPECT_LT(days[i], axis.Last());
+      if (i > 0 && days[i] > days[i - 1]) {
+        EXPECT_GT(axis.Place(days[i]), axis.Place(days[i - 1]));
+      }
+    }
+    for (const int most : {2, 5, 12, 40}) {
+      const std::vector<TimeTick> ticks = axis.Ticks(most);
+      EXPECT_LE(ticks.size(), static_cast<std::size_t>(most));
+      for (std::size_t i = 0; i < ticks.size(); ++i) {
+        EXPECT_EQ(platform::ToCivil(ticks[i].date).day, 1);
+        EXPECT_GE(ticks[i].date, axis.First());
+        EXPECT_LT(ticks[i].date, axis.Last());
+        EXPECT_TRUE(i == 0 || ticks[i].date > ticks[i - 1].date);
+      }
+    }
+  }
+}
+
+TEST(TimeAxis, StaysWithinReasonForDatesFarAway) {
+  const Date today = FromCivil(2026, 3, 15);
+  const Timeline line{"", {{FromCivil(100, 1, 1), platform::kNoInvoiceDate, std::nullopt}}, {}};
+  const TimeAxis axis(line, today);
+  EXPECT_EQ(axis.First(), FromCivil(1926, 1, 1));
+  EXPECT_EQ(axis.Last(), FromCivil(2126, 12, 1));
+  EXPECT_EQ(axis.Place(FromCivil(100, 1, 1)), 0);
+  EXPECT_EQ(axis.Place(platform::kNoInvoiceDate), 1);
+  EXPECT_EQ(axis.Ticks(4).size(), 4u);
+}
+
+}  // namespace
+}  // namespace pactora::desktop

@@ -1,0 +1,335 @@
+// Office work in the main window, by mouse and keyboard where a person would.
+#include "desktop/main_window/main_window.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSpinBox>
+#include <QSplitter>
+
+#include "automation/deadlines.h"
+#include "automation/takeover_files.h"
+#include "desktop/main_window/TakeoverWindow.h"
+
+namespace pactora::desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+enum Page { kAddresses, kTypes, kDeadlines, kAppointments };
+
+TEST_F(MainWindowTest, TheChosenAddressIsTheCurrentRowAndItsContractsAreShown) {
+  EXPECT_FALSE(Action("new_contract").isEnabled());
+  EXPECT_EQ(Text("address_name"), "Keine Adresse ausgewählt");
+  ClickRow("addresses", "Molkerei");
+  EXPECT_EQ(CurrentText(table::Adressen, field::Name), "Molkerei Rahmental eG");
+  EXPECT_EQ(Text("address_name"), "Molkerei Rahmental eG");
+  EXPECT_TRUE(Action("new_contract").isEnabled());
+
+  auto& tree = *window->findChild<QTreeView*>("contracts");
+  const QAbstractItemModel& contracts = *tree.model();
+  ASSERT_EQ(contracts.rowCount(), 1);
+  const QModelIndex contract = contracts.index(0, 0);
+  EXPECT_EQ(contract.data().toString(), "00000002  Wartung Server");
+  EXPECT_EQ(contract.siblingAtColumn(ContractTree::Notice).data(), "20.11.2026");
+  tree.expandAll();
+  ASSERT_EQ(contracts.rowCount(contract), 3);
+  const QModelIndex term = contracts.index(0, 0, contract);
+  EXPECT_EQ(term.data(), "1. Laufzeit");
+  EXPECT_EQ(contracts.index(1, 0, contract).data(), "2. Laufzeit (Verlängerung)");
+  EXPECT_EQ(term.siblingAtColumn(ContractTree::Begin).data(), "01.01.2024");
+  EXPECT_EQ(term.siblingAtColumn(ContractTree::NextInvoice).data(), "keine");
+  EXPECT_GT(contracts.rowCount(term), 0);
+
+  // A term chosen in the tree is the current row of its table, its contract with it.
+  tree.setCurrentIndex(contracts.index(1, 0, contract));
+  EXPECT_EQ(CurrentText(table::vv_Vertragsstaende, field::LaufTyp), "2");
+  EXPECT_EQ(CurrentText(table::vv_Vertraege, field::Vertragnummer), "00000002");
+
+  const QString words = window->findChild<QWidget*>("timeline")->accessibleDescription();
+  EXPECT_EQ(words.toStdString(),
+            "00000002  Wartung Server; Laufzeit 01.01.2024 – 31.12.2024; Laufzeit 01.01.2025 – "
+            "31.12.2025; Laufzeit 01.01.2026 – 31.12.2026; Kündigung bis 20.11.2026; nächste "
+            "Rechnung 01.04.2026");
+}
+
+TEST_F(MainWindowTest, WhereTheAddOnHasGoneIsShown) {
+  ClickRow("addresses", "Molkerei");
+  desk->Session().Host().Table(table::Adressen)->MoveFirst(host::kFlagsUsual);
+  window->Addresses().ShowCurrent();
+  EXPECT_EQ(Text("address_name"), "Ahornweiler Maschinenbau GmbH");
+  EXPECT_EQ(window->Addresses().Addresses().Table().currentIndex().data(),
+            "Ahornweiler Maschinenbau GmbH");
+  desk->GoTo(table::Adressen, 0);
+  window->Addresses().ShowCurrent();
+  EXPECT_EQ(Text("address_name"), "Keine Adresse ausgewählt");
+  EXPECT_FALSE(Action("new_contract").isEnabled());
+}
+
+TEST_F(MainWindowTest, SearchingFindsWithoutAccentsAndGoesOnByKeyboard) {
+  WindowUser user = User();
+  user.Click("addresses_search");
+  user.Keys("OVEL zahn");
+  ListPage& list = window->Addresses().Addresses();
+  ASSERT_EQ(list.Model().rowCount(), 1);
+  EXPECT_EQ(Text("addresses_count"), "Adressen: 1 von 41");
+  user.Key(Qt::Key_Down);
+  EXPECT_EQ(CurrentText(table::Adressen, field::Name), Texts(list, 0)[0]);
+  // The choice outlasts the search.
+  user.Click("addresses_search");
+  user.Key(Qt::Key_Escape);
+  EXPECT_EQ(list.Model().rowCount(), 41);
+  EXPECT_EQ(list.Table().currentIndex().data().toString().toStdString(),
+            CurrentText(table::Adressen, field::Name));
+}
+
+TEST_F(MainWindowTest, ANewContractIsConcludedAndShown) {
+  ClickRow("addresses", "Quendelbach");
+  steps.Add("frmNewContract", [](QWidget& dialog) {
+    WindowUser user(dialog);
+    user.ClickRow("lvwBezeichnung", 1);
+    user.Click("cmdOK");
+  });
+  steps.Run([&] { QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier); });
+  window->FinishReading();
+  EXPECT_EQ(Count(table::vv_Vertraege), 5u);
+  const QAbstractItemModel& contracts = *window->findChild<QTreeView*>("contracts")->model();
+  ASSERT_EQ(contracts.rowCount(), 1);
+  EXPECT_EQ(CurrentText(table::vv_Vertraege, field::Vertragnummer), "00000004");
+  const int row = window->Addresses().Addresses().Model().Find(desk->Current(table::Adressen));
+  EXPECT_THAT(Texts(window->Addresses().Addresses(), row),
+              ElementsAre("Bäckerei Quendelbach", "1"));
+}
+
+TEST_F(MainWindowTest, AContractTypeIsMadeAndChanged) {
+  ShowPage(kTypes);
+  EXPECT_FALSE(Action("edit_type").isEnabled());
+  steps.Add("frmFEditDefinitions", [](QWidget& dialog) {
+    WindowUser user(dialog);
+    user.Retype("txtBezeichnung", "Archivierung");
+    user.Click("optKreditor");
+    user.Click("cmdSave");
+  });
+  steps.Run([&] { Action("new_type").trigger(); });
+  window->FinishReading();
+  ClickRow("types", "Archivierung");
+  EXPECT_EQ(CurrentText(table::vv_Vertragsdefinitionen, field::Bezeichnung), "Archivierung");
+  ASSERT_TRUE(Action("edit_type").isEnabled());
+  steps.Add("frmFEditDefinitions", [](QWidget& dialog) {
+    WindowUser user(dialog);
+    user.Retype("txtBezeichnung", "Archiv");
+    user.Click("cmdSave");
+  });
+  steps.Run([&] { QTest::keyClick(&window->Types().Table(), Qt::Key_Return); });
+  window->FinishReading();
+  EXPECT_EQ(window->Types().Table().currentIndex().data(), "Archiv");
+  EXPECT_EQ(Count(table::vv_Vertragsdefinitionen), 9u);
+}
+
+TEST_F(MainWindowTest, DeadlinesAreThoseOfAllContractsAndLeadToThem) {
+  ShowPage(kDeadlines);
+  auto& weeks = *window->findChild<QSpinBox*>("deadlines_weeks");
+  for (const int limit : {0, 6, 26}) {
+    weeks.setValue(limit);
+    const auto expected = automation::ReadDeadlines(
+        desk->Store(), clock.Today(), limit == 0 ? std::nullopt : std::optional(limit));
+    ASSERT_EQ(window->Deadlines().Model().rowCount(), static_cast<int>(expected.size()));
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+      const auto texts = Texts(window->Deadlines(), static_cast<int>(i));
+      EXPECT_EQ(texts[0], platform::FormatDate(expected[i].date, platform::kGermanPattern));
+      EXPECT_THAT(texts, testing::Contains(expected[i].address));
+      EXPECT_THAT(texts, testing::Contains(expected[i].number));
+    }
+  }
+  EXPECT_EQ(Texts(window->Deadlines(), 0)[2], "14.10.2026");
+  window->Deadlines().Table().setCurrentIndex(window->Deadlines().Model().index(0, 0));
+  QTest::keyClick(&window->Deadlines().Table(), Qt::Key_Return);
+  EXPECT_EQ(Text("address_name"), "Kaltluft Rechenzentrum GmbH");
+  EXPECT_EQ(CurrentText(table::vv_Vertraege, field::Vertragnummer), "RZ-2026-17");
+}
+
+TEST_F(MainWindowTest, AppointmentsThatAreDueStandOutAndAreTicked) {
+  ShowPage(kAppointments);
+  ListModel& appointments = window->Appointments().Model();
+  ASSERT_EQ(appointments.rowCount(), 4);
+  EXPECT_EQ(Texts(window->Appointments(), 0)[0], "03.09.2026");
+  EXPECT_TRUE(appointments.Row(0).strong);
+  EXPECT_FALSE(appointments.Row(1).strong);
+  window->Appointments().Table().setCurrentIndex(appointments.index(0, 0));
+  Action("tick").trigger();
+  window->FinishReading();
+  EXPECT_EQ(appointments.rowCount(), 3);
+  window->findChild<QCheckBox*>("appointments_done")->click();
+  ASSERT_EQ(appointments.rowCount(), 4);
+  EXPECT_EQ(Texts(window->Appointments(), 0)[5], "ja");
+  EXPECT_FALSE(appointments.Row(0).strong);
+  // The address's own list says how many are due.
+  ShowPage(kAddresses);
+  ClickRow("addresses", "Ölbermann");
+  clock.Set(platform::FromCivil(2026, 10, 1));
+  window->Addresses().ShowCurrent();
+  EXPECT_EQ(window->findChild<QTabWidget*>("address_tabs")->tabText(3), "Termine (1 fällig)");
+}
+
+TEST_F(MainWindowTest, SizesAndColumnsAreKeptForEachUser) {
+  const auto header = [&] { return window->findChild<QHeaderView*>("types_columns"); };
+  const auto splitter = [&] { return window->findChild<QSplitter*>("address_splitter"); };
+  window->resize(1100, 700);
+  header()->resizeSection(2, 177);
+  header()->moveSection(0, 3);
+  splitter()->setSizes({300, 700});
+  QApplication::processEvents();
+  const QList<int> sizes = splitter()->sizes();
+  window->close();
+  Open();
+  EXPECT_EQ(window->size(), QSize(1100, 700));
+  EXPECT_EQ(header()->sectionSize(2), 177);
+  EXPECT_EQ(header()->visualIndex(0), 3);
+  EXPECT_EQ(splitter()->sizes(), sizes);
+
+  WindowMemory other(settings, "jemand anders");
+  MainWindow untouched(*desk, other);
+  EXPECT_EQ(untouched.findChild<QHeaderView*>("types_columns")->visualIndex(0), 0);
+}
+
+TEST_F(MainWindowTest, ADatasetGoesOutAndIntoANewDatabase) {
+  const QString dataset = ToQt(folder.File("firma.json"));
+  ASSERT_TRUE(window->ExportTo(dataset));
+  std::string opened;
+  window->OpenAsked = [&](const std::string& name) { opened = name; };
+  const std::string copy = folder.File("kopie.db");
+  ASSERT_TRUE(window->ImportFrom(dataset, ToQt(copy)));
+  EXPECT_EQ(opened, copy);
+  const std::string again = folder.File("kopie.json");
+  automation::ExportDatabase(copy, again, [](std::size_t, std::size_t) {});
+  QFile one(dataset);
+  QFile other(ToQt(again));
+  ASSERT_TRUE(one.open(QIODevice::ReadOnly) && other.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(one.readAll() == other.readAll());
+
+  // A database that is there is left alone, and said so.
+  steps.Add("message", [](QWidget& message) {
+    EXPECT_THAT(message.property("text").toString().toStdString(), HasSubstr("nicht leer"));
+    QTest::keyClick(&message, Qt::Key_Return);
+  });
+  steps.Run([&] { EXPECT_FALSE(window->ImportFrom(dataset, ToQt(copy))); });
+}
+
+class TakeoverTest : public MainWindowTest {
+ protected:
+  TakeoverTest() {
+    std::string text = "Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert\n";
+    for (int i = 0; i < 30; ++i)
+      text += "Gasthof Zum Stillen Kranich;Wartung Server;01.01.2025;01.01.2026\n";
+    Write("\n" + text);
+  }
+  void Write(const std::string& text) {
+    QFile file(list);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    // Each line has a key of its own.
+    QByteArray keyed;
+    int number = 0;
+    for (const QByteArray& line : QByteArray::fromStdString(text).trimmed().split('\n')) {
+      keyed += (number == 0 ? QByteArray("Schlüssel") : "K" + QByteArray::number(number)) + ';' +
+               line + '\n';
+      ++number;
+    }
+    file.write(keyed);
+  }
+  std::string Outcome(TakeoverWindow& takeover) {
+    return takeover.findChild<QLabel*>("takeover_outcome")->text().toStdString();
+  }
+
+  const QString list = ToQt(folder.File("bestand.csv"));
+};
+
+TEST_F(TakeoverTest, AListIsTakenOverStoppedAndGoneOnWith) {
+  steps.Add("takeover", [&](QWidget& widget) {
+    auto& takeover = dynamic_cast<TakeoverWindow&>(widget);
+    WindowUser user(takeover);
+    EXPECT_FALSE(user.Get("takeover_start").isEnabled());
+    takeover.SetList(list);
+    EXPECT_EQ(user.Text("takeover_report"), (list + ".bericht.csv").toStdString());
+
+    user.Click("takeover_rehearsal");
+    user.Click("takeover_start");
+    EXPECT_THAT(Outcome(takeover), HasSubstr("30 angelegt, 0 abgelehnt"));
+    EXPECT_FALSE(takeover.Changed());
+    EXPECT_EQ(Count(table::vv_Vertraege), 4u);
+    user.Click("takeover_rehearsal");
+
+    // Asked to stop while it runs.
+    QTimer::singleShot(0, &takeover, [&] { takeover.Stop(); });
+    user.Click("takeover_start");
+    EXPECT_THAT(Outcome(takeover), HasSubstr("Angehalten nach"));
+    EXPECT_LT(Count(table::vv_Vertraege), 34u);
+    user.Click("takeover_start");
+    EXPECT_THAT(Outcome(takeover), HasSubstr("0 abgelehnt"));
+    EXPECT_EQ(Count(table::vv_Vertraege), 34u);
+    EXPECT_EQ(user.Get<QTableView>("takeover_lines").model()->rowCount(), 30);
+    takeover.close();
+  });
+  steps.Run([&] { Action("takeover_list").trigger(); });
+  window->FinishReading();
+  ClickRow("addresses", "Kranich");
+  EXPECT_EQ(window->findChild<QTreeView*>("contracts")->model()->rowCount(), 30);
+}
+
+TEST_F(TakeoverTest, RefusedLinesSayWhyAndALineThatIsNoListIsSaid) {
+  Write(
+      "Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert\nNiemand;Wartung Server;01.01.2025;\n");
+  steps.Add("takeover", [&](QWidget& widget) {
+    auto& takeover = dynamic_cast<TakeoverWindow&>(widget);
+    WindowUser user(takeover);
+    takeover.SetList(list);
+    user.Click("takeover_start");
+    EXPECT_THAT(Outcome(takeover), HasSubstr("1 abgelehnt"));
+    EXPECT_THAT(Outcome(takeover), HasSubstr("bestand.csv.bericht.csv.abgelehnt.csv"));
+    EXPECT_THAT(
+        user.Get<QTableView>("takeover_lines").model()->index(0, 3).data().toString().toStdString(),
+        HasSubstr("keine Adresse \"Niemand\""));
+    Write("Unsinn\n");
+    user.Click("takeover_start");
+    EXPECT_TRUE(user.Get("takeover_start").isEnabled());
+    takeover.close();
+  });
+  steps.Add("message", [](QWidget& message) {
+    EXPECT_THAT(message.property("text").toString().toStdString(), HasSubstr("bestand.csv"));
+    QTest::keyClick(&message, Qt::Key_Return);
+  });
+  steps.Run([&] { Action("takeover_list").trigger(); });
+}
+
+// Each menu's letters, and what a screen reader needs.
+TEST_F(MainWindowTest, EverythingHasALetterOrANameOfItsOwn) {
+  const auto letters = [](const QList<QAction*>& actions) {
+    std::vector<QChar> found;
+    for (const QAction* action : actions) {
+      const auto mark = action->text().indexOf('&');
+      if (!action->isSeparator() && mark >= 0) found.push_back(action->text()[mark + 1].toLower());
+    }
+    return found;
+  };
+  QList<QList<QAction*>> menus{window->menuBar()->actions()};
+  for (QMenu* menu : window->findChildren<QMenu*>()) {
+    if (!menu->title().isEmpty()) menus.push_back(menu->actions());
+  }
+  EXPECT_GE(menus.size(), 6);
+  for (const QList<QAction*>& menu : menus) {
+    const auto found = letters(menu);
+    for (const QChar letter : found)
+      EXPECT_EQ(std::ranges::count(found, letter), 1) << static_cast<int>(letter.unicode());
+  }
+  for (const QWidget* widget : window->findChildren<QWidget*>()) {
+    const bool input =
+        qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QAbstractItemView*>(widget);
+    if (!input || widget->objectName().startsWith("qt_")) continue;
+    if (qobject_cast<const QHeaderView*>(widget)) continue;
+    EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace pactora::desktop
