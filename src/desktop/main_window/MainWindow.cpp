@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -90,9 +91,11 @@ MainWindow::MainWindow(Desk& desk, WindowMemory& memory)
   connect(&pages_, &QTabWidget::currentChanged, this, [this] { ReloadPage(); });
   addresses_.AddressChanged = [this] { ShowChoice(); };
 
-  auto* where =
-      new QLabel(QStringLiteral("%1   %2").arg(ToQt(desk.UserName()), ToQt(desk.Database())));
+  const QString file = ToQt(desk.Database());
+  auto* where = new QLabel(QStringLiteral("Benutzer: %1   Datenbank: %2")
+                               .arg(ToQt(desk.UserName()), QFileInfo(file).fileName()));
   where->setTextFormat(Qt::PlainText);
+  where->setToolTip(file);
   statusBar()->addPermanentWidget(where);
 
   resize(1280, 800);

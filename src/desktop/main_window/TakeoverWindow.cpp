@@ -85,6 +85,7 @@ QWidget* TakeoverWindow::MakeFiles() {
     button->setAccessibleName(WithoutMarks(title).remove(u'&') + QStringLiteral(" auswählen"));
     button->setToolTip(QStringLiteral("Datei auswählen"));
     button->setAutoDefault(false);
+    button->setFixedWidth(2 * button->sizeHint().height());
     connect(button, &QPushButton::clicked, this, choose);
     grid->addWidget(label, row, 0);
     grid->addWidget(&line, row, 1);

@@ -155,7 +155,7 @@ CellKind KindOf(const schema::Field& field) {
 
 const ListKind& AddressList() {
   static const ListKind list{
-      "Adressen", {{"Name", CellKind::Text, 30}, {"Verträge", CellKind::Number, 9}}, ReadAddresses};
+      "Adressen", {{"Name", CellKind::Text, 26}, {"Verträge", CellKind::Number, 7}}, ReadAddresses};
   return list;
 }
 

@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
-#include <QDir>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QTreeView>
@@ -36,25 +35,6 @@ void Retype(QWidget& window, const char* name, const char* text) {
   line.selectAll();
   Type(line, text);
 }
-
-class Pictures {
- public:
-  Pictures(QString folder, QString ending)
-      : folder_(std::move(folder)), ending_(std::move(ending)) {}
-
-  void Take(QWidget& window, const char* name) {
-    window.resize(window.sizeHint());
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    const QString path = QDir(folder_).filePath(QString::fromUtf8(name) + ending_);
-    if (!window.grab().save(path)) problems_ += QStringLiteral("not written: ") + path;
-  }
-  QStringList& Problems() { return problems_; }
-
- private:
-  const QString folder_;
-  const QString ending_;
-  QStringList problems_;
-};
 
 void AddNewContract(WindowSteps& steps, Pictures& pictures) {
   steps.Add("frmNewContract", [&](QWidget& window) {
@@ -101,10 +81,7 @@ void GoToTypeWithPositions(automation::Session& session) {
 
 }  // namespace
 
-QStringList MakeDialogPictures(automation::Session& session, const QString& folder,
-                               const QString& ending) {
-  QDir().mkpath(folder);
-  Pictures pictures(folder, ending);
+void MakeDialogPictures(automation::Session& session, Pictures& pictures) {
   WindowSteps steps;
 
   session.Host().Table(schema::table::Adressen)->MoveFirst(host::kFlagsUsual);
@@ -117,7 +94,7 @@ QStringList MakeDialogPictures(automation::Session& session, const QString& fold
   GoToTypeWithPositions(session);
   AddDefinition(steps, pictures);
   steps.Run([&] { session.Entry().EditContractDefinition(session.App(), false); });
-  return pictures.Problems() + steps.Problems();
+  pictures.Problems() += steps.Problems();
 }
 
 }  // namespace pactora::desktop

@@ -1,24 +1,24 @@
 // Makes the pictures of the windows that the documents show:
 //
-//   pactora-pictures DB FOLDER
+//   pactora-pictures DB FOLDER TAKEOVER-LIST
 //
 // The database stays as it is. Today is fixed, so that the same database gives the
 // same pictures.
 #include <QApplication>
 #include <QTextStream>
 
-#include "automation/Session.h"
-#include "automation/database.h"
-#include "desktop/QtScreen.h"
 #include "desktop/appearance.h"
+#include "desktop/main_window/Desk.h"
+#include "desktop/pictures/Pictures.h"
 #include "desktop/pictures/dialogs.h"
+#include "desktop/pictures/main_window.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
 
 namespace pactora::desktop {
 namespace {
 
-const platform::Date kToday = platform::FromCivil(2024, 3, 15);
+const platform::Date kToday = platform::FromCivil(2026, 3, 15);
 
 struct Look {
   Theme theme;
@@ -26,22 +26,18 @@ struct Look {
 };
 constexpr Look kLooks[] = {{Theme::Light, "-light.png"}, {Theme::Dark, "-dark.png"}};
 
-QStringList MakePictures(QApplication& application, const QString& database,
-                         const QString& folder) {
+QStringList MakePictures(QApplication& application, const QString& database, const QString& folder,
+                         const QString& takeover_list) {
   UseGerman(application);
   QStringList problems;
   for (const Look& look : kLooks) {
     UseTheme(look.theme);
     const platform::FixedClock clock(kToday);
-    embedded::Host* host = nullptr;
-    QtScreen screen([&host] {
-      if (host) host->EndUnit();
-    });
-    automation::Session session(
-        automation::OpenDatabase(database.toStdString(), automation::Access::Rehearsal), screen,
-        clock);
-    host = &session.Host();
-    problems += MakeDialogPictures(session, folder, QString::fromUtf8(look.ending));
+    Desk desk(database.toStdString(), clock);
+    Pictures pictures(folder, QString::fromUtf8(look.ending));
+    MakeDialogPictures(desk.Session(), pictures);
+    MakeMainWindowPictures(desk, takeover_list, pictures);
+    problems += pictures.Problems();
   }
   return problems;
 }
@@ -53,17 +49,17 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QTextStream err(stderr);
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() != 3) {
-    err << "Aufruf: pactora-pictures DB ORDNER\n";
+  if (arguments.size() != 4) {
+    err << "Aufruf: pactora-pictures DB ORDNER LISTE\n";
     return 2;
   }
   try {
     const QStringList problems =
-        pactora::desktop::MakePictures(application, arguments[1], arguments[2]);
+        pactora::desktop::MakePictures(application, arguments[1], arguments[2], arguments[3]);
     for (const QString& problem : problems) err << problem << '\n';
     return problems.isEmpty() ? 0 : 1;
-  } catch (const std::exception& error) {
-    err << error.what() << '\n';
+  } catch (const pactora::platform::Error& error) {
+    err << QString::fromStdString(error.Description()) << '\n';
     return 1;
   }
 }

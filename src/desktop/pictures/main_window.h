@@ -1,0 +1,15 @@
+// Pictures of the main window for the documents, made from the running program.
+#pragma once
+
+#include <QString>
+
+#include "desktop/main_window/Desk.h"
+#include "desktop/pictures/Pictures.h"
+
+namespace pactora::desktop {
+
+// The contract with the most terms, the deadlines, and the takeover of this list,
+// rehearsed. Nothing is written to the database.
+void MakeMainWindowPictures(Desk& desk, const QString& takeover_list, Pictures& pictures);
+
+}  // namespace pactora::desktop
