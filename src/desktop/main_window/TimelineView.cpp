@@ -13,12 +13,11 @@
 namespace pactora::desktop {
 namespace {
 
-constexpr int kMargin = 12;     // pixels around the picture
-constexpr int kBetween = 4;     // pixels between two terms
-constexpr int kTickWidth = 64;  // pixels that a tick's label has at least
-constexpr int kPadding = 6;     // pixels around a text in a bar
-constexpr int kLeastBar = 3;    // pixels of the shortest term
-constexpr int kMostRows = 6;    // terms that the size hint has room for
+constexpr int kMargin = 12;   // pixels around the picture
+constexpr int kBetween = 4;   // pixels between two terms
+constexpr int kPadding = 6;   // pixels around a text in a bar
+constexpr int kLeastBar = 3;  // pixels of the shortest term
+constexpr int kMostRows = 6;  // terms that the size hint has room for
 
 struct MarkColors {
   QRgb today;
@@ -91,18 +90,22 @@ QString TimelineView::Words() const {
 
 int TimelineView::RowHeight() const { return fontMetrics().height() + kPadding; }
 
+int TimelineView::TickWidth() const {
+  return fontMetrics().horizontalAdvance(QStringLiteral("00/0000")) + 2 * kPadding;
+}
+
 int TimelineView::AxisHeight() const { return fontMetrics().height() + kPadding; }
 
 QSize TimelineView::minimumSizeHint() const {
   const auto terms = line_ ? static_cast<int>(line_->terms.size()) : 0;
   const auto marks = static_cast<int>(Marks().size());
   const int rows = std::max(1, terms) * (RowHeight() + kBetween) + marks * RowHeight();
-  return {5 * kTickWidth, 2 * kMargin + fontMetrics().height() + AxisHeight() + rows};
+  return {5 * TickWidth(), 2 * kMargin + fontMetrics().height() + AxisHeight() + rows};
 }
 
 QSize TimelineView::sizeHint() const {
   return minimumSizeHint().boundedTo(
-      {10 * kTickWidth, 2 * kMargin + (kMostRows + 4) * (RowHeight() + kBetween)});
+      {10 * TickWidth(), 2 * kMargin + (kMostRows + 4) * (RowHeight() + kBetween)});
 }
 
 int TimelineView::X(platform::Date date, const TimeAxis& axis) const {
@@ -145,12 +148,12 @@ void TimelineView::PaintAxis(QPainter& painter, const TimeAxis& axis) const {
   const int top = kMargin + fontMetrics().height() + kPadding;
   QColor line = palette().color(QPalette::PlaceholderText);
   line.setAlpha(70);
-  for (const TimeTick& tick : axis.Ticks(std::max(2, (width() - 2 * kMargin) / kTickWidth))) {
+  for (const TimeTick& tick : axis.Ticks(std::max(2, (width() - 2 * kMargin) / TickWidth()))) {
     const int x = X(tick.date, axis);
     painter.setPen(line);
     painter.drawLine(x, top, x, height() - kMargin);
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(QRect(x + 3, top, kTickWidth, fontMetrics().height()), Qt::AlignLeft,
+    painter.drawText(QRect(x + 3, top, TickWidth(), fontMetrics().height()), Qt::AlignLeft,
                      ToQt(tick.label));
   }
 }

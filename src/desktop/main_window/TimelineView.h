@@ -37,6 +37,7 @@ class TimelineView final : public QWidget {
   QString Words() const;
   int RowHeight() const;
   int AxisHeight() const;
+  int TickWidth() const;  // that a tick's label has at least
   QRect TermRect(std::size_t term, const TimeAxis& axis) const;
   int X(platform::Date date, const TimeAxis& axis) const;
 
