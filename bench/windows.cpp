@@ -2,9 +2,10 @@
 //
 //   bench_windows DB
 //
-// Prints milliseconds of wall time.
+// Prints milliseconds of wall time, for the dialogs of processor time.
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -12,14 +13,18 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 
+#include "desktop/WindowSteps.h"
 #include "desktop/appearance.h"
 #include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
 #include "desktop/main_window/WindowMemory.h"
+#include "host/HostTable.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
+#include "schema/names.h"
 
 namespace pactora::desktop {
 namespace {
@@ -56,6 +61,41 @@ double KeyByKey(ListPage& page, const QString& words) {
   line->clear();
   QApplication::processEvents();
   return longest;
+}
+
+// The processor time until the dialog has been painted for the first time; it is left
+// again without a change.
+double Opening(const std::function<void()>& call, const char* dialog) {
+  const std::clock_t begin = std::clock();
+  std::clock_t end = begin;
+  WindowSteps steps;
+  steps.Add(QString::fromUtf8(dialog), [&](QWidget& window) {
+    QApplication::processEvents();
+    end = std::clock();
+    dynamic_cast<QDialog&>(window).reject();
+  });
+  steps.Run(call);
+  return 1000.0 * static_cast<double>(end - begin) / CLOCKS_PER_SEC;
+}
+
+// The second time: the first one loads fonts.
+void PrintOpening(const char* what, const std::function<void()>& call, const char* dialog) {
+  Opening(call, dialog);
+  Print(what, Opening(call, dialog));
+}
+
+void MeasureDialogs(MainWindow& window, Desk& desk) {
+  desk.Session().Host().Table(schema::table::Adressen)->MoveFirst(host::kFlagsUsual);
+  const auto types = desk.Session().Host().Table(schema::table::vv_Vertragsdefinitionen);
+  Print("walk the contract types once", Measure([&] {
+          for (types->MoveFirst(host::kFlagsUsual); !types->Eof();
+               types->MoveNext(1, host::kFlagsUsual)) {
+          }
+        }));
+  PrintOpening(
+      "open the new-contract dialog", [&] { window.NewContract(); }, "frmNewContract");
+  PrintOpening(
+      "open the contract-type dialog", [&] { window.NewType(); }, "frmFEditDefinitions");
 }
 
 void MeasureWindow(const std::string& database) {
@@ -96,6 +136,7 @@ void MeasureWindow(const std::string& database) {
                       }));
   }
   Print("choose an address, longest", choose);
+  MeasureDialogs(*window, desk);
   auto& pages = *window->findChild<QTabWidget*>(QStringLiteral("pages"));
   for (ListPage* page : {&window->Deadlines(), &window->Appointments()}) {
     pages.setCurrentWidget(page);
