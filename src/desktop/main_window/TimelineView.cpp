@@ -196,7 +196,10 @@ void TimelineView::PaintMarks(QPainter& painter, const TimeAxis& axis) const {
   int row =
       kMargin + fontMetrics().height() + kPadding + AxisHeight() +
       static_cast<int>(std::max<std::size_t>(1, line_->terms.size())) * (RowHeight() + kBetween);
-  for (const Mark& mark : Marks()) {
+  // The latest on top: the words of each stand below the lines to their right.
+  std::vector<Mark> marks = Marks();
+  std::ranges::stable_sort(marks, std::ranges::greater(), &Mark::date);
+  for (const Mark& mark : marks) {
     const int x = X(mark.date, axis);
     painter.setPen(QPen(mark.color, 1.6));
     painter.drawLine(x, top, x, row + RowHeight() - kPadding);
