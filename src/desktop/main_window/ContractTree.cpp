@@ -66,6 +66,11 @@ ContractTree::Node& ContractTree::NodeOf(const QModelIndex& index) const {
   return index.isValid() ? *static_cast<Node*>(index.internalPointer()) : *root_;
 }
 
+store::TableId ContractTree::ChildTable(const Node& node) const {
+  const int level = node.level + 1;
+  return tables_[static_cast<std::size_t>(level)];
+}
+
 ContractTree::Place ContractTree::At(const QModelIndex& index) const {
   const Node& node = NodeOf(index);
   return {static_cast<Level>(node.level), tables_[static_cast<std::size_t>(node.level)],
@@ -113,10 +118,7 @@ bool ContractTree::hasChildren(const QModelIndex& parent) const {
   if (!node.children.empty()) return true;
   if (node.complete || node.level == Position) return false;
   bool any = false;
-  desk_.Read([&] {
-    any = desk_.Store().CountInParent(tables_[static_cast<std::size_t>(node.level + 1)],
-                                      node.record.oid) > 0;
-  });
+  desk_.Read([&] { any = desk_.Store().CountInParent(ChildTable(node), node.record.oid) > 0; });
   return any;
 }
 
@@ -129,7 +131,7 @@ void ContractTree::fetchMore(const QModelIndex& parent) {
   Node& node = NodeOf(parent);
   std::vector<std::unique_ptr<Node>> read;
   std::int64_t after = node.children.empty() ? 0 : node.children.back()->record.order;
-  const store::TableId table = tables_[static_cast<std::size_t>(node.level + 1)];
+  const store::TableId table = ChildTable(node);
   const auto rows = [&] { return static_cast<int>(node.children.size() + read.size()); };
   node.complete = !desk_.Read([&] {
     while (!node.complete && static_cast<int>(read.size()) < kRowsAtOnce) {

@@ -56,6 +56,8 @@ class ContractTree final : public QAbstractItemModel {
   };
 
   Node& NodeOf(const QModelIndex& index) const;
+  // Requires: the node is no position.
+  store::TableId ChildTable(const Node& node) const;
   QString Text(const Node& node, Column column) const;
 
   Desk& desk_;
