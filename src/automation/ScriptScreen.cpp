@@ -112,6 +112,13 @@ class ScriptScreen::Step {
 void ScriptScreen::Run(const Actions& actions, const std::function<void()>& call) {
   const Step step(*this, {&actions, nullptr, 0});
   call();
+  RequireDialog(actions);
+}
+
+// Requires: what runs is what these actions belong to, and it has come to its end.
+void ScriptScreen::RequireDialog(const Actions& actions) {
+  if (actions.empty() || !running_.back().dialog_actions) return;
+  Fail(actions.front(), "der Dialog wurde nicht geöffnet");
 }
 
 void ScriptScreen::Write(const Json& event) {
@@ -171,8 +178,9 @@ void ScriptScreen::CarryOut(ui::Form& form, const Actions& actions) {
   for (const Action& action : actions) {
     if (failure_) return;
     const Step step(*this, {&action.inner, &action, 0});
-    CarryOut(form, person, action);
+    const bool refused = CarryOut(form, person, action) == ui::Outcome::Kind::FocusKept;
     end_unit_();
+    if (!refused) RequireDialog(action.inner);
   }
   if (failure_ || !form.Visible()) return;
   const Step step(*this, {});
@@ -180,8 +188,12 @@ void ScriptScreen::CarryOut(ui::Form& form, const Actions& actions) {
   end_unit_();
 }
 
-void ScriptScreen::CarryOut(ui::Form& form, ui::Person& person, const Action& action) {
-  if (!form.Visible()) return Fail(action, ui::Describe(ui::Hindrance::DialogClosed));
+ui::Outcome::Kind ScriptScreen::CarryOut(ui::Form& form, ui::Person& person, const Action& action) {
+  ui::Outcome::Kind result = ui::Outcome::Kind::Done;
+  if (!form.Visible()) {
+    Fail(action, ui::Describe(ui::Hindrance::DialogClosed));
+    return result;
+  }
   // Null once the script has failed for want of the control.
   const auto find = [&](const std::string& name) {
     ui::Control* control = form.Find(name);
@@ -195,6 +207,7 @@ void ScriptScreen::CarryOut(ui::Form& form, ui::Person& person, const Action& ac
     ui::Control* control = find(name);
     if (!control) return;
     const ui::Outcome outcome = done(*control);
+    result = outcome.kind;
     if (outcome.kind != ui::Outcome::Kind::Impossible) return;
     const std::string reason = ui::Describe(outcome.hindrance);
     const bool closed = outcome.hindrance == ui::Hindrance::DialogClosed;
@@ -225,6 +238,7 @@ void ScriptScreen::CarryOut(ui::Form& form, ui::Person& person, const Action& ac
                  [&](const CloseAction&) { person.Close(); },
              },
              action.what);
+  return result;
 }
 
 }  // namespace pactora::automation

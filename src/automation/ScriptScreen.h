@@ -15,11 +15,8 @@
 #include <vector>
 
 #include "automation/dialog_actions.h"
+#include "ui/Person.h"
 #include "ui/Screen.h"
-
-namespace pactora::ui {
-class Person;
-}
 
 namespace pactora::automation {
 
@@ -62,7 +59,9 @@ class ScriptScreen final : public ui::Screen {
   void Write(const Json& event);
   void Fail(const Action& action, std::string reason);
   void CarryOut(ui::Form& form, const Actions& actions);
-  void CarryOut(ui::Form& form, ui::Person& person, const Action& action);
+  // The script fails if the dialog that these actions are for did not come up.
+  void RequireDialog(const Actions& actions);
+  ui::Outcome::Kind CarryOut(ui::Form& form, ui::Person& person, const Action& action);
 
   std::function<void(const Json&)> write_event_;
   std::function<void()> end_unit_;

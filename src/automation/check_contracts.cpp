@@ -75,7 +75,7 @@ class ContractCheck {
     for (const std::string_view name :
          {field::Art, field::VertragBeginn, field::VertragEnde, field::AktValue,
           field::AktZahlungsperiode, field::AktNaechsteRechnung})
-      if (!contract.Written(name)) Found(fmt::format("hat kein {}", name));
+      if (!contract.Written(name)) Found(fmt::format("hat ein leeres Feld {}", name));
     const std::int32_t art = host::ToLong(contract[field::Art]);
     if (schema::ArtText(art).empty())
       Found(fmt::format("hat die Art {}", art));
@@ -83,7 +83,7 @@ class ContractCheck {
       Found(fmt::format("hat die Art {}, aber {} „{}“", art, field::ArtStr,
                         contract.Text(field::ArtStr)));
     if (art == schema::kArtRenewable && !contract.Written(field::KuendfristDatum))
-      Found(fmt::format("hat kein {}", field::KuendfristDatum));
+      Found(fmt::format("hat ein leeres Feld {}", field::KuendfristDatum));
     if (!contract.SameDay(field::AktNaechsteRechnung, field::AktNaechsteRechnungStr))
       Found(fmt::format("hat ein {}, das nicht zum Datum passt", field::AktNaechsteRechnungStr));
   }
@@ -96,7 +96,7 @@ class ContractCheck {
     };
     for (const std::string_view name : {field::LaufzeitStart, field::LaufzeitEnde, field::Value,
                                         field::RechnungWann, field::NaechsteRechnung})
-      if (!term.Written(name)) in_term(fmt::format("kein {}", name));
+      if (!term.Written(name)) in_term(fmt::format("ein leeres Feld {}", name));
     for (const auto& [date, text] :
          {std::pair(field::LaufzeitStart, field::LaufzeitStartStr),
           std::pair(field::LaufzeitEnde, field::LaufzeitEndeStr),

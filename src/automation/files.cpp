@@ -39,12 +39,15 @@ void ReplaceFile(const std::string& path, const std::function<void(std::ostream&
       std::filesystem::rename(beside, path, failed);
       if (!failed) return;
     }
-    Raise(DoorError::NotCarriedOut,
-          fmt::format("{}: die Datei kann nicht geschrieben werden", path));
+    RaiseUnwritable(path);
   } catch (...) {
     std::filesystem::remove(beside, ignored);
     throw;
   }
+}
+
+void RaiseUnwritable(const std::string& path) {
+  Raise(DoorError::NotCarriedOut, fmt::format("{}: die Datei kann nicht geschrieben werden", path));
 }
 
 }  // namespace pactora::automation

@@ -14,4 +14,7 @@ void ReplaceFile(const std::string& path, const std::string& text);
 // Likewise with what fill writes; an error that fill raises leaves the file as it was.
 void ReplaceFile(const std::string& path, const std::function<void(std::ostream&)>& fill);
 
+// Raises DoorError::NotCarriedOut: this file can't be written.
+[[noreturn]] void RaiseUnwritable(const std::string& path);
+
 }  // namespace pactora::automation

@@ -54,7 +54,7 @@ TakeoverReport::TakeoverReport(std::string path) : path_(std::move(path)) {
   Load();
   file_ = std::fopen(path_.c_str(), "ab");
   if (file_ == nullptr) {
-    Raise(DoorError::BadInput, fmt::format("{}: die Datei kann nicht geschrieben werden", path_));
+    RaiseUnwritable(path_);
   }
   if (!resumed_) {
     std::fputs((std::string(kHeader) + "\n").c_str(), file_);
@@ -104,14 +104,14 @@ void TakeoverReport::Add(const ReportLine& line) {
   const bool written =
       std::fwrite(text.data(), 1, text.size(), file_) == text.size() && std::fflush(file_) == 0;
   if (!written) {
-    Raise(DoorError::BadInput, fmt::format("{}: die Datei kann nicht geschrieben werden", path_));
+    RaiseUnwritable(path_);
   }
 }
 
 void TakeoverReport::Sync() {
   if (file_ == nullptr) return;
   if (std::fflush(file_) != 0 || fsync(fileno(file_)) != 0) {
-    Raise(DoorError::BadInput, fmt::format("{}: die Datei kann nicht geschrieben werden", path_));
+    RaiseUnwritable(path_);
   }
 }
 

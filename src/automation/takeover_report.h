@@ -35,8 +35,8 @@ struct ReportLine {
 class TakeoverReport {
  public:
   // Reads the report of an earlier run, if there is one, and begins it where there
-  // is none. With an empty path nothing is kept. Raises DoorError::BadInput for a
-  // file that is no such report or can't be written.
+  // is none. With an empty path nothing is kept. Raises DoorError::BadInput for a file
+  // that is no such report, NotCarriedOut for one that cannot be written.
   explicit TakeoverReport(std::string path);
   ~TakeoverReport();
   TakeoverReport(const TakeoverReport&) = delete;
