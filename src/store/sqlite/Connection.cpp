@@ -68,8 +68,10 @@ Connection::Connection(const std::string& path, Access access, std::chrono::mill
 
 Connection::~Connection() {
   // Leaves this journal mode only to have the empty journal file removed; SQLite
-  // does that when no other user is writing, and it is harmless if it stays.
+  // does that when no other user is writing, and it is harmless if it stays: nobody
+  // is waited for.
   if (!InTransaction()) {
+    sqlite3_busy_timeout(database_, 0);
     sqlite3_exec(database_, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
   }
   sqlite3_close(database_);
