@@ -1,8 +1,11 @@
 #include "automation/database.h"
 
 #include <fmt/format.h>
+#include <signal.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <charconv>
 #include <filesystem>
 #include <system_error>
 
@@ -79,6 +82,28 @@ class ScratchFile {
   std::string path_;
 };
 
+#ifdef PACTORA_HAS_SQLITE
+constexpr const char* kScratch = ".neu-";  // and the number of the process
+
+// Takes away what a killed program left half made beside the name.
+void RemoveLeftovers(const std::string& name) {
+  const fs::path path = fs::absolute(name);
+  const std::string begin = path.filename().string() + kScratch;
+  std::error_code failed;
+  for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path(), failed)) {
+    const std::string file = entry.path().filename().string();
+    if (!file.starts_with(begin)) continue;
+    pid_t process = 0;
+    const char* const digits = file.c_str() + begin.size();
+    std::from_chars(digits, file.c_str() + file.size(), process);
+    // Somebody who is still at work keeps his.
+    if (process <= 0 || ::kill(process, 0) == 0 || errno != ESRCH) continue;
+    std::error_code ignored;
+    fs::remove(entry.path(), ignored);
+  }
+}
+#endif
+
 }  // namespace
 
 std::string DefaultDatabaseName(const std::string& name) {
@@ -115,7 +140,8 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
     return;
   }
 #ifdef PACTORA_HAS_SQLITE
-  ScratchFile scratch(fmt::format("{}.neu-{}", name, ::getpid()));
+  RemoveLeftovers(name);
+  ScratchFile scratch(fmt::format("{}{}{}", name, kScratch, ::getpid()));
   fill(*Naming(name, [&] { return store::CreateSqlite(scratch.Path(), catalog, profile); }));
   scratch.MoveTo(name);
 #endif

@@ -2,8 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <unistd.h>
 
 #include <chrono>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <random>
 #include <set>
@@ -110,6 +112,17 @@ TEST_F(Processes, ThatAreInterruptedEndBetweenTwoContracts) {
   EXPECT_THAT(ended.error, HasSubstr("von 2000 angelegt"));
   EXPECT_EQ(Announced(ended.out), Numbers());
   ExpectSound();
+}
+
+TEST_F(Processes, TakeAwayWhatAKilledOneLeftHalfMade) {
+  const std::string made = folder.File("neu.db");
+  const std::string left = made + ".neu-2147483646";  // no process has that number
+  const std::string at_work = made + ".neu-" + std::to_string(::getpid());
+  Write(left, "halb");
+  Write(at_work, "halb");
+  EXPECT_EQ(Pactora(folder, {"init", made}).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(left));
+  EXPECT_TRUE(std::filesystem::exists(at_work));
 }
 
 }  // namespace
