@@ -12,6 +12,7 @@
 #include "api/modAPI.h"
 #include "api/vv_CContractD.h"
 #include "contract/money.h"
+#include "contract/position_groups.h"
 #include "host/Value.h"
 #include "platform/Text.h"
 #include "shell/CTableProperties.h"
@@ -167,12 +168,6 @@ constexpr std::array<Column, 24> kColumns = {{
     {field::Gruppierung, Read<&R::Gruppierung>},
 }};
 
-// At least three digits.
-std::string RowText(std::size_t number) {
-  const std::string digits = std::to_string(number);
-  return digits.size() < 3 ? std::string(3 - digits.size(), '0') + digits : digits;
-}
-
 void StoreValue(host::HostTable& table, std::string_view name, double value) {
   table.BeginEdit();
   table.Fields().Item(name).SetValue(value);
@@ -232,7 +227,7 @@ bool WriteNewPositions(shell::Module& module, double& dValue) {
       for (std::size_t c = 0; c < kColumns.size(); ++c) {
         const Column& column = kColumns[c];
         if (fields[c] == nullptr) fields[c] = &positions.Fields().Item(column.name);
-        fields[c]->SetValue(column.value ? column.value(row) : host::Value(RowText(i)));
+        fields[c]->SetValue(column.value ? column.value(row) : host::Value(contract::RowText(i)));
       }
       positions.StoreNew(host::kFlagsUsual);
       total = RequireFinite(total + row.Nettopreis * row.Anzahl);

@@ -167,7 +167,7 @@ class RenewableTakeover {
 
   void AddAlarm(bool after_last_renewal) {
     plan_.steps.emplace_back(
-        TakeoverAlarm{AddWeeks(notice_, -contract_.alarm_weeks), notice_, after_last_renewal});
+        TakeoverAlarm{WeeksBefore(notice_, contract_.alarm_weeks), notice_, after_last_renewal});
   }
 
   const RunningContract& contract_;

@@ -75,13 +75,6 @@ host::Value Read(const Property<Record> (&properties)[kCount], const Record& rec
   platform::Raise(platform::RuntimeError::MemberNotOffered);
 }
 
-// The place in the list as at least three digits.
-std::string RowText(std::size_t number) {
-  std::string digits = std::to_string(number);
-  if (digits.size() < 3) digits.insert(0, 3 - digits.size(), '0');
-  return digits;
-}
-
 class MemoryPosition final : public DefinitionPosition {
  public:
   // place and running_number count from 1; group is its group's number.
@@ -90,7 +83,7 @@ class MemoryPosition final : public DefinitionPosition {
       : position_(position), place_(place), running_number_(running_number), group_(group) {}
 
   host::Value Field(std::string_view name) override {
-    if (name == field::Row) return RowText(place_);
+    if (name == field::Row) return contract::RowText(place_);
     if (name == field::Positionsnummer) return std::to_string(running_number_);
     if (name == field::Gruppierungsposition) return group_;
     return Read(kPositionProperties, position_, name);

@@ -17,9 +17,9 @@ frmNewContract::Validity frmNewContract::SaveNew(ContractRows& rows, DefinitionS
   const Date end = unlimited ? platform::kNoDate : term_end;
   const Date next_invoice =
       contract::InvoiceDate(input.begin, input.rechnung_wann, input.zahlungsperiode);
-  const Date alarm = renewable   ? contract::AddWeeks(notice, -module_.gAlarmWochenKuendigung)
+  const Date alarm = renewable   ? contract::WeeksBefore(notice, module_.gAlarmWochenKuendigung)
                      : unlimited ? platform::kNoDate
-                                 : contract::AddWeeks(term_end, -module_.gAlarmWochenEnde);
+                                 : contract::WeeksBefore(term_end, module_.gAlarmWochenEnde);
 
   rows.NewContract();
   rows.WriteTypAndBegin();

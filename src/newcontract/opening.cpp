@@ -33,10 +33,6 @@ std::string NumberText(const host::HostField& field) {
   return std::to_string(host::ToLong(field.Value()));
 }
 
-std::int32_t ReadWeeks(shell::Module& module, std::string_view name, std::string_view standard) {
-  return host::ToLong(contract::ReadPersistVarSetting(module, name, standard));
-}
-
 }  // namespace
 
 frmNewContract::frmNewContract(shell::Module& module)
@@ -80,8 +76,8 @@ void frmNewContract::Form_Load() {
   DTPGeschlossenAm.SetValue(module_.environment.clock.Today());
   mbInitDone = mbOK = mbShowDefDetails = false;
   LoadUsers();
-  module_.gAlarmWochenKuendigung = ReadWeeks(module_, setting::vv_AlarmWochenKuendigung, "6");
-  module_.gAlarmWochenEnde = ReadWeeks(module_, setting::vv_AlarmWochenEnde, "4");
+  module_.gAlarmWochenKuendigung = contract::ReadAlarmWochenKuendigung(module_);
+  module_.gAlarmWochenEnde = contract::ReadAlarmWochenEnde(module_);
   shell::CConfig config(module_);
   module_.gAppointment4AllContracts =
       config.CBoolean(config.ReadDatabaseSetting(setting::CreateAppointment4AllContracts, "false"));

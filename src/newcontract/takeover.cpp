@@ -147,7 +147,7 @@ frmNewContract::Validity frmNewContract::TakeOverOther(ContractRows& rows, Defin
 
   if (!unlimited) {
     contract::CreateCancellationAlarm(module_, "",
-                                      contract::AddWeeks(term_end, -module_.gAlarmWochenEnde),
+                                      contract::WeeksBefore(term_end, module_.gAlarmWochenEnde),
                                       term_end, input.responsible, contract::kAlarmEnd);
   }
   RemindOfSignature();
