@@ -25,8 +25,6 @@ constexpr char kNoReleasedType[] =
 constexpr char kDiscountTip[] = "Ein Rabatt soll nur für die erste Laufzeit gewährt werden.";
 constexpr char kNoBookingTip[] =
     "Für diesen Vertrag sollen keine Rechnungen in der Tessarin-Fakturierung erstellt werden.";
-constexpr char kClaim[] = "Forderung";
-constexpr char kLiability[] = "Verbindlichkeit";
 
 // The host's numbers as the list keeps them; an unwritten one is 0.
 std::string NumberText(const host::HostField& field) {
@@ -158,7 +156,7 @@ bool frmNewContract::LoadReleasedTypes() {
     if (host::ToText(status.Value()) != schema::kReleased) continue;
     std::string name = host::ToText(bezeichnung.Value());
     std::string side = host::ToText(typ.Value());
-    const char* const side_name = side == schema::kTypDebtor ? kClaim : kLiability;
+    const std::string_view side_name = schema::TypText(side);
     std::vector<std::string> texts;
     texts.reserve(static_cast<std::size_t>(column::kCount));
     texts.push_back(host::ToText(art_str.Value()));

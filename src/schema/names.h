@@ -171,6 +171,10 @@ inline constexpr std::string_view vv_CreateAttribute = "vv_CreateAttribute";
 inline constexpr std::string_view kTypDebtor = "D";
 inline constexpr std::string_view kTypCreditor = "K";
 
+constexpr std::string_view TypText(std::string_view typ) {
+  return typ == kTypDebtor ? std::string_view("Forderung") : std::string_view("Verbindlichkeit");
+}
+
 // Contract kind, field Art, and its text in ArtStr.
 inline constexpr std::int32_t kArtRenewable = 1;
 inline constexpr std::int32_t kArtOnce = 2;

@@ -13,6 +13,9 @@ namespace {
 
 constexpr QChar kBetweenCells = u'\x1f';  // no word goes from one cell to the next
 
+// Whoever looks for "7" means a name or a number of a contract, not an amount.
+bool IsSearched(CellKind kind) { return kind == CellKind::Text || kind == CellKind::Date; }
+
 }  // namespace
 
 ListModel::ListModel(std::vector<ListColumn> columns, QObject* parent)
@@ -29,6 +32,7 @@ void ListModel::Clear() {
 void ListModel::Fold(Kept& kept) const {
   kept.folded.clear();
   for (std::size_t i = 0; i < columns_.size() && i < kept.row.cells.size(); ++i) {
+    if (!IsSearched(columns_[i].kind)) continue;
     kept.folded += desktop::Fold(CellText(columns_[i].kind, kept.row.cells[i]));
     kept.folded += kBetweenCells;
   }

@@ -41,8 +41,8 @@ class ListModel final : public QAbstractTableModel {
   void Publish();
   std::size_t Waiting() const { return rows_.size() - ordered_.size(); }
 
-  // Shows the rows that contain all of these words, anywhere, without regard to case
-  // and accents.
+  // Shows the rows whose texts and dates contain all of these words, anywhere, without
+  // regard to case and accents.
   void SetWords(const QString& words);
   // Shows the rows for which this is true; null for all.
   void SetCondition(std::function<bool(const ListRow& row)> condition);
@@ -64,7 +64,7 @@ class ListModel final : public QAbstractTableModel {
  private:
   struct Kept {
     ListRow row;
-    QString folded;  // all cells as text
+    QString folded;  // texts and dates of all cells
   };
 
   void Fold(Kept& kept) const;

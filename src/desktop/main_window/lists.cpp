@@ -70,7 +70,8 @@ ReadRows ReadTypes(Desk& desk) {
         rows.push_back({record.oid,
                         record.oid,
                         {cell(field::Bezeichnung), cell(field::ID), cell(field::Status),
-                         cell(field::Typ), cell(field::ArtStr), cell(field::Dauer),
+                         schema::TypText(host::ToText(cell(field::Typ))), cell(field::ArtStr),
+                         cell(field::Dauer),
                          contract::GetPeriodName(host::ToLong(cell(field::Zahlungsperiode))),
                          cell(field::NettoSumme)}});
       });
@@ -93,7 +94,7 @@ ReadRows ReadDeadlines(Desk& desk) {
                record.oid,
                {deadline.date, automation::Text(deadline.kind),
                 deadline.safe_receipt ? host::Value(*deadline.safe_receipt) : host::Value(),
-                deadline.address, deadline.number, deadline.name, deadline.side,
+                deadline.address, deadline.number, deadline.name, schema::TypText(deadline.side),
                 deadline.responsible}});
         }
       });
@@ -170,7 +171,7 @@ const ListKind& TypeList() {
                              {{"Bezeichnung", CellKind::Text, 36},
                               {"ID", CellKind::Text, 10},
                               {"Status", CellKind::Text, 14},
-                              {"Typ", CellKind::Text, 5},
+                              {"Typ", CellKind::Text, 14},
                               {"Art", CellKind::Text, 14},
                               {"Dauer (Monate)", CellKind::Number, 15},
                               {"Zahlung", CellKind::Text, 17},
@@ -187,7 +188,7 @@ const ListKind& DeadlineList() {
                               {"Adresse", CellKind::Text, 32},
                               {"Nummer", CellKind::Text, 14},
                               {"Bezeichnung", CellKind::Text, 30},
-                              {"Typ", CellKind::Text, 5},
+                              {"Typ", CellKind::Text, 14},
                               {"Verantwortlich", CellKind::Text, 16}},
                              ReadDeadlines};
   return list;
