@@ -139,19 +139,17 @@ host::Value ReadPrice(const ApiPositionRow& row) {
   return row.PreisM[kIndex];
 }
 
-using R = ApiPositionRow;
-
 constexpr std::array<Column, 24> kColumns = {{
-    {field::Artikel, Read<&R::Artikel>},
-    {field::Nettopreis, Read<&R::Nettopreis>},
-    {field::Artikelnummer, Read<&R::Artikelnummer>},
-    {field::Artikelart, Read<&R::Artikelart>},
-    {field::Einheit, Read<&R::Einheit>},
-    {field::UStSatz, Read<&R::UStSatz>},
-    {field::Beschreibung, Read<&R::Beschreibung>},
-    {field::Anzahl, Read<&R::Anzahl>},
-    {field::Erloeskonto, Read<&R::Erloeskonto>},
-    {field::ArtikelID, Read<&R::ArtikelID>},
+    {field::Artikel, Read<&ApiPositionRow::Artikel>},
+    {field::Nettopreis, Read<&ApiPositionRow::Nettopreis>},
+    {field::Artikelnummer, Read<&ApiPositionRow::Artikelnummer>},
+    {field::Artikelart, Read<&ApiPositionRow::Artikelart>},
+    {field::Einheit, Read<&ApiPositionRow::Einheit>},
+    {field::UStSatz, Read<&ApiPositionRow::UStSatz>},
+    {field::Beschreibung, Read<&ApiPositionRow::Beschreibung>},
+    {field::Anzahl, Read<&ApiPositionRow::Anzahl>},
+    {field::Erloeskonto, Read<&ApiPositionRow::Erloeskonto>},
+    {field::ArtikelID, Read<&ApiPositionRow::ArtikelID>},
     {field::Row, nullptr},
     {schema::kPriceFields[0], ReadPrice<0>},
     {schema::kPriceFields[1], ReadPrice<1>},
@@ -161,11 +159,11 @@ constexpr std::array<Column, 24> kColumns = {{
     {schema::kPriceFields[5], ReadPrice<5>},
     {schema::kPriceFields[6], ReadPrice<6>},
     {schema::kPriceFields[7], ReadPrice<7>},
-    {field::Preis, Read<&R::Preis>},
-    {field::NettoOhneRabatt, Read<&R::NettoOhneRabatt>},
-    {field::Rabattprozent, Read<&R::Rabattprozent>},
-    {field::Auftragsnummer, Read<&R::Auftragsnummer>},
-    {field::Gruppierung, Read<&R::Gruppierung>},
+    {field::Preis, Read<&ApiPositionRow::Preis>},
+    {field::NettoOhneRabatt, Read<&ApiPositionRow::NettoOhneRabatt>},
+    {field::Rabattprozent, Read<&ApiPositionRow::Rabattprozent>},
+    {field::Auftragsnummer, Read<&ApiPositionRow::Auftragsnummer>},
+    {field::Gruppierung, Read<&ApiPositionRow::Gruppierung>},
 }};
 
 void StoreValue(host::HostTable& table, std::string_view name, double value) {

@@ -6,33 +6,31 @@ namespace pactora::api {
 
 namespace {
 
-using R = vv_CArticle;
-
-constexpr std::array<Property<R>, 10> kProperties = {{
-    {"sArtikelID", &R::sArtikelID},
-    {"dblAnzahl", &R::dblAnzahl},
-    {"lPreisDauer", &R::lPreisDauer},
-    {"bSonderpreisVerwenden", &R::bSonderpreisVerwenden},
-    {"dblPreis", &R::dblPreis},
-    {"sBeschreibung", &R::sBeschreibung},
-    {"bUseCustomDiscount", &R::bUseCustomDiscount},
-    {"dblCustomDiscount", &R::dblCustomDiscount},
-    {"sAuftragsnummer", &R::sAuftragsnummer},
-    {"sGruppierung", &R::sGruppierung},
+constexpr std::array<Property<vv_CArticle>, 10> kArticleProperties = {{
+    {"sArtikelID", &vv_CArticle::sArtikelID},
+    {"dblAnzahl", &vv_CArticle::dblAnzahl},
+    {"lPreisDauer", &vv_CArticle::lPreisDauer},
+    {"bSonderpreisVerwenden", &vv_CArticle::bSonderpreisVerwenden},
+    {"dblPreis", &vv_CArticle::dblPreis},
+    {"sBeschreibung", &vv_CArticle::sBeschreibung},
+    {"bUseCustomDiscount", &vv_CArticle::bUseCustomDiscount},
+    {"dblCustomDiscount", &vv_CArticle::dblCustomDiscount},
+    {"sAuftragsnummer", &vv_CArticle::sAuftragsnummer},
+    {"sGruppierung", &vv_CArticle::sGruppierung},
 }};
 
 }  // namespace
 
 host::Value vv_CArticle::Get(std::string_view name) const {
-  return GetProperty(*this, FindProperty(kProperties, name));
+  return GetProperty(*this, FindProperty(kArticleProperties, name));
 }
 
 void vv_CArticle::Set(std::string_view name, const host::Value& value) {
-  SetProperty(*this, FindProperty(kProperties, name), value);
+  SetProperty(*this, FindProperty(kArticleProperties, name), value);
 }
 
 const std::vector<PropertyName>& vv_CArticle::Properties() const {
-  static const std::vector<PropertyName> names = NamesOf(kProperties);
+  static const std::vector<PropertyName> names = NamesOf(kArticleProperties);
   return names;
 }
 

@@ -6,45 +6,43 @@ namespace pactora::api {
 
 namespace {
 
-using R = vv_CContractD;
-
-constexpr std::array<Property<R>, 16> kProperties = {{
-    {"lVertragArt", &R::lVertragArt},
-    {"VertragBeginn", &R::VertragBeginn},
-    {"VertragGeschlossenAm", &R::VertragGeschlossenAm},
-    {"Bezeichnung", &R::Bezeichnung},
-    {"Dauer", &R::Dauer},
-    {"Zahlungsperiode", &R::Zahlungsperiode},
-    {"Verlaengerungsdauer", &R::Verlaengerungsdauer},
-    {"VerlaengerungsZahlungsperiode", &R::VerlaengerungsZahlungsperiode},
-    {"dblRabatt", &R::dblRabatt},
-    {"KuendFristInWochen", &R::KuendFristInWochen},
-    {"Memo", &R::Memo},
-    {"RabattNurErsteLaufzeit", &R::RabattNurErsteLaufzeit},
-    {"SetztMerkmalGruppe", &R::SetztMerkmalGruppe},
-    {"SetztMerkmal", &R::SetztMerkmal},
-    {"SetztWert", &R::SetztWert},
-    {"Auftragsnummer", &R::Auftragsnummer},
+constexpr std::array<Property<vv_CContractD>, 16> kContractProperties = {{
+    {"lVertragArt", &vv_CContractD::lVertragArt},
+    {"VertragBeginn", &vv_CContractD::VertragBeginn},
+    {"VertragGeschlossenAm", &vv_CContractD::VertragGeschlossenAm},
+    {"Bezeichnung", &vv_CContractD::Bezeichnung},
+    {"Dauer", &vv_CContractD::Dauer},
+    {"Zahlungsperiode", &vv_CContractD::Zahlungsperiode},
+    {"Verlaengerungsdauer", &vv_CContractD::Verlaengerungsdauer},
+    {"VerlaengerungsZahlungsperiode", &vv_CContractD::VerlaengerungsZahlungsperiode},
+    {"dblRabatt", &vv_CContractD::dblRabatt},
+    {"KuendFristInWochen", &vv_CContractD::KuendFristInWochen},
+    {"Memo", &vv_CContractD::Memo},
+    {"RabattNurErsteLaufzeit", &vv_CContractD::RabattNurErsteLaufzeit},
+    {"SetztMerkmalGruppe", &vv_CContractD::SetztMerkmalGruppe},
+    {"SetztMerkmal", &vv_CContractD::SetztMerkmal},
+    {"SetztWert", &vv_CContractD::SetztWert},
+    {"Auftragsnummer", &vv_CContractD::Auftragsnummer},
 }};
 
 }  // namespace
 
 void vv_CContractD::CopyFrom(const PropertyBag& source) {
-  for (const Property<R>& property : kProperties) {
+  for (const Property<vv_CContractD>& property : kContractProperties) {
     SetProperty(*this, property, source.Get(property.name));
   }
 }
 
 host::Value vv_CContractD::Get(std::string_view name) const {
-  return GetProperty(*this, FindProperty(kProperties, name));
+  return GetProperty(*this, FindProperty(kContractProperties, name));
 }
 
 void vv_CContractD::Set(std::string_view name, const host::Value& value) {
-  SetProperty(*this, FindProperty(kProperties, name), value);
+  SetProperty(*this, FindProperty(kContractProperties, name), value);
 }
 
 const std::vector<PropertyName>& vv_CContractD::Properties() const {
-  static const std::vector<PropertyName> names = NamesOf(kProperties);
+  static const std::vector<PropertyName> names = NamesOf(kContractProperties);
   return names;
 }
 

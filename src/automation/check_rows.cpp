@@ -138,7 +138,7 @@ void CheckAlarms(store::RecordStore& store, const Finding& found) {
   ForEachRow(store, contracts, [&](const store::Record& record) {
     const std::string text = host::ToText(record.cells[column]);
     if (text.empty()) return true;
-    const auto oid = ParseOid(text);
+    const auto oid = store::ParseOid(text);
     if (!oid || !store.Read(appointments, *oid, other) || other.parent != record.oid)
       found(fmt::format("{}: {} „{}“ ist kein Termin dieses Vertrags",
                         Name(catalog.tables[contracts], record), field::AlarmOID, text));

@@ -8,6 +8,8 @@
 
 namespace pactora::automation {
 
+inline constexpr char kSeparator = ';';  // of the files that Pactora writes
+
 struct CsvRow {
   std::size_t line = 0;  // of the text, where the row begins, from 1
   std::string text;      // as it stands there, without the line break

@@ -16,9 +16,8 @@
 namespace pactora::automation {
 namespace {
 
-constexpr char kSeparator = ';';
 constexpr std::string_view kHeader = "Zeile;Schlüssel;Ergebnis;Vertragsnummer;Meldung";
-constexpr std::size_t kColumns = 5;
+constexpr std::size_t kHeaderColumns = 5;
 
 constexpr std::array<std::pair<TakeoverOutcome, std::string_view>, 4> kTexts = {{
     {TakeoverOutcome::Created, "angelegt"},
@@ -82,7 +81,7 @@ void TakeoverReport::Load() {
   }
   resumed_ = true;
   for (const CsvRow& row : ReadCsv(kept, kSeparator)) {
-    if (row.cells.size() != kColumns || row.cells[3].empty()) continue;
+    if (row.cells.size() != kHeaderColumns || row.cells[3].empty()) continue;
     if (row.cells[2] == Text(TakeoverOutcome::Created) ||
         row.cells[2] == Text(TakeoverOutcome::Skipped)) {
       created_.try_emplace(row.cells[1], row.cells[3]);

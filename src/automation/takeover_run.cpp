@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <set>
 
 #include "automation/csv.h"
@@ -21,7 +20,6 @@ namespace {
 // The database setting that remembers contracts: a line each with the report, the
 // key and the contract number.
 constexpr std::string_view kRememberedSetting = "Uebernahmelisten";
-constexpr char kSeparator = ';';
 // So many contracts are remembered before the report is made safe.
 constexpr std::size_t kMostRemembered = 50;
 
@@ -31,13 +29,6 @@ constexpr store::StoreError kOutOfReach[] = {
 
 store::TableId AddressTable(const store::RecordStore& store) {
   return store.Catalog().FindTable(schema::table::Adressen).value();
-}
-
-std::optional<store::Oid> ParseOid(std::string_view text) {
-  store::Oid oid = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), oid);
-  if (error != std::errc() || end != text.data() + text.size() || oid <= 0) return std::nullopt;
-  return oid;
 }
 
 }  // namespace
@@ -70,7 +61,7 @@ TakeoverRun::FoundAddress TakeoverRun::FindAddress(const std::string& name) cons
     return {std::nullopt,
             fmt::format("Spalte Adresse: \"{}\" gibt es mehrmals; nennen Sie die Oid", name)};
   }
-  const auto oid = ParseOid(name);
+  const auto oid = store::ParseOid(name);
   if (oid && address_oids_.contains(*oid)) return {oid, {}};
   return {std::nullopt, fmt::format("Spalte Adresse: keine Adresse \"{}\"", name)};
 }

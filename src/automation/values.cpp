@@ -112,20 +112,11 @@ Json ToJson(const host::Value& value) {
   return nullptr;
 }
 
-std::optional<store::Oid> ParseOid(std::string_view text) {
-  if (text.empty() || text.front() < '1' || text.front() > '9') return std::nullopt;
-  store::Oid oid = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), oid);
-  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || oid > kLargestOid)
-    return std::nullopt;
-  return oid;
-}
-
 store::Oid ReadOid(const Json& value, const Place& place) {
   constexpr const char* kExpected =
       "eine Oid wird erwartet, eine positive ganze Zahl als Text wie \"7\"";
   if (!value.is_string()) place.Fail(kExpected);
-  const auto oid = ParseOid(value.get_ref<const std::string&>());
+  const auto oid = store::ParseOid(value.get_ref<const std::string&>());
   if (!oid) place.Fail(kExpected);
   return *oid;
 }

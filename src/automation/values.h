@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,9 +25,6 @@ host::Value ReadFree(const Json& value, const Place& place);
 // Requires: an object is null or a document of the embedded host.
 Json ToJson(const host::Value& value);
 
-// A positive whole number in its plain decimal text, up to kLargestOid.
-inline constexpr store::Oid kLargestOid = 9007199254740991;  // 2^53 - 1, exact as a Double
-std::optional<store::Oid> ParseOid(std::string_view text);
 store::Oid ReadOid(const Json& value, const Place& place);
 
 // Error numbers: "0x80045001", upper-case hexadecimal without leading zeros.

@@ -20,7 +20,7 @@ namespace {
 
 using automation::DoorError;
 
-struct Arguments {
+struct DatasetArguments {
   std::string database;
   std::string file;
   bool sample = false;
@@ -35,7 +35,7 @@ automation::Pause StopOnInterrupt() {
   return [](std::size_t, std::size_t) { RaiseIfInterrupted(); };
 }
 
-Status RunInit(const Arguments& arguments) {
+Status RunInit(const DatasetArguments& arguments) {
   if (automation::DatabaseExists(arguments.database))
     automation::Raise(DoorError::BadInput, arguments.database + ": die Datei gibt es schon");
   if (arguments.sample) {
@@ -52,7 +52,7 @@ Status RunInit(const Arguments& arguments) {
   return Status::Done;
 }
 
-Status RunImport(const Arguments& arguments) {
+Status RunImport(const DatasetArguments& arguments) {
   const automation::TextSource source = automation::FileSource(arguments.file);
   automation::ImportDatabase(arguments.database, source, AccessFor(arguments.dry_run),
                              StopOnInterrupt());
@@ -60,7 +60,7 @@ Status RunImport(const Arguments& arguments) {
   return Status::Done;
 }
 
-Status RunExport(const Arguments& arguments) {
+Status RunExport(const DatasetArguments& arguments) {
   automation::ExportDatabase(arguments.database, arguments.file, StopOnInterrupt());
   return Status::Done;
 }
@@ -68,7 +68,7 @@ Status RunExport(const Arguments& arguments) {
 }  // namespace
 
 void AddInit(CLI::App& app, Run& run) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<DatasetArguments>();
   CLI::App* command = AddCommand(app, "init", "Legt eine Datenbank an");
   AddDatabase(*command, arguments->database);
   command
@@ -80,7 +80,7 @@ void AddInit(CLI::App& app, Run& run) {
 }
 
 void AddImport(CLI::App& app, Run& run) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<DatasetArguments>();
   CLI::App* command =
       AddCommand(app, "import", "Liest einen Datenbestand in eine neue oder leere Datenbank");
   AddDatabase(*command, arguments->database);
@@ -91,7 +91,7 @@ void AddImport(CLI::App& app, Run& run) {
 }
 
 void AddExport(CLI::App& app, Run& run) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<DatasetArguments>();
   arguments->file = "-";
   CLI::App* command = AddCommand(app, "export", "Schreibt den Datenbestand einer Datenbank");
   AddDatabase(*command, arguments->database);

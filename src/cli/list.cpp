@@ -123,7 +123,7 @@ TextTable Appointments(store::RecordStore& store) {
                    });
 }
 
-struct Arguments {
+struct ListArguments {
   std::string database;
   std::string what;
   std::optional<platform::Date> today;
@@ -153,7 +153,7 @@ TextTable DeadlineTable(const std::vector<automation::Deadline>& deadlines) {
   return list;
 }
 
-TextTable Deadlines(store::RecordStore& store, const Arguments& arguments) {
+TextTable Deadlines(store::RecordStore& store, const ListArguments& arguments) {
   const platform::Date today = ClockFor(arguments.today)->Today();
   const auto deadlines = automation::ReadDeadlines(store, today, arguments.within);
   if (!arguments.calendar.empty()) {
@@ -168,11 +168,11 @@ TextTable Deadlines(store::RecordStore& store, const Arguments& arguments) {
 }
 
 template <TextTable (*kMake)(store::RecordStore&)>
-TextTable Plain(store::RecordStore& store, const Arguments&) {
+TextTable Plain(store::RecordStore& store, const ListArguments&) {
   return kMake(store);
 }
 
-using MakeList = TextTable (*)(store::RecordStore& store, const Arguments& arguments);
+using MakeList = TextTable (*)(store::RecordStore& store, const ListArguments& arguments);
 
 constexpr std::array<std::pair<const char*, MakeList>, 5> kLists = {{
     {"addresses", Plain<Addresses>},
@@ -182,7 +182,7 @@ constexpr std::array<std::pair<const char*, MakeList>, 5> kLists = {{
     {kDeadlines, Deadlines},
 }};
 
-Status RunList(const Arguments& arguments) {
+Status RunList(const ListArguments& arguments) {
   const bool for_deadlines = arguments.within || !arguments.calendar.empty();
   if (for_deadlines && arguments.what != kDeadlines) {
     Complain("--within und --ical gibt es nur zu deadlines");
@@ -205,7 +205,7 @@ Status RunList(const Arguments& arguments) {
 }  // namespace
 
 void AddList(CLI::App& app, Run& run) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<ListArguments>();
   CLI::App* command = AddCommand(app, "list", "Zeigt, was in der Datenbank steht");
   AddDatabase(*command, arguments->database);
   command

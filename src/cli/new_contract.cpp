@@ -22,7 +22,7 @@ namespace pactora::cli {
 
 namespace {
 
-struct Arguments {
+struct NewContractArguments {
   std::string database;
   std::vector<std::string> files;
   std::optional<platform::Date> today;
@@ -32,7 +32,7 @@ struct Arguments {
 
 class Bulk {
  public:
-  explicit Bulk(const Arguments& arguments) : arguments_(arguments) {
+  explicit Bulk(const NewContractArguments& arguments) : arguments_(arguments) {
     for (const std::string& file : arguments.files) files_.push_back(automation::FileSource(file));
     // All files are looked through before anything is done.
     for (const auto& file : files_)
@@ -114,7 +114,7 @@ class Bulk {
     fmt::print(stderr, "Probelauf, nichts geschrieben\n");
   }
 
-  const Arguments& arguments_;
+  const NewContractArguments& arguments_;
   std::vector<automation::TextSource> files_;
   std::size_t total_ = 0;
   std::size_t made_ = 0;
@@ -124,7 +124,7 @@ class Bulk {
 }  // namespace
 
 void AddNewContract(CLI::App& app, Run& run) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<NewContractArguments>();
   CLI::App* command = AddCommand(app, "new-contract", "Legt Verträge aus Vertragsdateien an");
   AddDatabase(*command, arguments->database);
   command

@@ -19,14 +19,14 @@ namespace pactora::cli {
 
 namespace {
 
-struct Arguments {
+struct RunArguments {
   std::string database;
   std::string script;
   std::optional<platform::Date> today;
   bool dry_run = false;
 };
 
-Status RunScriptFile(const Arguments& arguments) {
+Status RunScriptFile(const RunArguments& arguments) {
   const automation::TextSource source = automation::FileSource(arguments.script);
   const automation::Script script =
       automation::ReadScript(automation::ParseJson(*source.open(), source.name), source.name);
@@ -48,7 +48,7 @@ Status RunScriptFile(const Arguments& arguments) {
 }  // namespace
 
 void AddRun(CLI::App& app, Run& run) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<RunArguments>();
   CLI::App* command =
       AddCommand(app, "run", "Führt ein Skript aus und schreibt auf, was dabei geschieht");
   AddDatabase(*command, arguments->database);

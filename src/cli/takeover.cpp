@@ -16,12 +16,12 @@ namespace pactora::cli {
 
 namespace {
 
-struct Arguments {
+struct TakeoverArguments {
   automation::TakeoverOrder order;
   std::optional<platform::Date> today;
 };
 
-Status RunTakeover(const Arguments& arguments) {
+Status RunTakeover(const TakeoverArguments& arguments) {
   automation::TakeoverJob job(arguments.order);
   const auto clock = ClockFor(arguments.today);
   ProgressBar bar(job.Size());
@@ -52,7 +52,7 @@ Status RunTakeover(const Arguments& arguments) {
 }  // namespace
 
 void AddTakeover(CLI::App& app, Run& run) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<TakeoverArguments>();
   CLI::App* command =
       AddCommand(app, "takeover", "Übernimmt laufende Verträge aus einer Liste (CSV)");
   AddDatabase(*command, arguments->order.database);

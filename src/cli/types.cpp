@@ -13,13 +13,13 @@ namespace pactora::cli {
 
 namespace {
 
-struct Arguments {
+struct TypesArguments {
   std::string database;
   bool json = false;
 };
 
 // Hints alone are no fault.
-Status CheckTypes(const Arguments& arguments) {
+Status CheckTypes(const TypesArguments& arguments) {
   const auto store = automation::OpenDatabase(arguments.database, automation::Access::Write);
   TextTable list(
       {{"Oid", "oid"}, {"Vertragstyp", "Bezeichnung"}, {"", "kind"}, {"Befund", "text"}});
@@ -36,7 +36,7 @@ Status CheckTypes(const Arguments& arguments) {
 }  // namespace
 
 void AddTypes(CLI::App& app, Run& run) {
-  const auto arguments = std::make_shared<Arguments>();
+  const auto arguments = std::make_shared<TypesArguments>();
   CLI::App* command = AddCommand(app, "types", "Vertragstypen");
   command->require_subcommand(1);
   CLI::App* check =

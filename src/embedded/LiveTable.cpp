@@ -1,7 +1,6 @@
 #include "embedded/LiveTable.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 #include <utility>
 
@@ -12,18 +11,6 @@
 #include "store/rows.h"
 
 namespace pactora::embedded {
-namespace {
-
-// An Oid is a positive whole number in its shortest form; any other text is the
-// Oid of no row.
-store::Oid ParseOid(std::string_view text) {
-  store::Oid oid = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), oid);
-  const bool whole = error == std::errc() && end == text.data() + text.size();
-  return whole && oid > 0 && text.front() != '0' ? oid : 0;
-}
-
-}  // namespace
 
 LiveTable::LiveTable(Core& core, store::TableId table)
     : core_(core), table_(table), schema_(core.Catalog().tables[table]) {
@@ -219,8 +206,8 @@ bool LiveTable::SeekNear(const host::Value& key, std::int32_t) {
 }
 
 bool LiveTable::Find(std::string_view oid) {
-  const store::Oid wanted = ParseOid(oid);
-  if (wanted == 0 || !core_.Store().Read(table_, wanted, next_)) return false;
+  const auto wanted = store::ParseOid(oid);
+  if (!wanted || !core_.Store().Read(table_, *wanted, next_)) return false;
   TakeNext();
   return true;
 }

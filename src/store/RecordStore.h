@@ -21,13 +21,13 @@
 
 #include "host/Value.h"
 #include "schema/Catalog.h"
+#include "store/Oid.h"
 #include "store/Profile.h"
 
 namespace pactora::store {
 
 using TableId = std::size_t;  // position in the catalogue's tables
 using IndexId = std::size_t;  // position in the table's indexes
-using Oid = std::int64_t;     // identity of a row within its table, from 1; 0 is no row
 
 struct Record {
   Oid oid = 0;

@@ -10,12 +10,12 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-Actions Read(const std::string& text) {
+Actions ReadActions(const std::string& text) {
   return ParseActions(Json::parse(text), Place("a.json", "do"));
 }
 
 TEST(ParseActions, ReadsEachKind) {
-  const Actions actions = Read(R"([
+  const Actions actions = ReadActions(R"([
     {"click": "cmdOK", "answers": ["yes", "no", "ok"], "do": [{"close": true}]},
     {"type": "txt", "keys": "1.{BS}{ü", "clear": true},
     {"set": "dtp", "value": null}, {"set": "chk", "value": true}, {"set": "txt", "value": "a"},
@@ -78,7 +78,7 @@ TEST(ParseActions, NamesThePlaceOfWhatItCannotRead) {
   };
   for (const auto& [text, place, what] : cases) {
     try {
-      Read(text);
+      ReadActions(text);
       ADD_FAILURE() << text;
     } catch (const platform::Error& error) {
       EXPECT_EQ(error.Number(), Number(DoorError::BadInput));

@@ -25,7 +25,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-Script Read(const std::string& text) {
+Script ReadText(const std::string& text) {
   std::istringstream in(text);
   return ReadScript(ParseJson(in, "skript.json"), "skript.json");
 }
@@ -42,7 +42,7 @@ class BadStep : public testing::TestWithParam<Bad> {};
 
 TEST_P(BadStep, IsRefusedNamingStepAndKey) {
   try {
-    Read(std::string(R"({"steps": [{"dump": true}, )") + GetParam().step + "]}");
+    ReadText(std::string(R"({"steps": [{"dump": true}, )") + GetParam().step + "]}");
     FAIL() << "taken";
   } catch (const platform::Error& error) {
     EXPECT_EQ(error.Description(), std::string("skript.json: ") + GetParam().message);
@@ -102,13 +102,13 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& tested) { return tested.param.name; });
 
 TEST(Script, ItsHeadIsCheckedToo) {
-  EXPECT_THROW(Read("{}"), platform::Error);
-  EXPECT_THROW(Read(R"({"steps": {}})"), platform::Error);
-  EXPECT_THROW(Read(R"({"steps": [], "heute": "2024-03-15"})"), platform::Error);
-  EXPECT_THROW(Read(R"({"steps": [], "today": "15.03.2024"})"), platform::Error);
-  EXPECT_THROW(Read(R"({"steps": [], "today": 0})"), platform::Error);
-  EXPECT_THROW(Read(R"({"steps": [], "today": "2024-03-15T09:00:00"})"), platform::Error);
-  EXPECT_EQ(Read(R"({"steps": [], "today": "2024-03-15"})").today,
+  EXPECT_THROW(ReadText("{}"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": {}})"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": [], "heute": "2024-03-15"})"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": [], "today": "15.03.2024"})"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": [], "today": 0})"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": [], "today": "2024-03-15T09:00:00"})"), platform::Error);
+  EXPECT_EQ(ReadText(R"({"steps": [], "today": "2024-03-15"})").today,
             platform::FromCivil(2024, 3, 15));
 }
 
@@ -127,7 +127,7 @@ Ran RunSteps(std::string steps, std::unique_ptr<store::RecordStore> store = Comp
   if (steps.ends_with(", ")) steps.resize(steps.size() - 2);
   Ran ran;
   ran.result =
-      RunScript(Read("{\"steps\": [" + steps + "]}"), std::move(store), clock, out, options);
+      RunScript(ReadText("{\"steps\": [" + steps + "]}"), std::move(store), clock, out, options);
   std::istringstream lines(out.str());
   for (std::string line; std::getline(lines, line);) ran.events.push_back(line);
   return ran;

@@ -41,11 +41,11 @@ TEST(NumberText, IsTheShortestThatReadsBackWithoutExponentForEverydaySizes) {
 }
 
 TEST(Oids, AreCanonicalPositiveNumbers) {
-  EXPECT_EQ(ParseOid("1"), 1);
-  EXPECT_EQ(ParseOid("9007199254740991"), kLargestOid);
+  EXPECT_EQ(store::ParseOid("1"), 1);
+  EXPECT_EQ(store::ParseOid("9007199254740991"), store::kLargestOid);
   for (const char* text : {"", "0", "-1", "+1", "01", " 1", "1 ", "1.0", "x", "9007199254740992",
                            "99999999999999999999"})
-    EXPECT_FALSE(ParseOid(text)) << text;
+    EXPECT_FALSE(store::ParseOid(text)) << text;
 }
 
 TEST(ErrorNumbers, AreHexadecimalTexts) {

@@ -10,13 +10,12 @@
 #include <vector>
 
 #include "platform/Error.h"
+#include "support/contract_world.h"
 
 namespace pactora::contract {
 namespace {
 
-Date Day(std::int32_t day, std::int32_t month, std::int32_t year) {
-  return platform::FromCivil(year, month, day);
-}
+using support::Day;
 
 Date At(Date day, double time) { return Date{day.days < 0 ? day.days - time : day.days + time}; }
 

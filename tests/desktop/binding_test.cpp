@@ -8,6 +8,7 @@
 #include <QTreeView>
 
 #include "desktop/sample_window.h"
+#include "support/contract_world.h"
 
 namespace pactora::desktop {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-platform::Date Day(int day, int month, int year) { return platform::FromCivil(year, month, day); }
+using support::Day;
 
 class Binding : public SampleWindowTest {
  protected:

@@ -8,7 +8,6 @@
 namespace pactora::desktop {
 namespace {
 
-constexpr int kShowEveryMs = 40;
 constexpr int kParts = 1000;
 
 }  // namespace
@@ -26,7 +25,7 @@ Progress::Progress(const QString& title, QWidget* parent) : dialog_(parent) {
 automation::Pause Progress::Pause() {
   const auto since = std::make_shared<QElapsedTimer>();
   return [this, since](std::size_t done, std::size_t all) {
-    if (since->isValid() && since->elapsed() < kShowEveryMs) return;
+    if (since->isValid() && since->elapsed() < kShowProgressEveryMs) return;
     since->start();
     const double part = all == 0 ? 0 : static_cast<double>(done) / static_cast<double>(all);
     // Less than the whole: the last part is the writing to the disk.

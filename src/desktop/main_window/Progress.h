@@ -8,6 +8,8 @@
 
 namespace pactora::desktop {
 
+inline constexpr int kShowProgressEveryMs = 40;  // while something runs
+
 class Progress final {
  public:
   // The window comes up when the work takes longer than a moment.

@@ -10,12 +10,11 @@
 
 #include "automation/errors.h"
 #include "desktop/MessageBox.h"
+#include "desktop/main_window/Progress.h"
 #include "desktop/text.h"
 
 namespace pactora::desktop {
 namespace {
-
-constexpr int kShowEveryMs = 40;  // while it runs
 
 const QString kLists = QStringLiteral("Listen (*.csv *.txt);;Alle Dateien (*)");
 
@@ -148,7 +147,7 @@ void TakeoverWindow::Run(automation::TakeoverJob& job) {
   QElapsedTimer since;
   since.start();
   const auto after_line = [&] {
-    if (since.elapsed() >= kShowEveryMs) {
+    if (since.elapsed() >= kShowProgressEveryMs) {
       ShowLines(job);
       QApplication::processEvents();
       since.restart();
