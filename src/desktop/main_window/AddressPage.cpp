@@ -17,8 +17,8 @@ namespace {
 namespace table = schema::table;
 
 // Characters of the tree's columns, in the order of ContractTree::Column.
-constexpr int kWidths[] = {36, 10, 10, 12, 13, 9, 8, 15, 14};
-constexpr int kListWidth = 43;  // characters of the list of addresses
+constexpr int kWidths[] = {38, 10, 10, 12, 13, 9, 8, 15, 14};
+constexpr int kListWidth = 40;  // characters of the list of addresses
 
 void Fill(ListModel& model, std::vector<ListRow> rows) {
   model.Clear();

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QToolBar>
@@ -98,7 +99,9 @@ MainWindow::MainWindow(Desk& desk, WindowMemory& memory)
   where->setToolTip(file);
   statusBar()->addPermanentWidget(where);
 
-  resize(1280, 800);
+  // Wide enough for the columns of every list, where the screen is.
+  const QSize wanted(fontMetrics().horizontalAdvance(u'n') * 175, fontMetrics().height() * 46);
+  resize(wanted.boundedTo(screen()->availableSize()));
   memory_.Restore(*this);
   Reload();
   addresses_.Addresses().Search();

@@ -156,7 +156,7 @@ CellKind KindOf(const schema::Field& field) {
 
 const ListKind& AddressList() {
   static const ListKind list{
-      "Adressen", {{"Name", CellKind::Text, 26}, {"Verträge", CellKind::Number, 7}}, ReadAddresses};
+      "Adressen", {{"Name", CellKind::Text, 26}, {"Verträge", CellKind::Number, 4}}, ReadAddresses};
   return list;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTreeView>
@@ -39,6 +40,7 @@ void MakeMainWindowPictures(Desk& desk, const QString& takeover_list, Pictures& 
   WindowMemory memory(settings, QStringLiteral("pictures"));
   desk.GoTo(table::vv_Vertraege, ContractWithMostTerms(desk));
   MainWindow window(desk, memory);
+  window.resize(1400, 860);
   window.show();
   window.FinishReading();
   QApplication::processEvents();
@@ -47,6 +49,8 @@ void MakeMainWindowPictures(Desk& desk, const QString& takeover_list, Pictures& 
   pictures.TakeAsItIs(window, "main");
 
   window.findChild<QTabWidget*>(QStringLiteral("pages"))->setCurrentWidget(&window.Deadlines());
+  // Far enough ahead for the list to be full.
+  window.findChild<QSpinBox*>(QStringLiteral("deadlines_weeks"))->setValue(80);
   window.FinishReading();
   pictures.TakeAsItIs(window, "deadlines");
 
