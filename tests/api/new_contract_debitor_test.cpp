@@ -17,15 +17,13 @@ using support::Day;
 using support::ErrorOf;
 using support::Row;
 using support::Values;
+using support::With;
 
 class NewContractDebitor : public support::ApiTest {
  protected:
-  Row TheOnly(std::string_view name) {
-    const auto rows = world.Rows(name);
-    EXPECT_EQ(rows.size(), 1u) << name;
-    return rows.empty() ? Row{} : rows.front();
+  std::string AlarmOid() {
+    return host::ToText(world.TheOnly(table::vv_Vertraege)[field::AlarmOID]);
   }
-  std::string AlarmOid() { return host::ToText(TheOnly(table::vv_Vertraege)[field::AlarmOID]); }
 
   static Values ContractRow() {
     return {{field::Typ, "D"},
@@ -110,24 +108,15 @@ class NewContractDebitor : public support::ApiTest {
             {field::Erledigt, false},
             {field::Verantwortlich, "Anna"}};
   }
-
-  // With the named fields as given; an empty value takes a field out.
-  static Values With(Values row, const Values& changes) {
-    for (const auto& change : changes) {
-      std::erase_if(row, [&](const auto& cell) { return cell.first == change.first; });
-      row.push_back(change);
-    }
-    return row;
-  }
 };
 
 TEST_F(NewContractDebitor, StoresARenewableContract) {
   world.Article();
   world.Call();
-  const Row contract = TheOnly(table::vv_Vertraege);
-  const Row term = TheOnly(table::vv_Vertragsstaende);
-  const Row position = TheOnly(table::vv_Vertragspositionen);
-  const Row attribute = TheOnly(table::Adressmerkmale);
+  const Row contract = world.TheOnly(table::vv_Vertraege);
+  const Row term = world.TheOnly(table::vv_Vertragsstaende);
+  const Row position = world.TheOnly(table::vv_Vertragspositionen);
+  const Row attribute = world.TheOnly(table::Adressmerkmale);
   ExpectRow(contract, ContractRow());
   ExpectRow(term, StatusRow());
   ExpectRow(position, PositionRow());
@@ -145,8 +134,8 @@ TEST_F(NewContractDebitor, StoresAContractThatEnds) {
   world.contract->lVertragArt = 2;
   world.Article();
   world.Call();
-  const Row appointment = TheOnly(table::vv_VertragsAktivitaeten);
-  ExpectRow(TheOnly(table::vv_Vertraege),
+  const Row appointment = world.TheOnly(table::vv_VertragsAktivitaeten);
+  ExpectRow(world.TheOnly(table::vv_Vertraege),
             With(ContractRow(), {{field::Art, 2},
                                  {field::ArtStr, "einmalig"},
                                  {field::Verlaengerungsdauer, {}},
@@ -157,9 +146,9 @@ TEST_F(NewContractDebitor, StoresAContractThatEnds) {
                                  {field::VerlaengerungsZahlungsperiode, {}},
                                  {field::KuendfristDatum, {}},
                                  {field::AlarmOID, std::to_string(appointment.oid)}}));
-  ExpectRow(TheOnly(table::vv_Vertragsstaende), StatusRow());
-  ExpectRow(TheOnly(table::vv_Vertragspositionen), PositionRow());
-  ExpectRow(TheOnly(table::Adressmerkmale), AttributeRow());
+  ExpectRow(world.TheOnly(table::vv_Vertragsstaende), StatusRow());
+  ExpectRow(world.TheOnly(table::vv_Vertragspositionen), PositionRow());
+  ExpectRow(world.TheOnly(table::Adressmerkmale), AttributeRow());
   ExpectRow(appointment, Appointment(Day(31, 1, 2025), "Vertrag läuft am  28.02.2025  aus"));
 }
 
@@ -167,10 +156,10 @@ TEST_F(NewContractDebitor, RemindsOfASignatureThatIsMissing) {
   world.contract->VertragGeschlossenAm = platform::kNoDate;
   world.Article();
   world.Call();
-  const Row appointment = TheOnly(table::vv_VertragsAktivitaeten);
+  const Row appointment = world.TheOnly(table::vv_VertragsAktivitaeten);
   ExpectRow(appointment,
             Appointment(Day(17, 3, 2024), "Vertragsabschluss ist noch nicht erfolgt?"));
-  EXPECT_EQ(TheOnly(table::vv_Vertraege)[field::GeschlossenAm], Value(platform::kNoDate));
+  EXPECT_EQ(world.TheOnly(table::vv_Vertraege)[field::GeschlossenAm], Value(platform::kNoDate));
   EXPECT_EQ(AlarmOid(), std::to_string(appointment.oid));
 }
 
@@ -199,7 +188,7 @@ TEST_F(NewContractDebitor, IfAllContractsGetAnAppointmentARenewableOneGetsItsNot
   world.Article();
   world.Call();
   // The last day for notice less the six weeks that stand for no setting.
-  ExpectRow(TheOnly(table::vv_VertragsAktivitaeten),
+  ExpectRow(world.TheOnly(table::vv_VertragsAktivitaeten),
             Appointment(Day(7, 12, 2024), "Kündigungsfrist läuft am  18.01.2025  aus"));
   world.SetVariable("vv_AlarmWochenKuendigung", 1);
   world.Call();
@@ -267,7 +256,7 @@ TEST_F(NewContractDebitor, WritesAnAttributeWithoutAGroup) {
   world.Article();
   world.contract->SetztMerkmalGruppe = "";
   world.Call();
-  ExpectRow(TheOnly(table::Adressmerkmale), With(AttributeRow(), {{field::Gruppe, {}}}));
+  ExpectRow(world.TheOnly(table::Adressmerkmale), With(AttributeRow(), {{field::Gruppe, {}}}));
 }
 
 TEST_F(NewContractDebitor, NumbersCountUpAndEachContractStandsForItself) {
@@ -304,8 +293,8 @@ TEST_F(NewContractDebitor, ReadsNoSettingForAppointments) {
 TEST_F(NewContractDebitor, WithoutArticlesTheContractStaysWithoutValue) {
   world.Call();
   EXPECT_EQ(world.Counts(), (std::vector<std::size_t>{1, 0, 1, 0, 0}));
-  EXPECT_TRUE(TheOnly(table::vv_Vertraege)[field::AktValue].IsEmpty());
-  EXPECT_TRUE(TheOnly(table::vv_Vertragsstaende)[field::Value].IsEmpty());
+  EXPECT_TRUE(world.TheOnly(table::vv_Vertraege)[field::AktValue].IsEmpty());
+  EXPECT_TRUE(world.TheOnly(table::vv_Vertragsstaende)[field::Value].IsEmpty());
 }
 
 }  // namespace

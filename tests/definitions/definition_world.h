@@ -66,31 +66,22 @@ class DefinitionTest : public support::ContractWorldTest {
   // A renewable claim of 12 months unless the values say otherwise; its row is
   // current afterwards.
   store::Oid AddType(const Values& values = {}) {
-    Values all = {{field::Status, "freigegeben"},
-                  {field::Typ, "D"},
-                  {field::Bezeichnung, "Wartung"},
-                  {field::Art, 1},
-                  {field::ArtStr, "verlängerbar"},
-                  {field::Dauer, 12},
-                  {field::Verlaengerungsdauer, 12},
-                  {field::Kuendigungsfrist, 6},
-                  {field::KuendigungsfristEinh, "Wochen"},
-                  {field::VerlKuendigungsfrist, 6},
-                  {field::VerlKuendigungsfristEinh, "Wochen"},
-                  {field::Zahlungsperiode, 1},
-                  {field::VerlaengerungsZahlungsperiode, 1},
-                  {field::RechnungWann, 0},
-                  {field::NoBooking, false}};
-    for (const auto& [name, value] : values) {
-      const auto given =
-          std::find_if(all.begin(), all.end(), [&](const auto& v) { return v.first == name; });
-      if (given == all.end()) {
-        all.emplace_back(name, value);
-      } else {
-        given->second = value;
-      }
-    }
-    const store::Oid type = world.Add(table::vv_Vertragsdefinitionen, all);
+    const Values usual = {{field::Status, "freigegeben"},
+                          {field::Typ, "D"},
+                          {field::Bezeichnung, "Wartung"},
+                          {field::Art, 1},
+                          {field::ArtStr, "verlängerbar"},
+                          {field::Dauer, 12},
+                          {field::Verlaengerungsdauer, 12},
+                          {field::Kuendigungsfrist, 6},
+                          {field::KuendigungsfristEinh, "Wochen"},
+                          {field::VerlKuendigungsfrist, 6},
+                          {field::VerlKuendigungsfristEinh, "Wochen"},
+                          {field::Zahlungsperiode, 1},
+                          {field::VerlaengerungsZahlungsperiode, 1},
+                          {field::RechnungWann, 0},
+                          {field::NoBooking, false}};
+    const store::Oid type = world.Add(table::vv_Vertragsdefinitionen, support::With(usual, values));
     world.host.EndUnit();
     world.Goto(table::vv_Vertragsdefinitionen, type);
     return type;

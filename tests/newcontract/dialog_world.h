@@ -21,15 +21,7 @@ using host::Value;
 using support::Day;
 using support::Row;
 using support::Values;
-
-// The later values replace the earlier ones of the same field.
-inline Values With(Values values, const Values& changes) {
-  for (const auto& [name, value] : changes) {
-    std::erase_if(values, [&](const auto& entry) { return entry.first == name; });
-    values.emplace_back(name, value);
-  }
-  return values;
-}
+using support::With;
 
 // A released, renewing, quarterly claim over twelve months.
 inline Values Quarterly(const Values& changes = {}) {
@@ -194,11 +186,7 @@ class DialogTest : public support::ContractWorldTest {
     EXPECT_FALSE(dialog.form.mbOK);
     EXPECT_TRUE(dialog.form.Visible());
   }
-  Row Contract() {
-    const std::vector<Row> rows = world.Rows(table::vv_Vertraege);
-    EXPECT_EQ(rows.size(), 1u);
-    return rows.empty() ? Row{} : rows.back();
-  }
+  Row Contract() { return world.TheOnly(table::vv_Vertraege); }
 
   Dialog dialog{world};
   frmNewContract& form = dialog.form;

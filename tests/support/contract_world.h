@@ -52,6 +52,15 @@ inline platform::Date Day(std::int32_t day, std::int32_t month, std::int32_t yea
 
 using Values = std::vector<std::pair<std::string_view, host::Value>>;
 
+// The later values replace the earlier ones of the same field.
+inline Values With(Values values, const Values& changes) {
+  for (const auto& [name, value] : changes) {
+    std::erase_if(values, [&](const auto& entry) { return entry.first == name; });
+    values.emplace_back(name, value);
+  }
+  return values;
+}
+
 // A stored row by field name; empty cells are fields that were never written.
 struct Row {
   store::Oid oid = 0;
@@ -148,6 +157,11 @@ class ContractWorld {
       rows.push_back(std::move(row));
     }
     return rows;
+  }
+  Row TheOnly(std::string_view table) {
+    const std::vector<Row> rows = Rows(table);
+    EXPECT_EQ(rows.size(), 1u) << table;
+    return rows.empty() ? Row{} : rows.front();
   }
   std::size_t Count(std::string_view table) { return Rows(table).size(); }
 
