@@ -3,6 +3,7 @@
 // appointments, which a user may have changed or ticked off.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +12,8 @@
 #include "store/RecordStore.h"
 
 namespace pactora::automation {
+
+inline constexpr std::int32_t kMostWeeks = 5000;  // that anybody may ask for
 
 struct Deadline {
   enum class Kind { Notice, End };

@@ -1,10 +1,15 @@
 // list: tables of what is there.
+#include <fmt/format.h>
+
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -202,6 +207,17 @@ Status RunList(const ListArguments& arguments) {
   return Status::Done;
 }
 
+std::int32_t ReadWeeks(const std::string& text) {
+  std::int32_t weeks = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, weeks);
+  if (error != std::errc() || stop != end || weeks < 0 || weeks > automation::kMostWeeks) {
+    throw CLI::ValidationError("--within", fmt::format("eine ganze Zahl von 0 bis {} wird erwartet",
+                                                       automation::kMostWeeks));
+  }
+  return weeks;
+}
+
 }  // namespace
 
 void AddList(CLI::App& app, Run& run) {
@@ -221,9 +237,9 @@ void AddList(CLI::App& app, Run& run) {
           "addresses, types, contracts, appointments oder deadlines")
       ->required();
   command
-      ->add_option("--within", arguments->within,
-                   "Zu deadlines: nur Fristen der nächsten WOCHEN Wochen")
-      ->check(CLI::Range(0, 5000))
+      ->add_option_function<std::string>(
+          "--within", [arguments](const std::string& text) { arguments->within = ReadWeeks(text); },
+          "Zu deadlines: nur Fristen der nächsten WOCHEN Wochen")
       ->type_name("WOCHEN")
       ->group(kOptionGroup);
   command

@@ -2,10 +2,12 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <iostream>
 #include <new>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "automation/errors.h"
@@ -28,20 +30,31 @@ std::string Joined(const std::vector<std::string>& words) {
   return text;
 }
 
+// The command that was named, as far as it was: "pactora types".
+std::string Named(const CLI::App& app) {
+  const std::vector<CLI::App*> commands = const_cast<CLI::App&>(app).get_subcommands();
+  return app.get_name() + (commands.empty() ? "" : " " + Named(*commands.front()));
+}
+
 // What is wrong with the command line; the library's own words are English.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& app) {
   const std::string name = error.get_name();
   // Some of these errors bear the command's name instead of their own.
   const bool is_extra = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
-  std::string text = error.what();
+  const std::string text = error.what();
   const std::string extra = Joined(app.remaining(true));
-  if (name == "RequiredError" && app.get_subcommands().empty())
+  const auto says = [&](std::string_view part) { return text.find(part) != std::string::npos; };
+  if (name == "RequiredError" && says("subcommand"))
     return extra.empty() ? "ein Befehl fehlt" : "unbekannter Befehl: " + extra;
   if (name == "RequiredError")
     return fmt::format("ein Argument fehlt: {}", text.substr(0, text.find(' ')));
   if (is_extra) return "unbekanntes Argument: " + extra;
-  if (name == "ArgumentMismatch")
-    return fmt::format("ein Wert fehlt: {}", text.substr(0, text.find(':')));
+  if (name == "ArgumentMismatch") {
+    const std::string option = text.substr(0, text.find_first_of(": "));
+    if (says("At Most")) return fmt::format("mehrmals angegeben: {}", option);
+    if (says("flag override")) return fmt::format("--{} hat keinen Wert", option);
+    return fmt::format("ein Wert fehlt: {}", option);
+  }
   return text;
 }
 
@@ -50,6 +63,7 @@ int Main(int argc, char** argv) {
   app.set_help_flag("-h,--help", "Diese Hilfe")->group(kOptionGroup);
   app.set_version_flag("--version", "pactora " PACTORA_VERSION, "Die Version")->group(kOptionGroup);
   app.require_subcommand(1);
+  app.option_defaults()->disable_flag_override();
   app.get_formatter()->column_width(28);
   app.get_formatter()->label("Usage", "Aufruf");
   app.get_formatter()->label("REQUIRED", "");
@@ -60,12 +74,17 @@ int Main(int argc, char** argv) {
   Run run;
   for (const auto add : kCommands) add(app, run);
 
+  // Names of files and databases, dates and numbers: nothing may be empty.
+  if (std::any_of(argv + 1, argv + argc, [](const char* text) { return *text == 0; })) {
+    Complain("ein Argument ist leer");
+    return static_cast<int>(Status::BadInput);
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& success) {
     return app.exit(success);  // --help, --version
   } catch (const CLI::ParseError& error) {
-    Complain(fmt::format("{} (Hilfe: pactora --help)", UsageError(error, app)));
+    Complain(fmt::format("{} (Hilfe: {} --help)", UsageError(error, app), Named(app)));
     return static_cast<int>(Status::BadInput);
   }
 

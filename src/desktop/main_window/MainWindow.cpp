@@ -35,7 +35,6 @@ namespace table = schema::table;
 namespace field = schema::field;
 
 constexpr int kFirstWeeks = 26;
-constexpr int kMostWeeks = 5000;
 
 // For a date column: whether it lies so many weeks ahead at most; 0 is any time.
 bool Within(const host::Value& date, platform::Date today, int weeks) {
@@ -45,7 +44,7 @@ bool Within(const host::Value& date, platform::Date today, int weeks) {
 QSpinBox* WeekBox(const QString& name) {
   auto* box = new QSpinBox;
   box->setObjectName(name);
-  box->setRange(0, kMostWeeks);
+  box->setRange(0, automation::kMostWeeks);
   box->setPrefix(QStringLiteral("in den nächsten "));
   box->setSuffix(QStringLiteral(" Wochen"));
   box->setSpecialValueText(QStringLiteral("jederzeit"));
