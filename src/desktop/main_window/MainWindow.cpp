@@ -99,7 +99,7 @@ MainWindow::MainWindow(Desk& desk, WindowMemory& memory)
   statusBar()->addPermanentWidget(where);
 
   // Wide enough for the columns of every list, where the screen is.
-  const QSize wanted(fontMetrics().horizontalAdvance(u'n') * 175, fontMetrics().height() * 46);
+  const QSize wanted(fontMetrics().horizontalAdvance(u'n') * 175, fontMetrics().height() * 58);
   resize(wanted.boundedTo(screen()->availableSize()));
   memory_.Restore(*this);
   Reload();
