@@ -32,7 +32,7 @@ std::string Joined(const std::vector<std::string>& words) {
 
 // The command that was named, as far as it was: "pactora types".
 std::string Named(const CLI::App& app) {
-  const std::vector<CLI::App*> commands = const_cast<CLI::App&>(app).get_subcommands();
+  const std::vector<CLI::App*> commands = app.get_subcommands();
   return app.get_name() + (commands.empty() ? "" : " " + Named(*commands.front()));
 }
 
