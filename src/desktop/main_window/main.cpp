@@ -17,6 +17,7 @@
 #include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
 #include "desktop/main_window/WindowMemory.h"
+#include "desktop/main_window/icon.h"
 #include "desktop/text.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
@@ -86,6 +87,7 @@ int Main(int argc, char** argv) {
   QApplication::setOrganizationName(QStringLiteral("Pactora"));
   QApplication::setApplicationName(QStringLiteral("Pactora"));
   UseGerman(application);
+  QApplication::setWindowIcon(ProgramIcon());
   QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Pactora"),
                      QStringLiteral("desktop"));
   Program program(settings);
