@@ -41,7 +41,7 @@ std::string UsageError(const CLI::ParseError& error, const CLI::App& app) {
   const std::string name = error.get_name();
   // Some of these errors bear the command's name instead of their own.
   const bool is_extra = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
-  const std::string text = error.what();
+  std::string text = error.what();
   const std::string extra = Joined(app.remaining(true));
   const auto says = [&](std::string_view part) { return text.find(part) != std::string::npos; };
   if (name == "RequiredError" && says("subcommand"))
