@@ -1,18 +1,17 @@
 #include "automation/database.h"
 
 #include <fmt/format.h>
-#include <signal.h>
-#include <unistd.h>
 
-#include <cerrno>
-#include <charconv>
 #include <filesystem>
 #include <system_error>
 
+#include "automation/ScratchFile.h"
 #include "automation/dataset_head.h"
 #include "automation/errors.h"
+#include "automation/files.h"
 #include "platform/Error.h"
 #include "schema/Catalog.h"
+#include "store/errors.h"
 #include "store/memory/MemoryStore.h"
 #ifdef PACTORA_HAS_SQLITE
 #include "store/sqlite/SqliteStore.h"
@@ -40,67 +39,18 @@ void RequireAvailable(const std::string& name) {
 }
 
 #ifdef PACTORA_HAS_SQLITE
-// Runs body; a failure of the storage in it names the database.
-template <typename Body>
-auto Naming(const std::string& name, const Body& body) {
-  try {
-    return body();
-  } catch (const platform::Error& error) {
-    throw platform::Error(error.Number(), fmt::format("{}: {}", name, error.Description()),
-                          error.Source());
+store::OpenMode ModeOf(Access access) {
+  switch (access) {
+    case Access::Read:
+      return store::OpenMode::Read;
+    case Access::Write:
+      return store::OpenMode::Write;
+    case Access::Snapshot:
+      return store::OpenMode::Snapshot;
+    case Access::Rehearsal:
+      break;
   }
-}
-#endif
-
-// A file that goes when it was not moved away.
-class ScratchFile {
- public:
-  explicit ScratchFile(std::string path) : path_(std::move(path)) {}
-  ~ScratchFile() {
-    std::error_code ignored;
-    fs::remove(path_, ignored);
-    fs::remove(path_ + "-journal", ignored);
-  }
-  ScratchFile(const ScratchFile&) = delete;
-  ScratchFile& operator=(const ScratchFile&) = delete;
-
-  const std::string& Path() const { return path_; }
-  // Puts the file under the name, unless there is one by now.
-  void MoveTo(const std::string& name) {
-    std::error_code failure;
-    fs::create_hard_link(path_, name, failure);
-    if (!failure) return;
-    // A file system without links, or the name is taken.
-    if (fs::exists(name)) Raise(DoorError::BadInput, name + ": die Datei gibt es schon");
-    fs::rename(path_, name, failure);
-    if (failure)
-      Raise(DoorError::NotCarriedOut,
-            fmt::format("{}: die Datei kann nicht angelegt werden", name));
-  }
-
- private:
-  std::string path_;
-};
-
-#ifdef PACTORA_HAS_SQLITE
-constexpr const char* kScratch = ".neu-";  // and the number of the process
-
-// Takes away what a killed program left half made beside the name.
-void RemoveLeftovers(const std::string& name) {
-  const fs::path path = fs::absolute(name);
-  const std::string begin = path.filename().string() + kScratch;
-  std::error_code failed;
-  for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path(), failed)) {
-    const std::string file = entry.path().filename().string();
-    if (!file.starts_with(begin)) continue;
-    pid_t process = 0;
-    const char* const digits = file.c_str() + begin.size();
-    std::from_chars(digits, file.c_str() + file.size(), process);
-    // Somebody who is still at work keeps his.
-    if (process <= 0 || ::kill(process, 0) == 0 || errno != ESRCH) continue;
-    std::error_code ignored;
-    fs::remove(entry.path(), ignored);
-  }
+  return store::OpenMode::Rehearsal;
 }
 #endif
 
@@ -122,8 +72,12 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
 #ifdef PACTORA_HAS_SQLITE
   if (name != kMemoryName) {
     store::OpenOptions options;
-    options.rehearsal = access == Access::Rehearsal;
-    return Naming(name, [&] { return store::OpenSqlite(name, options); });
+    options.mode = ModeOf(access);
+    return Naming(name, [&] {
+      if (!DatabaseExists(name))
+        store::Raise(store::StoreError::NotReachable, "die Datei gibt es nicht");
+      return store::OpenSqlite(name, options);
+    });
   }
 #endif
   static_cast<void>(access);
@@ -140,11 +94,21 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
     return;
   }
 #ifdef PACTORA_HAS_SQLITE
-  RemoveLeftovers(name);
-  ScratchFile scratch(fmt::format("{}{}{}", name, kScratch, ::getpid()));
+  const ScratchFile scratch(name);
   fill(*Naming(name, [&] { return store::CreateSqlite(scratch.Path(), catalog, profile); }));
-  scratch.MoveTo(name);
+  scratch.BecomeTarget();
 #endif
+}
+
+void RequireOutside(const std::string& database, const std::string& file) {
+  if (database == kMemoryName || IsServer(database)) return;
+  if (IsSameFile(file, database) || IsSameFile(file, database + "-journal"))
+    Raise(DoorError::BadInput, file + ": das ist die Datenbank selbst");
+}
+
+platform::Error Named(const std::string& database, const platform::Error& error) {
+  if (error.Source() != store::kErrorSource) return error;
+  return {error.Number(), fmt::format("{}: {}", database, error.Description()), kErrorSource};
 }
 
 bool IsEmpty(store::RecordStore& store) {

@@ -7,13 +7,16 @@
 #include <string>
 #include <vector>
 
+#include "platform/Error.h"
 #include "store/Profile.h"
 #include "store/RecordStore.h"
 
 namespace pactora::automation {
 
 enum class Access {
+  Read,  // a write-protected database will do
   Write,
+  Snapshot,   // a copy of this moment: nobody is kept waiting while it is read
   Rehearsal,  // everything works, and the database stays byte for byte as it is
 };
 
@@ -34,6 +37,23 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
 // Raises DoorError::BadInput where the name is taken, and what fill raises.
 void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,
                   Access access, const std::function<void(store::RecordStore&)>& fill);
+
+// Raises DoorError::BadInput for a file to be written that belongs to the database.
+void RequireOutside(const std::string& database, const std::string& file);
+
+// The error with the database's name in its description, if it is one of the storage
+// and does not have it yet.
+platform::Error Named(const std::string& database, const platform::Error& error);
+
+// Runs body; errors that it raises are named.
+template <typename Body>
+auto Naming(const std::string& database, const Body& body) {
+  try {
+    return body();
+  } catch (const platform::Error& error) {
+    throw Named(database, error);
+  }
+}
 
 // Whether no table has a row.
 bool IsEmpty(store::RecordStore& store);

@@ -2,9 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
 #include <iostream>
-#include <system_error>
 
 #include "automation/dataset_export.h"
 #include "automation/dataset_head.h"
@@ -27,6 +25,15 @@ std::size_t CountRows(store::RecordStore& store) {
     rows += static_cast<std::size_t>(store.Count(table));
   }
   return rows;
+}
+
+// A value of a foreign type and a row without its parent would be left out unseen.
+void RequireSound(const std::string& database) {
+  const std::vector<std::string> faults = CheckStorage(database);
+  if (faults.empty()) return;
+  Raise(DoorError::NotCarriedOut,
+        fmt::format("{}: {}{}", database, faults.front(),
+                    faults.size() > 1 ? "; pactora check nennt alle Mängel" : ""));
 }
 
 }  // namespace
@@ -52,11 +59,9 @@ void ImportDatabase(const std::string& database, const TextSource& source, Acces
 }
 
 void ExportDatabase(const std::string& database, const std::string& file, const Pause& pause) {
-  const auto store = OpenDatabase(database, Access::Write);
-  std::error_code ignored;
-  if (std::filesystem::equivalent(database, file, ignored))
-    Raise(DoorError::BadInput, file + ": das ist die Datenbank selbst");
-  store->LockForUpdate();
+  RequireOutside(database, file);
+  const auto store = OpenDatabase(database, Access::Snapshot);
+  RequireSound(database);
   const std::size_t all = CountRows(*store);
   std::size_t done = 0;
   const auto write = [&](std::ostream& out) {
@@ -66,7 +71,6 @@ void ExportDatabase(const std::string& database, const std::string& file, const 
     write(std::cout);
   else
     ReplaceFile(file, write);
-  store->Rollback();
 }
 
 }  // namespace pactora::automation

@@ -19,9 +19,10 @@ using Pause = std::function<void(std::size_t done, std::size_t all)>;
 void ImportDatabase(const std::string& database, const TextSource& source, Access access,
                     const Pause& pause);
 
-// Writes the database's content as a dataset of one moment: nobody else writes
+// Writes the database's content as a dataset of one moment; others may go on writing
 // meanwhile. file is written whole or not at all; "-" is standard output. Raises
-// DoorError::BadInput for a file that is the database itself.
+// DoorError::BadInput for a file that is the database itself, NotCarriedOut for a
+// database with values or rows that a dataset can't hold.
 void ExportDatabase(const std::string& database, const std::string& file, const Pause& pause);
 
 }  // namespace pactora::automation

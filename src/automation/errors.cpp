@@ -3,11 +3,12 @@
 #include <fmt/format.h>
 
 #include "automation/values.h"
+#include "store/errors.h"
 
 namespace pactora::automation {
 
 void Raise(DoorError error, const std::string& text) {
-  throw platform::Error(Number(error), text, "Pactora");
+  throw platform::Error(Number(error), text, kErrorSource);
 }
 
 std::string SingleLine(std::string_view text) {
@@ -23,7 +24,7 @@ std::string SingleLine(std::string_view text) {
 }
 
 std::string Describe(const platform::Error& error) {
-  const bool ours = error.Source() == "Pactora" || error.Source() == "Pactora.Store";
+  const bool ours = error.Source() == kErrorSource || error.Source() == store::kErrorSource;
   if (ours) return SingleLine(error.Description());
   return SingleLine(
       fmt::format("Fehler {}: {}", ErrorNumberText(error.Number()), error.Description()));

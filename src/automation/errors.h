@@ -21,7 +21,9 @@ constexpr std::int32_t Number(DoorError error) {
   return platform::ErrorNumber(static_cast<std::uint32_t>(error));
 }
 
-// Raises it with source "Pactora" and the text as its description: one line that
+inline constexpr const char* kErrorSource = "Pactora";
+
+// Raises it with that source and the text as its description: one line that
 // names the place.
 [[noreturn]] void Raise(DoorError error, const std::string& text);
 

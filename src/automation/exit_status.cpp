@@ -23,6 +23,7 @@ Status StatusOf(const platform::Error& error) {
       return Status::BadInput;
     case StoreError::Locked:
     case StoreError::NotReachable:
+    case StoreError::ReadOnly:
     case StoreError::OtherVersion:
       return Status::NotReachable;
     default:

@@ -8,13 +8,18 @@
 namespace pactora::automation {
 
 // Puts the text in the place of the file's content: a reader, and a program that
-// comes after a power cut, sees all of the old or all of the new. Raises
-// DoorError::NotCarriedOut when it can't be written.
+// comes after a power cut, sees all of the old or all of the new. A symbolic link
+// is followed, the file keeps its permissions. What is no ordinary file, such as a
+// pipe, simply gets the text. Raises DoorError::NotCarriedOut when it can't be
+// written.
 void ReplaceFile(const std::string& path, const std::string& text);
 // Likewise with what fill writes; an error that fill raises leaves the file as it was.
 void ReplaceFile(const std::string& path, const std::function<void(std::ostream&)>& fill);
 
 // Raises DoorError::NotCarriedOut: this file can't be written.
 [[noreturn]] void RaiseUnwritable(const std::string& path);
+
+// Whether both names lead to one file, also where it does not exist yet.
+bool IsSameFile(const std::string& one, const std::string& other);
 
 }  // namespace pactora::automation

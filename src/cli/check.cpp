@@ -23,12 +23,14 @@ Status RunCheck(const std::string& database) {
     ++faults;
     std::cout << automation::SingleLine(text) << '\n';
   };
-  const auto store = automation::OpenDatabase(database, automation::Access::Write);
+  const auto store = automation::OpenDatabase(database, automation::Access::Read);
   for (const std::string& fault : automation::CheckStorage(database)) found(fault);
-  automation::CheckDatabase(*store, found, RaiseIfInterrupted);
-  const auto contracts =
-      store->Count(store->Catalog().FindTable(schema::table::vv_Vertraege).value());
-  fmt::print(stderr, "{} Verträge geprüft, {} Mängel\n", contracts, faults);
+  const auto contracts = automation::Naming(database, [&] {
+    automation::CheckDatabase(*store, found, RaiseIfInterrupted);
+    return store->Count(store->Catalog().FindTable(schema::table::vv_Vertraege).value());
+  });
+  fmt::print(stderr, "{} {} geprüft, {} {}\n", contracts, contracts == 1 ? "Vertrag" : "Verträge",
+             faults, faults == 1 ? "Mangel" : "Mängel");
   return faults == 0 ? Status::Done : Status::Refused;
 }
 

@@ -197,10 +197,13 @@ Status RunList(const ListArguments& arguments) {
     Complain("Kalenderdateien sind in diesem Programm nicht enthalten");
     return Status::BadInput;
   }
-  const auto store = automation::OpenDatabase(arguments.database, automation::Access::Write);
+  if (!arguments.calendar.empty())
+    automation::RequireOutside(arguments.database, arguments.calendar);
+  const auto store = automation::OpenDatabase(arguments.database, automation::Access::Read);
   for (const auto& [name, make] : kLists) {
     if (arguments.what != name) continue;
-    const TextTable list = make(*store, arguments);
+    const TextTable list = automation::Naming(arguments.database,
+                                              [&, make = make] { return make(*store, arguments); });
     if (arguments.calendar == "-") break;
     arguments.json ? list.PrintJson(std::cout) : list.PrintText(std::cout);
   }

@@ -58,9 +58,8 @@ class Bulk {
     } catch (const platform::Error& error) {
       // The rest is not tried: the database is out of reach or the user stops.
       bar.Clear();
-      Complain(total_ > 1 ? fmt::format("{} ({} von {} angelegt)", automation::Describe(error),
-                                        made_, total_)
-                          : automation::Describe(error));
+      const std::string why = automation::Describe(automation::Named(arguments_.database, error));
+      Complain(total_ > 1 ? fmt::format("{} ({} von {} angelegt)", why, made_, total_) : why);
       const Status status = StatusOf(error);
       return status == Status::Interrupted || made_ == 0 ? status : Status::PartlyDone;
     }

@@ -20,11 +20,13 @@ struct TypesArguments {
 
 // Hints alone are no fault.
 Status CheckTypes(const TypesArguments& arguments) {
-  const auto store = automation::OpenDatabase(arguments.database, automation::Access::Write);
+  const auto store = automation::OpenDatabase(arguments.database, automation::Access::Read);
   TextTable list(
-      {{"Oid", "oid"}, {"Vertragstyp", "Bezeichnung"}, {"", "kind"}, {"Befund", "text"}});
+      {{"Oid", "oid"}, {"Vertragstyp", "Bezeichnung"}, {"Schwere", "kind"}, {"Befund", "text"}});
   bool faults = false;
-  for (const automation::TypeFinding& finding : automation::CheckTypes(*store)) {
+  const auto findings =
+      automation::Naming(arguments.database, [&] { return automation::CheckTypes(*store); });
+  for (const automation::TypeFinding& finding : findings) {
     list.Add({std::to_string(finding.type), finding.name, finding.hint ? "Hinweis" : "Mangel",
               finding.text});
     faults |= !finding.hint;

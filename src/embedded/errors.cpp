@@ -41,7 +41,7 @@ constexpr std::array kStoreErrors = {
     store::StoreError::Full,         store::StoreError::UnitLost,
     store::StoreError::DuplicateOid, store::StoreError::HasChildren,
     store::StoreError::Failed,       store::StoreError::DuplicateKey,
-    store::StoreError::TextTooLong,
+    store::StoreError::TextTooLong,  store::StoreError::ReadOnly,
 };
 
 constexpr std::array kRuntimeErrors = {

@@ -26,6 +26,8 @@ std::string Text(StoreError error) {
       return "Der eindeutige Schlüssel ist schon vergeben.";
     case StoreError::TextTooLong:
       return "Der Text ist länger als das Feld.";
+    case StoreError::ReadOnly:
+      return "Die Datenbank ist schreibgeschützt.";
   }
   return "Unbekannter Fehler der Datenbank.";
 }
@@ -33,7 +35,7 @@ std::string Text(StoreError error) {
 void Raise(StoreError error, const std::string& detail) {
   std::string description = Text(error);
   if (!detail.empty()) description += " (" + detail + ")";
-  throw platform::Error(Number(error), std::move(description), "Pactora.Store");
+  throw platform::Error(Number(error), std::move(description), kErrorSource);
 }
 
 }  // namespace pactora::store

@@ -20,6 +20,7 @@ enum class StoreError : std::uint32_t {
   Failed = 0x80041028,        // anything else; the description says what
   DuplicateKey = 0x80041029,  // a unique key is taken
   TextTooLong = 0x8004102A,   // a text longer than its field
+  ReadOnly = 0x8004102B,      // the file or its folder is write-protected
 };
 
 constexpr std::int32_t Number(StoreError error) {
@@ -29,7 +30,9 @@ constexpr std::int32_t Number(StoreError error) {
 // The German description of the failure.
 std::string Text(StoreError error);
 
-// Raises it with source "Pactora.Store"; detail, if any, follows the text in
+inline constexpr const char* kErrorSource = "Pactora.Store";
+
+// Raises it with that source; detail, if any, follows the text in
 // brackets.
 [[noreturn]] void Raise(StoreError error, const std::string& detail = {});
 

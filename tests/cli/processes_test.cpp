@@ -116,8 +116,8 @@ TEST_F(Processes, ThatAreInterruptedEndBetweenTwoContracts) {
 
 TEST_F(Processes, TakeAwayWhatAKilledOneLeftHalfMade) {
   const std::string made = folder.File("neu.db");
-  const std::string left = made + ".neu-2147483646";  // no process has that number
-  const std::string at_work = made + ".neu-" + std::to_string(::getpid());
+  const std::string left = made + ".pactora-neu-2147483646";  // no process has that number
+  const std::string at_work = made + ".pactora-neu-" + std::to_string(::getpid());
   Write(left, "halb");
   Write(at_work, "halb");
   EXPECT_EQ(Pactora(folder, {"init", made}).status, 0);

@@ -36,8 +36,8 @@ class SqliteFile : public testing::Test {
     return CreateSqlite(path_, schema::ContractCatalog(true), SampleProfile());
   }
   std::unique_ptr<RecordStore> Open(std::chrono::milliseconds timeout = std::chrono::seconds(20),
-                                    bool rehearsal = false) {
-    return OpenSqlite(path_, {timeout, rehearsal});
+                                    OpenMode mode = OpenMode::Write) {
+    return OpenSqlite(path_, {timeout, mode});
   }
 
   // A new address of that name, committed.

@@ -1,4 +1,6 @@
 // The database file: made, opened, refused, rehearsed on and examined.
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "store/SqliteFile.h"
@@ -130,8 +132,8 @@ TEST_F(SqliteFile, AForeignOrDamagedFileIsRefusedAndLeftAlone) {
     Create();
     test.damage(path_);
     const std::string bytes = BytesOf(path_);
-    for (const bool rehearsal : {false, true}) {
-      EXPECT_EQ(ErrorOf([&] { Open(std::chrono::seconds(1), rehearsal); }), Number(test.expected))
+    for (const OpenMode mode : {OpenMode::Read, OpenMode::Write, OpenMode::Rehearsal}) {
+      EXPECT_EQ(ErrorOf([&] { Open(std::chrono::seconds(1), mode); }), Number(test.expected))
           << test.name;
     }
     EXPECT_EQ(ErrorOf([&] { CheckSqlite(path_); }), Number(test.expected)) << test.name;
@@ -146,7 +148,7 @@ TEST_F(SqliteFile, ARehearsalSeesAndWritesButTheFileStaysByteForByte) {
   const std::string bytes = BytesOf(path_);
   const auto time = std::filesystem::last_write_time(path_);
   {
-    const auto rehearsal = Open(std::chrono::seconds(1), true);
+    const auto rehearsal = Open(std::chrono::seconds(1), OpenMode::Rehearsal);
     EXPECT_EQ(Addresses(*rehearsal), 1);
     EXPECT_EQ(Text(rehearsal->ReadProfile()), Text(SampleProfile()));
     AddAddress(*rehearsal, "nur geprobt");
@@ -179,7 +181,7 @@ TEST_F(SqliteFile, AUnitBrokenOffByACrashIsTakenBackByTheNextOpeningButByNoRehea
   ASSERT_NE(broken, whole);
   WriteBytes(path_, broken);
   WriteBytes(path_ + "-journal", journal);
-  EXPECT_EQ(ErrorOf([&] { Open(std::chrono::seconds(1), true); }),
+  EXPECT_EQ(ErrorOf([&] { Open(std::chrono::seconds(1), OpenMode::Rehearsal); }),
             Number(StoreError::NotReachable));
   EXPECT_EQ(BytesOf(path_), broken);
   EXPECT_EQ(BytesOf(path_ + "-journal"), journal);
@@ -211,6 +213,49 @@ TEST_F(SqliteFile, TellsSqlToolsDatesThatPeopleCanRead) {
   EXPECT_EQ(Query("SELECT typeof(Datum) FROM vv_VertragsAktivitaeten LIMIT 1 OFFSET 2"), "real");
 }
 
+// While it lives the system treats the test as somebody without special rights.
+class PlainUser {
+ public:
+  PlainUser() : mine_(::geteuid()) {
+    constexpr uid_t kNobody = 65534;
+    if (mine_ == 0 && ::seteuid(kNobody) != 0) ADD_FAILURE();
+  }
+  ~PlainUser() {
+    if (mine_ == 0 && ::seteuid(mine_) != 0) ADD_FAILURE();
+  }
+  PlainUser(const PlainUser&) = delete;
+  PlainUser& operator=(const PlainUser&) = delete;
+
+ private:
+  const uid_t mine_;
+};
+
+TEST_F(SqliteFile, AWriteProtectedFileIsReadButOpenedForNoWork) {
+  AddAddress(*Create(), "Müller");
+  std::filesystem::permissions(path_, std::filesystem::perms{0444});
+  const PlainUser user;
+  for (const OpenMode mode : {OpenMode::Read, OpenMode::Snapshot, OpenMode::Rehearsal})
+    EXPECT_EQ(Addresses(*Open(std::chrono::seconds(1), mode)), 1);
+  EXPECT_EQ(ErrorOf([&] { Open(); }), Number(StoreError::ReadOnly));
+  const auto store = Open(std::chrono::seconds(1), OpenMode::Read);
+  EXPECT_EQ(ErrorOf([&] { AddAddress(*store, "Meier"); }), Number(StoreError::ReadOnly));
+}
+
+TEST_F(SqliteFile, ASnapshotWaitsForNobodyAndKeepsNobodyWaiting) {
+  const auto writer = Create();
+  AddAddress(*writer, "Müller");
+  InsertedOid(*writer, table::Adressen, 0, {{field::Name, "noch nicht fertig"}});
+  const auto snapshot = Open(std::chrono::milliseconds(0), OpenMode::Snapshot);
+  EXPECT_EQ(Addresses(*snapshot), 1);
+  writer->Commit();
+  EXPECT_EQ(Addresses(*snapshot), 1);
+}
+
+TEST_F(SqliteFile, ANameIsAFileAndNoAddress) {
+  AddAddress(*Create(), "Müller");
+  EXPECT_EQ(ErrorOf([&] { OpenSqlite("file:" + path_); }), Number(StoreError::NotReachable));
+}
+
 TEST_F(SqliteFile, TheCheckNamesWhatIsWrong) {
   struct Fault {
     std::string sql;
@@ -218,11 +263,12 @@ TEST_F(SqliteFile, TheCheckNamesWhatIsWrong) {
   };
   const std::vector<Fault> cases = {
       {"DELETE FROM Adressen", "vv_Vertraege, Oid 2: in Adressen fehlt"},
-      {"UPDATE vv_Vertraege SET Dauer = 'zwölf'", "vv_Vertraege, Oid 2: ein Wert passt nicht"},
+      {"UPDATE vv_Vertraege SET Dauer = 'zwölf'",
+       "vv_Vertraege, Oid 2, Dauer: der Wert passt nicht"},
       {"DROP INDEX vv_Vertraege_order", "vv_Vertraege: der Index vv_Vertraege_order fehlt"},
       {"DROP VIEW vv_Vertraege_lesbar; ALTER TABLE vv_Vertraege DROP COLUMN Memo",
        "vv_Vertraege: die Spalte Memo fehlt"},
-      {"DROP TABLE Artikel", "Artikel: die Spalte oid fehlt"},
+      {"DROP TABLE Artikel", "die Tabelle Artikel fehlt"},
   };
   for (const Fault& test : cases) {
     {

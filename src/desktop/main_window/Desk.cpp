@@ -18,7 +18,8 @@ std::unique_ptr<store::RecordStore> Open(const std::string& database) {
   if (database == automation::kMemoryName)
     automation::Raise(DoorError::BadInput,
                       database + ": die Fenster brauchen eine Datenbank, die bleibt");
-  return automation::OpenDatabase(database, automation::Access::Write);
+  // What is write-protected can still be looked at.
+  return automation::OpenDatabase(database, automation::Access::Read);
 }
 
 }  // namespace

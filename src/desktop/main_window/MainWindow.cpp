@@ -16,6 +16,7 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "automation/database.h"
 #include "automation/dataset_files.h"
 #include "automation/deadlines.h"
 #include "automation/files.h"
@@ -357,6 +358,7 @@ bool MainWindow::WriteCalendar(const QString& file) {
   const bool done = desk_.Do([&] {
     const platform::Date today = desk_.Clock().Today();
     const auto deadlines = automation::ReadDeadlines(desk_.Store(), today, std::nullopt);
+    automation::RequireOutside(desk_.Database(), FromQt(file));
     automation::ReplaceFile(
         FromQt(file), automation::CalendarText(deadlines, desk_.Store().ReadProfile().name, today));
   });

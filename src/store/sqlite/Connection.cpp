@@ -30,6 +30,8 @@ StoreError ErrorOf(int code) {
       return StoreError::DuplicateOid;
     case SQLITE_CONSTRAINT_UNIQUE:
       return StoreError::DuplicateKey;
+    case SQLITE_READONLY_ROLLBACK:
+      return StoreError::NotReachable;
     default:
       break;
   }
@@ -39,8 +41,9 @@ StoreError ErrorOf(int code) {
       return StoreError::Locked;
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
-    case SQLITE_READONLY:
       return StoreError::NotReachable;
+    case SQLITE_READONLY:
+      return StoreError::ReadOnly;
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
       return StoreError::NotADatabase;
@@ -51,16 +54,36 @@ StoreError ErrorOf(int code) {
   }
 }
 
+// What the error's own text leaves open.
+std::string DetailOf(int code, const char* message) {
+  if (code == SQLITE_READONLY_ROLLBACK)
+    return "eine abgebrochene Änderung ist erst zurückzunehmen; das geschieht, sobald die "
+           "Datenbank zum Schreiben geöffnet wird";
+  switch (ErrorOf(code)) {
+    case StoreError::Locked:
+    case StoreError::ReadOnly:
+    case StoreError::Full:
+    case StoreError::NotReachable:
+      return {};
+    default:
+      return message + (", SQLite " + std::to_string(code));
+  }
+}
+
+// SQLite takes a name that begins so for an address with options.
+std::string PlainName(const std::string& path) {
+  return path.starts_with("file:") ? "./" + path : path;
+}
+
 }  // namespace
 
 Connection::Connection(const std::string& path, Access access, std::chrono::milliseconds timeout) {
   // SQLite takes an empty name for a temporary database.
   if (path.empty()) Raise(StoreError::NotReachable, "kein Dateiname");
-  const int code = sqlite3_open_v2(path.c_str(), &database_, OpenFlags(access), nullptr);
+  const int code = sqlite3_open_v2(PlainName(path).c_str(), &database_, OpenFlags(access), nullptr);
   if (code != SQLITE_OK) {
-    const std::string detail = sqlite3_errstr(code);
     sqlite3_close(database_);
-    Raise(StoreError::NotReachable, detail);
+    Raise(StoreError::NotReachable);
   }
   const auto longest = std::chrono::milliseconds(std::numeric_limits<int>::max());
   sqlite3_busy_timeout(database_, static_cast<int>(std::min(timeout, longest).count()));
@@ -97,7 +120,7 @@ void Connection::Run(const char* sql) {
 }
 
 void Connection::Fail(int code) const {
-  Raise(ErrorOf(code), sqlite3_errmsg(database_) + (", SQLite " + std::to_string(code)));
+  Raise(ErrorOf(code), DetailOf(code, sqlite3_errmsg(database_)));
 }
 
 }  // namespace pactora::store::sqlite

@@ -54,10 +54,13 @@ std::unique_ptr<RecordStore> CreateSqliteInMemory(const schema::Catalog& catalog
 }
 
 std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptions& options) {
-  const Access access = options.rehearsal ? Access::ReadOnly : Access::ReadWrite;
+  const bool rehearsal = options.mode == OpenMode::Rehearsal;
+  const Access access = rehearsal ? Access::ReadOnly : Access::ReadWrite;
   auto connection = std::make_unique<Connection>(path, access, options.lock_timeout);
   schema::Catalog catalog = sqlite::ReadCatalog(*connection);
-  if (options.rehearsal) connection = CopyToMemory(*connection);
+  if (options.mode == OpenMode::Write && sqlite3_db_readonly(connection->Handle(), "main") == 1)
+    Raise(StoreError::ReadOnly);
+  if (rehearsal || options.mode == OpenMode::Snapshot) connection = CopyToMemory(*connection);
   connection->SetUp();
   return std::make_unique<SqliteRecordStore>(std::move(connection), std::move(catalog));
 }

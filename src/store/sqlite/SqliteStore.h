@@ -19,10 +19,16 @@ namespace pactora::store {
 // How long an operation waits for other users before it raises StoreError::Locked.
 inline constexpr std::chrono::milliseconds kDefaultLockTimeout = std::chrono::seconds(30);
 
+enum class OpenMode {
+  Read,       // to read; writing works too where the file is not write-protected
+  Write,      // raises StoreError::ReadOnly at once where it is
+  Snapshot,   // a copy of this moment, in memory: nobody is kept waiting while it is read
+  Rehearsal,  // the same, to write into; the file stays byte for byte as it is
+};
+
 struct OpenOptions {
   std::chrono::milliseconds lock_timeout = kDefaultLockTimeout;
-  // The store works on a copy in memory and the file stays byte for byte as it is.
-  bool rehearsal = false;
+  OpenMode mode = OpenMode::Write;
 };
 
 // Makes a new database in the file, whole or not at all, and opens it. catalog
@@ -36,7 +42,7 @@ std::unique_ptr<RecordStore> CreateSqliteInMemory(const schema::Catalog& catalog
                                                   const Profile& profile);
 
 // Opens an existing database with the catalogue that it was made with. Raises
-// StoreError::NotReachable, NotADatabase, OtherVersion or Locked. A unit of work
+// StoreError::NotReachable, NotADatabase, OtherVersion, Locked or ReadOnly. A unit of work
 // that was broken off by a crash is rolled back first, except for a rehearsal,
 // which writes nothing and raises StoreError::NotReachable then.
 std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptions& options = {});

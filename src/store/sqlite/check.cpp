@@ -36,7 +36,8 @@ class Examination {
 
   void Table(const schema::Table& table) {
     const auto columns = Columns(table.name);
-    std::string unfit;  // condition for a row with a value of a wrong type
+    if (columns.empty()) return Add("die Tabelle " + table.name + " fehlt");
+    std::string unfit;  // in SQL: the first column whose value is of a wrong type
     const auto examine = [&](const std::string& column, std::string_view type, bool may_be_null) {
       const auto found = columns.find(column);
       if (found == columns.end()) {
@@ -44,8 +45,8 @@ class Examination {
       } else if (found->second != type) {
         faults_.push_back(table.name + ": die Spalte " + column + " ist vom Typ " + found->second);
       } else {
-        unfit += (unfit.empty() ? "typeof(" : " OR typeof(") + Quoted(column) + ") NOT IN (" +
-                 ValueTypes(type) + (may_be_null ? ", 'null')" : ")");
+        unfit += " WHEN typeof(" + Quoted(column) + ") NOT IN (" + ValueTypes(type) +
+                 (may_be_null ? ", 'null'" : "") + ") THEN '" + column + "'";
       }
     };
     examine("oid", "INTEGER", false);
@@ -80,11 +81,13 @@ class Examination {
     return columns;
   }
 
-  void Values(const std::string& table, const std::string& condition) {
-    Statement rows(connection_, "SELECT rowid FROM " + Quoted(table) + " WHERE " + condition);
+  void Values(const std::string& table, const std::string& unfit) {
+    Statement rows(connection_, "SELECT * FROM (SELECT rowid, CASE" + unfit +
+                                    " END AS unfit FROM " + Quoted(table) +
+                                    ") WHERE unfit IS NOT NULL");
     while (rows.Step()) {
-      faults_.push_back(table + ", Oid " + std::to_string(rows.Integer(0)) +
-                        ": ein Wert passt nicht zum Typ seines Feldes");
+      faults_.push_back(table + ", Oid " + std::to_string(rows.Integer(0)) + ", " +
+                        std::string(rows.Text(1)) + ": der Wert passt nicht zum Typ des Feldes");
     }
   }
 

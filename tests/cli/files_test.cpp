@@ -1,0 +1,78 @@
+// The files that commands write: what becomes of what was there before.
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "cli/Program.h"
+#include "store/sqlite/Connection.h"
+#include "support/company_text.h"
+
+namespace pactora::cli {
+namespace {
+
+struct Files : testing::Test {
+  Files() { EXPECT_EQ(Run({"import", db, "-"}, support::kCompany).status, 0); }
+
+  Ended Run(const std::vector<std::string>& arguments, const std::string& input = {}) {
+    return Pactora(folder, arguments, input);
+  }
+  std::string File(const std::string& name, const std::string& text) {
+    Write(folder.File(name), text);
+    return folder.File(name);
+  }
+
+  support::TemporaryFolder folder;
+  const std::string db = folder.File("firma.db");
+};
+
+TEST_F(Files, AWrittenFileStaysWhereItWasAndWhoseItWas) {
+  const std::string data = Run({"export", db}).out;
+  const std::string file = File("bestand.json", "alt");
+  const std::string link = folder.File("verweis.json");
+  const std::string dangling = folder.File("ins-leere.json");
+  std::filesystem::permissions(file, std::filesystem::perms{0600});
+  std::filesystem::create_symlink("bestand.json", link);
+  std::filesystem::create_symlink("neu.json", dangling);
+  const std::string mine = File("bestand.json.neu", "meins");
+
+  EXPECT_EQ(Run({"export", db, link}).status, 0);
+  EXPECT_EQ(Run({"export", db, dangling}).status, 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+  EXPECT_EQ(Contents(file), data);
+  EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms{0600});
+  EXPECT_EQ(Contents(folder.File("neu.json")), data);
+  EXPECT_EQ(Contents(mine), "meins");
+
+  // What is no ordinary file gets the text and stays what it is.
+  const std::string pipe = folder.File("rohr");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const int end = ::open(pipe.c_str(), O_RDWR | O_NONBLOCK);
+  EXPECT_EQ(Run({"list", db, "deadlines", "--ical", pipe}).status, 0);
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+  std::string begin(5, ' ');
+  EXPECT_EQ(::read(end, begin.data(), begin.size()), 5);
+  EXPECT_EQ(begin, "BEGIN");
+  ::close(end);
+}
+
+TEST_F(Files, ADamagedDatabaseIsNotExportedAsIfItWereWhole) {
+  {
+    store::sqlite::Connection tool(db, store::sqlite::Access::ReadWrite, std::chrono::seconds(20));
+    tool.Run("UPDATE Artikel SET Nettopreis = 'quatsch' ");
+  }
+  const Ended ended = Run({"export", db, folder.File("bestand.json")});
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_THAT(ended.error, testing::ContainsRegex(
+                               "firma.db: Artikel, Oid [0-9]+, Nettopreis: der Wert passt nicht"));
+  EXPECT_FALSE(std::filesystem::exists(folder.File("bestand.json")));
+}
+
+}  // namespace
+}  // namespace pactora::cli
