@@ -44,10 +44,11 @@ TakeoverOffice::TakeoverOffice(std::unique_ptr<store::RecordStore> store)
 TakeoverOffice::~TakeoverOffice() = default;
 
 void TakeoverOffice::TakeOver() {
-  automation::TakeoverReport report{std::string()};
+  automation::TakeoverReport report;
   const auto count = parts_->run.Run(parts_->list, report, "bench", [] {});
+  parts_->run.Finish(report);
   if (count.created == kLines) return;
-  std::cerr << automation::ReportText(report.Lines());
+  std::cerr << report.Text();
   std::exit(1);
 }
 

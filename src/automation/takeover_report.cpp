@@ -5,11 +5,12 @@
 
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
+#include <system_error>
 #include <utility>
 
 #include "automation/csv.h"
+#include "automation/dataset_import.h"
 #include "automation/errors.h"
 #include "automation/files.h"
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr std::string_view kHeader = "Zeile;Schlüssel;Ergebnis;Vertragsnummer;Meldung";
 constexpr std::size_t kHeaderColumns = 5;
+constexpr const char* kOfEarlierList = "aus einer früheren Liste";
 
 constexpr std::array<std::pair<TakeoverOutcome, std::string_view>, 4> kTexts = {{
     {TakeoverOutcome::Created, "angelegt"},
@@ -27,8 +29,8 @@ constexpr std::array<std::pair<TakeoverOutcome, std::string_view>, 4> kTexts = {
 }};
 
 std::string LineText(const ReportLine& line) {
-  return CsvLine({std::to_string(line.line), line.key, std::string(Text(line.outcome)), line.number,
-                  line.message},
+  const std::string number = line.line == 0 ? std::string() : std::to_string(line.line);
+  return CsvLine({number, line.key, std::string(Text(line.outcome)), line.number, line.message},
                  kSeparator) +
          "\n";
 }
@@ -42,23 +44,22 @@ std::string_view Text(TakeoverOutcome outcome) {
   return {};
 }
 
-std::string ReportText(const std::vector<ReportLine>& lines) {
-  std::string text = std::string(kHeader) + "\n";
-  for (const ReportLine& line : lines) text += LineText(line);
-  return text;
+TakeoverReport::TakeoverReport(std::string path) : path_(std::move(path)) {
+  std::error_code ignored;
+  const std::filesystem::file_status status = std::filesystem::status(path_, ignored);
+  if (!std::filesystem::exists(status)) return;
+  if (!std::filesystem::is_regular_file(status))
+    Raise(DoorError::BadInput, path_ + ": der Bericht muss eine gewöhnliche Datei sein");
+  Load();
 }
 
-TakeoverReport::TakeoverReport(std::string path) : path_(std::move(path)) {
-  if (path_.empty()) return;
-  Load();
+void TakeoverReport::Open() {
   file_ = std::fopen(path_.c_str(), "ab");
-  if (file_ == nullptr) {
+  if (file_ == nullptr || ::ftruncate(fileno(file_), static_cast<off_t>(whole_)) != 0)
     RaiseUnwritable(path_);
-  }
-  if (!resumed_) {
-    std::fputs((std::string(kHeader) + "\n").c_str(), file_);
-    Sync();
-  }
+  if (resumed_) return;
+  std::fputs((std::string(kHeader) + "\n").c_str(), file_);
+  Sync();
 }
 
 TakeoverReport::~TakeoverReport() {
@@ -66,28 +67,29 @@ TakeoverReport::~TakeoverReport() {
 }
 
 void TakeoverReport::Load() {
-  std::ifstream in(path_, std::ios::binary);
-  if (!in) return;
-  std::string text{std::istreambuf_iterator<char>(in), {}};
+  const auto in = FileSource(path_).open();
+  const std::string text{std::istreambuf_iterator<char>(*in), {}};
   // Without its line break the last line may be half written.
   const std::size_t whole = text.rfind('\n');
   const std::string kept = whole == std::string::npos ? std::string() : text.substr(0, whole + 1);
-  if (kept.empty() && std::string_view(kHeader).starts_with(text)) {
-    std::filesystem::resize_file(path_, 0);
-    return;
-  }
-  if (!kept.starts_with(kHeader)) {
+  const bool is_half_begun = kept.empty() && std::string_view(kHeader).starts_with(text);
+  if (!is_half_begun && !kept.starts_with(kHeader)) {
     Raise(DoorError::BadInput, fmt::format("{}: kein Bericht einer Übernahme", path_));
   }
-  resumed_ = true;
-  for (const CsvRow& row : ReadCsv(kept, kSeparator)) {
-    if (row.cells.size() != kHeaderColumns || row.cells[3].empty()) continue;
-    if (row.cells[2] == Text(TakeoverOutcome::Created) ||
-        row.cells[2] == Text(TakeoverOutcome::Skipped)) {
-      created_.try_emplace(row.cells[1], row.cells[3]);
-    }
-  }
-  if (kept.size() != text.size()) std::filesystem::resize_file(path_, kept.size());
+  resumed_ = !is_half_begun;
+  for (const CsvRow& row : ReadCsv(kept, kSeparator)) LoadLine(row.cells);
+  whole_ = kept.size();
+}
+
+void TakeoverReport::LoadLine(const std::vector<std::string>& cells) {
+  if (cells.size() != kHeaderColumns) return;
+  const std::string& key = cells[1];
+  const std::string& number = cells[3];
+  const auto is = [&](TakeoverOutcome outcome) { return cells[2] == automation::Text(outcome); };
+  if (is(TakeoverOutcome::Refused) || is(TakeoverOutcome::Failed)) rejected_.insert(key);
+  const bool is_created = is(TakeoverOutcome::Created) || is(TakeoverOutcome::Skipped);
+  if (!is_created || number.empty() || !created_.try_emplace(key, number).second) return;
+  earlier_.push_back({0, key, TakeoverOutcome::Created, number, kOfEarlierList});
 }
 
 const std::string* TakeoverReport::CreatedFor(const std::string& key) const {
@@ -116,8 +118,22 @@ void TakeoverReport::Sync() {
 
 void TakeoverReport::Finish() {
   if (file_ == nullptr) return;
+  // Should the machine fail now, the lines are there all the same.
+  Sync();
   std::fclose(std::exchange(file_, nullptr));
-  ReplaceFile(path_, ReportText(lines_));
+  ReplaceFile(path_, Text());
+}
+
+std::string TakeoverReport::Text() const {
+  std::string text = std::string(kHeader) + "\n";
+  std::unordered_set<std::string_view> keys;
+  for (const ReportLine& line : lines_) {
+    text += LineText(line);
+    keys.insert(line.key);
+  }
+  for (const ReportLine& line : earlier_)
+    if (!keys.contains(line.key)) text += LineText(line);
+  return text;
 }
 
 }  // namespace pactora::automation

@@ -2,8 +2,10 @@
 // interrupted run can simply be repeated.
 //
 // While a run goes on its outcomes are added to the end of the file; a run that
-// comes to its end leaves exactly one line for each line of the list. A line that
-// a killed program left half written is passed over.
+// comes to its end leaves one line for each line of the list, in that order, and
+// behind them the contracts of earlier lists that had the same report: a key that
+// was entered once stays known. A line that a killed program left half written is
+// passed over.
 #pragma once
 
 #include <cstdio>
@@ -11,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace pactora::automation {
@@ -25,7 +28,7 @@ enum class TakeoverOutcome {
 std::string_view Text(TakeoverOutcome outcome);
 
 struct ReportLine {
-  std::size_t line = 0;  // of the list
+  std::size_t line = 0;  // of the list; 0 for a contract of an earlier list
   std::string key;
   TakeoverOutcome outcome = TakeoverOutcome::Failed;
   std::string number;  // of the contract
@@ -34,38 +37,52 @@ struct ReportLine {
 
 class TakeoverReport {
  public:
-  // Reads the report of an earlier run, if there is one, and begins it where there
-  // is none. With an empty path nothing is kept. Raises DoorError::BadInput for a file
-  // that is no such report, NotCarriedOut for one that cannot be written.
+  // A report of this run alone, in no file.
+  TakeoverReport() = default;
+  // Reads the report of an earlier run, if there is one. Raises DoorError::BadInput
+  // for a file that is no such report.
   explicit TakeoverReport(std::string path);
   ~TakeoverReport();
   TakeoverReport(const TakeoverReport&) = delete;
   TakeoverReport& operator=(const TakeoverReport&) = delete;
 
+  // From now on the lines go to the file, which is begun where there is none. Raises
+  // DoorError::NotCarriedOut when it can't be written.
+  void Open();
+
+  const std::string& Path() const { return path_; }
   // Whether an earlier run, finished or not, has left this report.
   bool Resumed() const { return resumed_; }
   // The number of the contract that was created for the key; null for none.
   const std::string* CreatedFor(const std::string& key) const;
+  // The contracts of earlier runs.
+  const std::vector<ReportLine>& Earlier() const { return earlier_; }
+  // Whether an earlier run could not enter the key.
+  bool WasRejected(const std::string& key) const { return rejected_.contains(key); }
 
   void Add(const ReportLine& line);
   // Returns when all lines added so far are safe from a power cut.
   void Sync();
-  // Leaves the lines of this run alone in the file.
+  // The run has come to its end.
   void Finish();
 
+  // The lines of this run.
   const std::vector<ReportLine>& Lines() const { return lines_; }
+  // What stands in the file when the run has come to its end.
+  std::string Text() const;
 
  private:
   void Load();
+  void LoadLine(const std::vector<std::string>& cells);
 
   std::string path_;
   bool resumed_ = false;
+  std::size_t whole_ = 0;  // bytes of the file up to the last whole line
   std::unordered_map<std::string, std::string> created_;  // key, contract number
+  std::vector<ReportLine> earlier_;                       // the same, of earlier runs, in order
+  std::unordered_set<std::string> rejected_;              // keys
   std::vector<ReportLine> lines_;                         // of this run
   std::FILE* file_ = nullptr;
 };
-
-// The header and the lines as text.
-std::string ReportText(const std::vector<ReportLine>& lines);
 
 }  // namespace pactora::automation

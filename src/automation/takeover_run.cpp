@@ -70,17 +70,17 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
                                     const std::string& report_name,
                                     const std::function<void()>& after_line) {
   report_name_ = report_name;
+  ReadGone(report);
   ReadRemembered(report.Resumed());
   Count count;
   std::set<std::string> keys;
   for (const TakeoverLine& line : list.lines) {
     ReportLine result{line.line, line.key, TakeoverOutcome::Skipped, {}, {}};
     if (!keys.insert(line.key).second) {
-      const std::string* number = report.CreatedFor(line.key);
-      if (number != nullptr) result.number = *number;
+      if (const std::string* number = report.CreatedFor(line.key)) result.number = *number;
       result.message = "der Schlüssel steht schon weiter oben";
     } else if (const std::string* number = report.CreatedFor(line.key)) {
-      result.number = *number;
+      Skip(result, *number);
     } else if (const auto recovered = recovered_.find(line.key); recovered != recovered_.end()) {
       result.outcome = TakeoverOutcome::Created;
       result.number = recovered->second;
@@ -104,12 +104,39 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
     }
     after_line();
   }
+  return count;
+}
+
+void TakeoverRun::Finish(TakeoverReport& report) {
   report.Finish();
   recent_.clear();
   std::erase_if(kept_, [&](const Remembered& other) { return other.report == report_name_; });
   WriteRemembered();
   session_.Host().EndUnit();
-  return count;
+}
+
+void TakeoverRun::ReadGone(const TakeoverReport& report) {
+  if (report.Earlier().empty()) return;
+  for (const ReportLine& line : report.Earlier()) gone_.insert(line.number);
+  const std::size_t of_report = gone_.size();
+  const store::TableId table =
+      session_.Store().Catalog().FindTable(schema::table::vv_Vertraege).value();
+  const std::size_t number =
+      session_.Store().Catalog().tables[table].FindField(schema::field::Vertragnummer).value();
+  ForEachRow(session_.Store(), table, [&](const store::Record& row) {
+    gone_.erase(host::ToText(row.cells[number]));
+    return true;
+  });
+  if (gone_.size() == of_report)
+    Raise(DoorError::BadInput,
+          report.Path() +
+              ": der Bericht gehört zu einer anderen Datenbank, keinen seiner Verträge "
+              "gibt es in dieser");
+}
+
+void TakeoverRun::Skip(ReportLine& result, const std::string& number) const {
+  result.number = number;
+  if (gone_.contains(number)) result.message = "den Vertrag gibt es nicht mehr";
 }
 
 ReportLine TakeoverRun::Enter(const TakeoverLine& line) {

@@ -40,11 +40,17 @@ class TakeoverRun {
   // database's memory. after_line is called after each line and may raise, to
   // stop the run there; so do errors that concern the database as a whole. The
   // report then holds what was done so far.
+  // Raises DoorError::BadInput for a report that belongs to another database.
   Count Run(const TakeoverList& list, TakeoverReport& report, const std::string& report_name,
             const std::function<void()>& after_line);
+  // Closes the report after the last line; from now on it alone knows the contracts.
+  void Finish(TakeoverReport& report);
 
  private:
   void ReadAddresses();
+  void ReadGone(const TakeoverReport& report);
+  // Of a line that was entered before.
+  void Skip(ReportLine& result, const std::string& number) const;
   // The address of that name or Oid, or why there is none.
   struct FoundAddress {
     std::optional<store::Oid> oid;
@@ -71,6 +77,7 @@ class TakeoverRun {
   std::string report_name_;
   std::unordered_map<std::string, std::vector<store::Oid>> addresses_;  // by name
   std::unordered_set<store::Oid> address_oids_;
+  std::unordered_set<std::string> gone_;  // numbers of the report that no contract has
   std::unordered_map<std::string, std::string> recovered_;  // of an interrupted run, by key
   std::vector<Remembered> kept_;    // of it and of other reports, until this run is over
   std::vector<Remembered> recent_;  // of this run, since the report was last made safe

@@ -40,7 +40,7 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   }
   bar.Clear();
   if (arguments.order.rehearsal) {
-    std::cout << automation::ReportText(job.Lines());
+    std::cout << job.ReportText();
     fmt::print(stderr, "Probelauf, nichts geschrieben\n");
   }
   fmt::print(stderr, "{} angelegt, {} abgelehnt, {} übersprungen\n", count.created, count.refused,

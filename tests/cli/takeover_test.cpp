@@ -5,6 +5,7 @@
 #include <signal.h>
 
 #include <chrono>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <random>
 #include <string>
@@ -41,6 +42,7 @@ struct Takeover : testing::Test {
   const std::string db = folder.File("firma.db");
   const std::string list = folder.File("liste.csv");
   const std::string report = folder.File("bericht.csv");
+  const std::string rejected = report + ".abgelehnt.csv";
 };
 
 TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) {
@@ -73,9 +75,8 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   EXPECT_THAT(row(7), HasSubstr("abgelehnt: Das für diesen Vertrag erforderliche Adressmerkmal"));
   EXPECT_EQ(row(8), "übersprungen: der Schlüssel steht schon weiter oben");
   EXPECT_EQ(CountContracts(), before + 1);
-  const std::string rejected = Contents(report + ".abgelehnt.csv");
-  EXPECT_EQ(automation::ReadCsv(rejected, ';').size(), 7u);
-  EXPECT_THAT(rejected, HasSubstr("K5;1;Wartung Server;01.01.2023;;101\n"));
+  EXPECT_EQ(automation::ReadCsv(Contents(rejected), ';').size(), 7u);
+  EXPECT_THAT(Contents(rejected), HasSubstr("K5;1;Wartung Server;01.01.2023;;101\n"));
 
   // The mended line alone is entered when the list is run again.
   std::string mended = Contents(list);
@@ -118,13 +119,68 @@ TEST_F(Takeover, KilledAtAnyMomentAndRepeatedMakesNoContractTwice) {
   EXPECT_EQ(checked.status, 0) << checked.out;
 }
 
-TEST_F(Takeover, AFileThatIsNoReportIsLeftAlone) {
-  Write(list, std::string(kHeader) + "K1;1;Wartung Server;01.01.2023;;\n");
-  Write(report, "Einkaufszettel\n");
-  const Ended ended = Pactora(folder, Call());
-  EXPECT_EQ(ended.status, 2);
-  EXPECT_EQ(ended.error, "pactora: " + report + ": kein Bericht einer Übernahme\n");
-  EXPECT_EQ(Contents(report), "Einkaufszettel\n");
+TEST_F(Takeover, TheReportKnowsTheContractsOfEveryListItWasUsedFor) {
+  const std::string good = "K1;1;Wartung Server;01.01.2023;;\n";
+  Write(list, kHeader + good + "K2;1;Wartung Server;01.01.2023;;101\n");
+  const std::size_t before = CountContracts();
+  ASSERT_EQ(Pactora(folder, Call()).status, 3);
+
+  const std::string first_list = Contents(list);
+  Write(list, std::string(kHeader) + "K2;1;Wartung Server;01.01.2023;;10\n");
+  const Ended rehearsed = Pactora(folder, Call({"--dry-run"}));
+  ASSERT_EQ(Pactora(folder, Call()).status, 0);
+  EXPECT_EQ(Contents(report), rehearsed.out);
+  ASSERT_EQ(Report().size(), 3u);
+  EXPECT_EQ(Report()[1].cells[1], "K2");
+  EXPECT_EQ(Report()[2].text, ";K1;angelegt;" + Report()[2].cells[3] + ";aus einer früheren Liste");
+  EXPECT_FALSE(std::filesystem::exists(rejected));
+  EXPECT_THAT(Contents(rejected + "~"), HasSubstr(";;101")) << "somebody may have mended it there";
+
+  Write(list, first_list);
+  const Ended again = Pactora(folder, Call({"--dry-run"}));
+  EXPECT_EQ(again.status, 0);
+  EXPECT_THAT(again.error, HasSubstr("0 angelegt, 0 abgelehnt, 2 übersprungen"));
+  EXPECT_EQ(Pactora(folder, Call()).status, 0);
+  EXPECT_EQ(Contents(report), again.out);
+  EXPECT_EQ(CountContracts(), before + 2);
+}
+
+TEST_F(Takeover, FilesOfAnotherKindAreNamedAndLeftAlone) {
+  Write(list, std::string(kHeader) + "K1;1;Wartung Server;01.01.2023;;\nK2;;;;;\n");
+  const std::string other = folder.File("andere.db");
+  ASSERT_EQ(Pactora(folder, {"init", "--sample", other}).status, 0);
+  ASSERT_EQ(Pactora(folder, {"takeover", other, list, "--report", folder.File("anderer")}).status,
+            3);
+  std::filesystem::copy(list, folder.File("l.abgelehnt.csv"));
+  std::filesystem::copy(db, folder.File("d.abgelehnt.csv"));
+  Write(folder.File("zettel"), "Einkaufszettel\n");
+  Write(folder.File("e.abgelehnt.csv"), "Einkaufszettel\n");
+  std::filesystem::create_directory(folder.File("ordner"));
+  struct Case {
+    std::string database, list, report, fault;
+  };
+  for (const Case& c :
+       {Case{db, list, "-", "der Bericht muss eine Datei sein"},
+        {db, list, folder.File("ordner"), "der Bericht muss eine gewöhnliche Datei sein"},
+        {db, list, folder.File("zettel"), "kein Bericht einer Übernahme"},
+        {db, list, list, "das ist die Liste selbst"},
+        {db, list, db, "das ist die Datenbank selbst"},
+        {db, folder.File("l.abgelehnt.csv"), folder.File("l"), "geben Sie der Liste"},
+        {folder.File("d.abgelehnt.csv"), list, folder.File("d"), "das ist die Datenbank selbst"},
+        {db, list, folder.File("e"), "es steht aber schon anderes da"},
+        {db, list, folder.File("anderer"), "der Bericht gehört zu einer anderen Datenbank"}}) {
+    const auto contents = [&] {
+      std::string all;
+      for (const std::string& file : {c.database, c.list, c.report, c.report + ".abgelehnt.csv"})
+        if (!std::filesystem::is_directory(file)) all += Contents(file);
+      return all;
+    };
+    const std::string before = contents();
+    const Ended ended = Pactora(folder, {"takeover", c.database, c.list, "--report", c.report});
+    EXPECT_EQ(ended.status, 2) << c.fault;
+    EXPECT_THAT(ended.error, HasSubstr(c.fault));
+    EXPECT_TRUE(contents() == before) << c.fault;
+  }
 }
 
 }  // namespace
