@@ -9,6 +9,7 @@
 #include "automation/dataset_head.h"
 #include "automation/errors.h"
 #include "automation/files.h"
+#include "automation/outage.h"
 #include "platform/Error.h"
 #include "schema/Catalog.h"
 #include "store/errors.h"
@@ -107,7 +108,9 @@ void RequireOutside(const std::string& database, const std::string& file) {
 }
 
 platform::Error Named(const std::string& database, const platform::Error& error) {
-  if (error.Source() != store::kErrorSource) return error;
+  const bool is_named = error.Source() == kErrorSource;
+  if (is_named || (error.Source() != store::kErrorSource && !OutageOf(error.Number())))
+    return error;
   return {error.Number(), fmt::format("{}: {}", database, error.Description()), kErrorSource};
 }
 

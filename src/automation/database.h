@@ -41,8 +41,8 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
 // Raises DoorError::BadInput for a file to be written that belongs to the database.
 void RequireOutside(const std::string& database, const std::string& file);
 
-// The error with the database's name in its description, if it is one of the storage
-// and does not have it yet.
+// The error with the database's name in its description, if it is one of the storage,
+// or concerns the whole database, and does not have it yet.
 platform::Error Named(const std::string& database, const platform::Error& error);
 
 // Runs body; errors that it raises are named.

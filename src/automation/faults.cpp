@@ -1,5 +1,8 @@
 #include "automation/faults.h"
 
+#include <algorithm>
+
+#include "embedded/operations.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
@@ -7,8 +10,7 @@ namespace pactora::automation {
 
 namespace {
 
-// Operations of the lesser objects carry the object's name, "Tables.Item"; a
-// script may leave it out.
+// A script may leave out the object's name, "Item" for "Tables.Item".
 bool Names(std::string_view wanted, std::string_view operation) {
   if (platform::EqualsIgnoringCase(wanted, operation)) return true;
   const std::size_t dot = operation.find('.');
@@ -17,6 +19,11 @@ bool Names(std::string_view wanted, std::string_view operation) {
 }
 
 }  // namespace
+
+bool IsOperation(std::string_view name) {
+  return std::any_of(embedded::kOperations.begin(), embedded::kOperations.end(),
+                     [name](std::string_view operation) { return Names(name, operation); });
+}
 
 void Faults::Add(const FaultStep& fault, const std::string& place) {
   armed_.push_back({fault, place});

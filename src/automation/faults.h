@@ -10,6 +10,9 @@
 
 namespace pactora::automation {
 
+// Whether there is an operation of the host layer that a script may name so.
+bool IsOperation(std::string_view name);
+
 class Faults final : public embedded::OperationProbe {
  public:
   // The host must outlive the object.

@@ -124,8 +124,12 @@ bool JsonEvents::end_array() {
   return true;
 }
 
-bool JsonEvents::parse_error(std::size_t, const std::string& token,
+bool JsonEvents::parse_error(std::size_t position, const std::string& token,
                              const nlohmann::detail::exception& error) {
+  if (dynamic_cast<const Json::out_of_range*>(&error) != nullptr) {
+    Raise(DoorError::BadInput,
+          fmt::format("{}: Stelle {}: die Zahl {} ist zu groß", source_, position, token));
+  }
   // The library says "... at line 3, column 5: ..." and nothing else tells where.
   const std::string_view text = error.what();
   const auto number_after = [&text](std::string_view label) {
@@ -203,13 +207,12 @@ bool RequireBoolean(const Json& value, const Place& place) {
 }
 
 std::int32_t RequireLong(const Json& value, const Place& place) {
-  if (!value.is_number_integer()) place.Fail("eine ganze Zahl wird erwartet");
-  const bool fits = value.is_number_unsigned()
-                        ? value.get<std::uint64_t>() <= std::numeric_limits<std::int32_t>::max()
-                        : value.get<std::int64_t>() >= std::numeric_limits<std::int32_t>::min() &&
-                              value.get<std::int64_t>() <= std::numeric_limits<std::int32_t>::max();
-  if (!fits) place.Fail("die Zahl ist zu groß");
-  return static_cast<std::int32_t>(value.get<std::int64_t>());
+  using Limits = std::numeric_limits<std::int32_t>;
+  const double number = value.is_number() ? value.get<double>() : std::nan("");
+  // "12.0" is as whole as "12".
+  if (!(number == std::trunc(number))) place.Fail("eine ganze Zahl wird erwartet");
+  if (number < Limits::min() || number > Limits::max()) place.Fail("die Zahl ist zu groß");
+  return static_cast<std::int32_t>(number);
 }
 
 double RequireDouble(const Json& value, const Place& place) {

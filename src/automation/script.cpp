@@ -6,6 +6,7 @@
 #include <array>
 #include <string_view>
 
+#include "automation/faults.h"
 #include "automation/records.h"
 #include "automation/values.h"
 
@@ -124,6 +125,8 @@ decltype(Step::what) ReadFault(const Json& step, const Place& place) {
   AllowKeys(object, {"op", "table", "nth", "number", "description"}, here);
   FaultStep fault;
   fault.operation = ReadName(Require(object, "op", here), here.Key("op"));
+  if (!IsOperation(fault.operation))
+    here.Key("op").Fail(fmt::format("die Operation „{}“ gibt es nicht", fault.operation));
   if (const Json* table = Find(object, "table"))
     fault.table = ReadTable(*table, here.Key("table")).name;
   if (const Json* nth = Find(object, "nth")) {

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <set>
 #include <sstream>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "automation/WrittenRows.h"
 #include "automation/dataset_export.h"
 #include "automation/faults.h"
+#include "automation/outage.h"
 #include "automation/values.h"
 #include "platform/Error.h"
 
@@ -59,7 +61,15 @@ class Run {
   }
 
  private:
-  void Write(const Json& event) { transcript_ << OneLine(event) << '\n'; }
+  void Write(const Json& event) {
+    if (event["event"] == "message")
+      NoteOutage(OutageIn(event["text"].get_ref<const std::string&>()));
+    transcript_ << OneLine(event) << '\n';
+  }
+
+  void NoteOutage(const std::optional<store::StoreError>& outage) {
+    if (outage && !rehearsed_.contains(store::Number(*outage))) result_.outage = outage;
+  }
 
   // The end of the script: this place could not be carried out.
   // action is null where it is the step as a whole.
@@ -78,6 +88,7 @@ class Run {
     try {
       body();
     } catch (const platform::Error& error) {
+      NoteOutage(OutageOf(error.Number()));
       Fail(error.Description());
     }
   }
@@ -121,7 +132,10 @@ class Run {
     });
   }
 
-  void CarryOut(const FaultStep& step) { faults_.Add(step, place_); }
+  void CarryOut(const FaultStep& step) {
+    faults_.Add(step, place_);
+    rehearsed_.insert(step.number);
+  }
 
   void CarryOut(const DumpStep& step) {
     Own([&] {
@@ -150,6 +164,7 @@ class Run {
       session_.Host().EndUnit();
       if (!screen_.Failed()) Write(returned);
     } catch (const platform::Error& error) {
+      NoteOutage(OutageOf(error.Number()));
       if (!screen_.Failed()) {
         Write({{"event", "error"},
                {"number", ErrorNumberText(error.Number())},
@@ -192,6 +207,7 @@ class Run {
   ScriptScreen screen_;
   Session session_;
   Faults faults_;
+  std::set<std::int32_t> rehearsed_;  // numbers of the faults so far
   std::string place_;
   RunResult result_;
   bool failed_ = false;

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "automation/script.h"
 #include "platform/Clock.h"
 #include "store/RecordStore.h"
+#include "store/errors.h"
 
 namespace pactora::automation {
 
@@ -23,6 +25,9 @@ struct RunResult {
   // carried out to its end; each with its place. Empty: all went well.
   std::vector<std::string> problems;
   std::vector<std::string> unused_faults;  // places of faults that never came
+  // A failure of the whole database that came up, be it in a message box; those that
+  // the script rehearses don't count.
+  std::optional<store::StoreError> outage;
 };
 
 // Runs the steps on the database and writes the transcript, one event a line.

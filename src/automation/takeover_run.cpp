@@ -8,6 +8,7 @@
 #include "automation/csv.h"
 #include "automation/dataset_export.h"
 #include "automation/errors.h"
+#include "automation/outage.h"
 #include "contract/modVV.h"
 #include "host/HostDb.h"
 #include "platform/Text.h"
@@ -22,10 +23,6 @@ namespace {
 constexpr std::string_view kRememberedSetting = "Uebernahmelisten";
 // So many contracts are remembered before the report is made safe.
 constexpr std::size_t kMostRemembered = 50;
-
-constexpr store::StoreError kOutOfReach[] = {
-    store::StoreError::Locked, store::StoreError::NotReachable, store::StoreError::Full,
-    store::StoreError::UnitLost, store::StoreError::NotADatabase};
 
 store::TableId AddressTable(const store::RecordStore& store) {
   return store.Catalog().FindTable(schema::table::Adressen).value();
@@ -99,12 +96,22 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
       case TakeoverOutcome::Skipped:
         ++count.skipped;
         break;
-      default:
+      case TakeoverOutcome::Refused:
         ++count.refused;
+        break;
+      case TakeoverOutcome::Failed:
+        ++count.failed;
+        break;
     }
     after_line();
   }
   return count;
+}
+
+std::string TakeoverRun::Count::Text() const {
+  const std::string failures = failed == 0 ? std::string() : fmt::format("{} Fehler, ", failed);
+  return fmt::format("{} angelegt, {} abgelehnt, {}{} übersprungen", created, refused, failures,
+                     skipped);
 }
 
 void TakeoverRun::Finish(TakeoverReport& report) {
@@ -152,9 +159,7 @@ ReportLine TakeoverRun::Enter(const TakeoverLine& line) {
     EnterContract(line, result);
   } catch (const platform::Error& error) {
     session_.Host().DropUnit();
-    for (const store::StoreError out_of_reach : kOutOfReach) {
-      if (error.Number() == store::Number(out_of_reach)) throw;
-    }
+    if (OutageOf(error.Number())) throw;
     result.outcome = TakeoverOutcome::Failed;
     result.message =
         fmt::format("Fehler &H{}: {}", platform::HexNumber(error.Number()), error.Description());
@@ -186,13 +191,8 @@ void TakeoverRun::EnterContract(const TakeoverLine& line, ReportLine& result) {
 }
 
 void TakeoverRun::RaiseIfOutOfReach() const {
-  for (const std::string& message : clerk_.Messages()) {
-    for (const store::StoreError error : kOutOfReach) {
-      if (message.find("&H" + platform::HexNumber(store::Number(error))) != std::string::npos) {
-        store::Raise(error);
-      }
-    }
-  }
+  for (const std::string& message : clerk_.Messages())
+    if (const auto outage = OutageIn(message)) store::Raise(*outage);
 }
 
 void TakeoverRun::ReadRemembered(bool resumed) {

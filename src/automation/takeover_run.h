@@ -32,8 +32,13 @@ class TakeoverRun {
 
   struct Count {
     std::size_t created = 0;
-    std::size_t refused = 0;  // with those that failed
+    std::size_t refused = 0;
+    std::size_t failed = 0;
     std::size_t skipped = 0;
+
+    std::size_t Rejected() const { return refused + failed; }
+    // In German, for people.
+    std::string Text() const;
   };
 
   // Carries out the list. report_name tells this report from others for the

@@ -116,16 +116,19 @@ TextTable Contracts(store::RecordStore& store) {
 }
 
 TextTable Appointments(store::RecordStore& store) {
-  return ListTable(store, table::vv_VertragsAktivitaeten, {{"Oid", "oid"}, {"Vertrag", "Vertrag"}},
-                   {{"Datum", field::Datum},
-                    {"Betreff", field::Betreff},
-                    {"Verantwortlich", field::Verantwortlich},
-                    {"Erledigt", field::Erledigt}},
-                   [&store](const store::Record& record) {
-                     return std::vector<host::Value>{
-                         OidOf(record),
-                         Cell(store, table::vv_Vertraege, record.parent, field::Vertragnummer)};
-                   });
+  constexpr std::size_t kDate = 2;
+  TextTable list = ListTable(
+      store, table::vv_VertragsAktivitaeten, {{"Oid", "oid"}, {"Vertrag", "Vertrag"}},
+      {{"Datum", field::Datum},
+       {"Betreff", field::Betreff},
+       {"Verantwortlich", field::Verantwortlich},
+       {"Erledigt", field::Erledigt}},
+      [&store](const store::Record& record) {
+        return std::vector<host::Value>{
+            OidOf(record), Cell(store, table::vv_Vertraege, record.parent, field::Vertragnummer)};
+      });
+  list.SortByDate(kDate);
+  return list;
 }
 
 struct ListArguments {

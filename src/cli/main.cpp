@@ -58,6 +58,14 @@ std::string UsageError(const CLI::ParseError& error, const CLI::App& app) {
   return text;
 }
 
+// The status, unless what was printed did not arrive.
+Status WithOutputWritten(Status status) {
+  std::cout.flush();
+  if (std::cout) return status;
+  Complain("die Ausgabe kann nicht geschrieben werden");
+  return Status::Refused;
+}
+
 int Main(int argc, char** argv) {
   CLI::App app("Verträge in einer Datenbank: anlegen, abschließen, prüfen", "pactora");
   app.set_help_flag("-h,--help", "Diese Hilfe")->group(kOptionGroup);
@@ -82,20 +90,15 @@ int Main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& success) {
-    return app.exit(success);  // --help, --version
+    app.exit(success);  // --help, --version
+    return static_cast<int>(WithOutputWritten(Status::Done));
   } catch (const CLI::ParseError& error) {
     Complain(fmt::format("{} (Hilfe: {} --help)", UsageError(error, app), Named(app)));
     return static_cast<int>(Status::BadInput);
   }
 
   CatchInterrupt();
-  const Status status = run();
-  std::cout.flush();
-  if (!std::cout) {
-    Complain("die Ausgabe kann nicht geschrieben werden");
-    return static_cast<int>(Status::Refused);
-  }
-  return static_cast<int>(status);
+  return static_cast<int>(WithOutputWritten(run()));
 }
 
 }  // namespace

@@ -41,7 +41,10 @@ Status RunScriptFile(const RunArguments& arguments) {
     Complain(fmt::format("{}: {}", source.name, problem));
   for (const std::string& place : result.unused_faults)
     Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
+  if (result.outage && result.problems.empty())
+    Complain(fmt::format("{}: {}", arguments.database, store::Text(*result.outage)));
   if (arguments.dry_run) fmt::print(stderr, "Probelauf, nichts geschrieben\n");
+  if (result.outage) return Status::NotReachable;
   return result.problems.empty() ? Status::Done : Status::Refused;
 }
 

@@ -43,9 +43,8 @@ Status RunTakeover(const TakeoverArguments& arguments) {
     std::cout << job.ReportText();
     fmt::print(stderr, "Probelauf, nichts geschrieben\n");
   }
-  fmt::print(stderr, "{} angelegt, {} abgelehnt, {} übersprungen\n", count.created, count.refused,
-             count.skipped);
-  if (count.refused == 0) return Status::Done;
+  fmt::print(stderr, "{}\n", count.Text());
+  if (count.Rejected() == 0) return Status::Done;
   return count.created + count.skipped > 0 ? Status::PartlyDone : Status::Refused;
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "embedded/Host.h"
+#include "embedded/operations.h"
 #include "schema/Catalog.h"
 #include "store/RecordStore.h"
 
@@ -26,7 +27,7 @@ class Core : public std::enable_shared_from_this<Core> {
   ~Core();
 
   // Every operation of the host layer begins here.
-  void Begin(std::string_view operation, std::string_view table = {}) {
+  void Begin(OperationName operation, std::string_view table = {}) {
     if (store_ == nullptr) RaiseClosed();
     if (probe != nullptr) probe->Before(operation, table);
   }

@@ -62,7 +62,7 @@ class LiveTable final : public host::HostTable {
   // For the table's own parts (fields, indexes) and the host.
   Core& GetCore() { return core_; }
   const schema::Table& Schema() const { return schema_; }
-  void Begin(std::string_view operation) { core_.Begin(operation, schema_.name); }
+  void Begin(OperationName operation) { core_.Begin(operation, schema_.name); }
   void SetFilter(FilterKind kind, std::function<bool(const store::Record&)> shows);
   // The current row's cells; raises NoCurrentRow when there is none.
   const std::vector<host::Value>& Cells();

@@ -48,6 +48,9 @@ TEST(ContractFile, HoldsOneObjectOrOneALine) {
   EXPECT_EQ(orders[1].contract->VertragBeginn, platform::FromCivil(2024, 3, 1));
   EXPECT_EQ(orders[1].contract->Memo, "") << "left out";
   EXPECT_EQ(orders[1].articles->Count(), 1);
+  std::string whole = Order("\"1\"");
+  whole.replace(whole.find("12,"), 2, "13.0");
+  EXPECT_EQ(ReadFile(whole).at(0).contract->Dauer, 13);
 }
 
 TEST(ContractFile, FaultsNameTheirPlace) {

@@ -24,6 +24,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 Script ReadText(const std::string& text) {
   std::istringstream in(text);
@@ -90,6 +91,8 @@ INSTANTIATE_TEST_SUITE_P(
         {"VariableWithoutValue", R"({"persistVar": "x"})", "steps[1]: „value“ fehlt"},
         {"FaultWithoutNumber", R"({"fault": {"op": "StoreNew"}})",
          "steps[1].fault: „number“ fehlt"},
+        {"FaultOfNoOperation", R"({"fault": {"op": "StoreNow", "number": "0x5"}})",
+         "steps[1].fault.op: die Operation „StoreNow“ gibt es nicht"},
         {"FaultFromZero", R"({"fault": {"op": "StoreNew", "nth": 0, "number": "0x5"}})",
          "steps[1].fault.nth: zählt ab 1"},
         {"FaultUnknownTable", R"({"fault": {"op": "Store", "table": "X", "number": "0x5"}})",
@@ -200,6 +203,26 @@ TEST(ScriptRun, AFaultComesAtTheNthCallOnThatTableOnce) {
   ASSERT_EQ(contracts.size(), 3u);
   EXPECT_FALSE(contracts[1].contains("AktValue")) << "stored so far, and no further";
   EXPECT_THAT(ran.result.unused_faults, IsEmpty());
+}
+
+// Another user holds the database.
+struct LockedStore final : ForwardingStore {
+  using ForwardingStore::ForwardingStore;
+  void Insert(store::TableId, store::Record&) override { store::Raise(store::StoreError::Locked); }
+};
+
+TEST(ScriptRun, AFailureOfTheWholeDatabaseIsNotedButNotARehearsedOne) {
+  EXPECT_EQ(RunSteps(kGoto + kCall, std::make_unique<LockedStore>(Company())).result.outage,
+            store::StoreError::Locked);
+  const Ran messages = RunSteps(R"({"goto": "Adressen", "oid": "1"}, {"call": "NewContract", "do": [
+      {"select": "lvwBezeichnung", "text": "Wartung Server"}, {"click": "cmdOK"}]})",
+                                std::make_unique<LockedStore>(SampleCompany()));
+  EXPECT_THAT(messages.result.problems, IsEmpty());
+  EXPECT_EQ(messages.result.outage, store::StoreError::Locked);
+  const Ran rehearsed =
+      RunSteps(R"({"fault": {"op": "StoreNew", "number": "0x80041020"}}, )" + kGoto + kCall);
+  EXPECT_THAT(rehearsed.result.problems, SizeIs(1));
+  EXPECT_EQ(rehearsed.result.outage, std::nullopt);
 }
 
 TEST(ScriptRun, TheScriptsOwnStepsNeitherFailNorCount) {

@@ -157,12 +157,9 @@ void TakeoverWindow::Run(automation::TakeoverJob& job) {
   try {
     const auto count = job.Run(clock_, after_line);
     ShowLines(job);
-    QString text = QStringLiteral("%1 angelegt, %2 abgelehnt, %3 übersprungen")
-                       .arg(count.created)
-                       .arg(count.refused)
-                       .arg(count.skipped);
+    QString text = ToQt(count.Text());
     if (rehearsal_.isChecked()) text += QStringLiteral(" (Probelauf, nichts geschrieben)");
-    if (count.refused > 0 && !rehearsal_.isChecked()) {
+    if (count.Rejected() > 0 && !rehearsal_.isChecked()) {
       text += QStringLiteral("\nAbgelehnte Zeilen stehen in %1")
                   .arg(ToQt(automation::RejectedFile(FromQt(report_.text()))));
     }
