@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "automation/errors.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
 #include "platform/Text.h"
@@ -18,16 +19,6 @@ namespace {
 struct Refused {
   std::string reason;
 };
-
-// Line breaks become blanks.
-std::string OneLine(const std::string& text) {
-  std::string line;
-  for (const char c : text) {
-    if (c == '\r') continue;
-    line += c == '\n' ? ' ' : c;
-  }
-  return line;
-}
 
 // The controls of the dialog by name, each used for a column of the list.
 class Entry {
@@ -101,7 +92,7 @@ std::string TakeoverClerk::JoinedMessages() const {
 }
 
 ui::Answer TakeoverClerk::ShowMessage(const ui::Message& message) {
-  messages_.push_back(OneLine(message.text));
+  messages_.push_back(SingleLine(message.text));
   return ui::DefaultAnswer(message.style);
 }
 

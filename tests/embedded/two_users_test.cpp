@@ -4,8 +4,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <filesystem>
-#include <random>
 #include <string>
 #include <thread>
 
@@ -13,6 +11,7 @@
 #include "schema/names.h"
 #include "store/errors.h"
 #include "store/sqlite/SqliteStore.h"
+#include "support/TemporaryFolder.h"
 
 namespace pactora::embedded {
 namespace {
@@ -24,17 +23,14 @@ namespace table = schema::table;
 class TwoUsers : public testing::Test {
  protected:
   TwoUsers() {
-    path_ = std::filesystem::temp_directory_path() /
-            ("pactora-two-users-" + std::to_string(std::random_device()()) + ".db");
     store::Profile profile;
     profile.name = "FIRMA";
-    Host host(store::CreateSqlite(path_.string(), schema::ContractCatalog(true), profile));
+    Host host(store::CreateSqlite(path_, schema::ContractCatalog(true), profile));
     Add(host, table::KELM_Mandanten, field::TessarinName, "FIRMA");
     Add(host, table::KELM_Nummern, field::Nummer, "00000005");
     Add(host, table::Adressen, field::Name, "Alt");
     host.EndUnit();
   }
-  ~TwoUsers() override { std::filesystem::remove(path_); }
 
   static void Add(Host& host, std::string_view name, std::string_view key, const char* value) {
     const auto rows = host.Table(name);
@@ -46,7 +42,7 @@ class TwoUsers : public testing::Test {
   std::unique_ptr<Host> Open(std::chrono::milliseconds lock_timeout = 20s) {
     store::OpenOptions options;
     options.lock_timeout = lock_timeout;
-    return std::make_unique<Host>(store::OpenSqlite(path_.string(), options));
+    return std::make_unique<Host>(store::OpenSqlite(path_, options));
   }
 
   static std::string Rename(Host& host, const char* name) {
@@ -72,7 +68,8 @@ class TwoUsers : public testing::Test {
     return next;
   }
 
-  std::filesystem::path path_;
+  support::TemporaryFolder folder_;
+  const std::string path_ = folder_.File("firma.db");
 };
 
 TEST_F(TwoUsers, ARowThatAnotherUserChangedIsNotOverwritten) {
