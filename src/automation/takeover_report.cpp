@@ -1,6 +1,8 @@
 #include "automation/takeover_report.h"
 
 #include <fmt/format.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -55,8 +57,14 @@ TakeoverReport::TakeoverReport(std::string path) : path_(std::move(path)) {
 
 void TakeoverReport::Open() {
   file_ = std::fopen(path_.c_str(), "ab");
-  if (file_ == nullptr || ::ftruncate(fileno(file_), static_cast<off_t>(whole_)) != 0)
-    RaiseUnwritable(path_);
+  if (file_ == nullptr) RaiseUnwritable(path_);
+  struct stat now {};
+  const bool is_mine = ::flock(fileno(file_), LOCK_EX | LOCK_NB) == 0 &&
+                       ::fstat(fileno(file_), &now) == 0 &&
+                       now.st_size == static_cast<off_t>(size_);
+  if (!is_mine)
+    Raise(DoorError::NotCarriedOut, path_ + ": mit diesem Bericht läuft schon eine Übernahme");
+  if (::ftruncate(fileno(file_), static_cast<off_t>(whole_)) != 0) RaiseUnwritable(path_);
   if (resumed_) return;
   std::fputs((std::string(kHeader) + "\n").c_str(), file_);
   Sync();
@@ -78,6 +86,7 @@ void TakeoverReport::Load() {
   }
   resumed_ = !is_half_begun;
   for (const CsvRow& row : ReadCsv(kept, kSeparator)) LoadLine(row.cells);
+  size_ = text.size();
   whole_ = kept.size();
 }
 

@@ -46,8 +46,9 @@ class TakeoverReport {
   TakeoverReport(const TakeoverReport&) = delete;
   TakeoverReport& operator=(const TakeoverReport&) = delete;
 
-  // From now on the lines go to the file, which is begun where there is none. Raises
-  // DoorError::NotCarriedOut when it can't be written.
+  // From now on the lines go to the file, which is begun where there is none, and no
+  // other run gets it. Raises DoorError::NotCarriedOut when it can't be written or
+  // another run has it.
   void Open();
 
   const std::string& Path() const { return path_; }
@@ -77,7 +78,8 @@ class TakeoverReport {
 
   std::string path_;
   bool resumed_ = false;
-  std::size_t whole_ = 0;  // bytes of the file up to the last whole line
+  std::size_t size_ = 0;                                  // bytes of the file as it was read
+  std::size_t whole_ = 0;                                 // of these, up to the last whole line
   std::unordered_map<std::string, std::string> created_;  // key, contract number
   std::vector<ReportLine> earlier_;                       // the same, of earlier runs, in order
   std::unordered_set<std::string> rejected_;              // keys

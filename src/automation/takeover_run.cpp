@@ -68,7 +68,8 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
                                     const std::function<void()>& after_line) {
   report_name_ = report_name;
   ReadGone(report);
-  ReadRemembered(report.Resumed());
+  // Without the report this list begins anew.
+  if (report.Resumed()) Recover();
   Count count;
   std::set<std::string> keys;
   for (const TakeoverLine& line : list.lines) {
@@ -117,7 +118,9 @@ std::string TakeoverRun::Count::Text() const {
 void TakeoverRun::Finish(TakeoverReport& report) {
   report.Finish();
   recent_.clear();
-  std::erase_if(kept_, [&](const Remembered& other) { return other.report == report_name_; });
+  kept_.clear();
+  // Read and written in one unit: nobody else writes in between.
+  session_.Store().LockForUpdate();
   WriteRemembered();
   session_.Host().EndUnit();
 }
@@ -139,6 +142,14 @@ void TakeoverRun::ReadGone(const TakeoverReport& report) {
           report.Path() +
               ": der Bericht gehört zu einer anderen Datenbank, keinen seiner Verträge "
               "gibt es in dieser");
+}
+
+void TakeoverRun::Recover() {
+  for (const Remembered& contract : ReadRemembered()) {
+    if (contract.report != report_name_) continue;
+    recovered_.emplace(contract.key, contract.number);
+    kept_.push_back(contract);
+  }
 }
 
 void TakeoverRun::Skip(ReportLine& result, const std::string& number) const {
@@ -195,28 +206,24 @@ void TakeoverRun::RaiseIfOutOfReach() const {
     if (const auto outage = OutageIn(message)) store::Raise(*outage);
 }
 
-void TakeoverRun::ReadRemembered(bool resumed) {
+std::vector<TakeoverRun::Remembered> TakeoverRun::ReadRemembered() {
   host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
-  if (!settings.Exists(kRememberedSetting)) return;
+  std::vector<Remembered> remembered;
+  if (!settings.Exists(kRememberedSetting)) return remembered;
   const std::string text = host::ToText(settings.Item(kRememberedSetting).Value());
-  for (const CsvRow& row : ReadCsv(text, kSeparator)) {
-    if (row.cells.size() != 3) continue;
-    const Remembered contract{row.cells[0], row.cells[1], row.cells[2]};
-    const bool mine = contract.report == report_name_;
-    // Without the report this list begins anew.
-    if (mine && !resumed) continue;
-    if (mine) recovered_.emplace(contract.key, contract.number);
-    kept_.push_back(contract);
-  }
+  for (const CsvRow& row : ReadCsv(text, kSeparator))
+    if (row.cells.size() == 3) remembered.push_back({row.cells[0], row.cells[1], row.cells[2]});
+  return remembered;
 }
 
 void TakeoverRun::WriteRemembered() {
+  std::vector<Remembered> remembered = ReadRemembered();
+  std::erase_if(remembered, [&](const Remembered& one) { return one.report == report_name_; });
+  for (const auto* mine : {&kept_, &recent_})
+    remembered.insert(remembered.end(), mine->begin(), mine->end());
   std::string text;
-  for (const auto* contracts : {&kept_, &recent_}) {
-    for (const Remembered& contract : *contracts) {
-      text += CsvLine({contract.report, contract.key, contract.number}, kSeparator) + "\n";
-    }
-  }
+  for (const Remembered& contract : remembered)
+    text += CsvLine({contract.report, contract.key, contract.number}, kSeparator) + "\n";
   host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
   if (settings.Exists(kRememberedSetting)) {
     settings.Item(kRememberedSetting).SetValue(text);

@@ -74,7 +74,9 @@ class TakeoverRun {
     std::string key;
     std::string number;  // of the contract
   };
-  void ReadRemembered(bool resumed);
+  std::vector<Remembered> ReadRemembered();
+  void Recover();
+  // Replaces what is remembered for this report; other runs may be under way.
   void WriteRemembered();
 
   TakeoverClerk clerk_;
@@ -84,7 +86,7 @@ class TakeoverRun {
   std::unordered_set<store::Oid> address_oids_;
   std::unordered_set<std::string> gone_;  // numbers of the report that no contract has
   std::unordered_map<std::string, std::string> recovered_;  // of an interrupted run, by key
-  std::vector<Remembered> kept_;    // of it and of other reports, until this run is over
+  std::vector<Remembered> kept_;                            // the same, until this run is over
   std::vector<Remembered> recent_;  // of this run, since the report was last made safe
 };
 

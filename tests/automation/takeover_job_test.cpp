@@ -1,0 +1,74 @@
+// Takeover lists that run at the same time.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <fstream>
+#include <functional>
+#include <string>
+
+#include "automation/company.h"
+#include "automation/dataset_files.h"
+#include "automation/errors.h"
+#include "automation/takeover_files.h"
+#include "schema/names.h"
+#include "support/TemporaryFolder.h"
+#include "support/contract_world.h"
+
+namespace pactora::automation {
+namespace {
+
+struct TakeoverJobs : testing::Test {
+  TakeoverJobs() {
+    ImportDatabase(db, MemorySource("sample", std::string(SampleDataset())), Access::Write,
+                   [](std::size_t, std::size_t) {});
+    std::ofstream out(folder.File("liste.csv"));
+    out << "Schlüssel;Adresse;Vertragstyp;Vertragsbeginn\n";
+    for (int key = 0; key < kLines; ++key) out << key << ";1;Wartung Server;01.01.2024\n";
+  }
+
+  void Run(const std::string& report, const std::function<void()>& after_line) {
+    const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+    TakeoverJob({db, folder.File("liste.csv"), folder.File(report)}).Run(clock, after_line);
+  }
+  std::int64_t CountContracts() const {
+    const auto store = OpenDatabase(db, Access::Read);
+    return store->Count(store->Catalog().FindTable(schema::table::vv_Vertraege).value());
+  }
+
+  static std::int32_t NumberOf(const std::function<void()>& body) {
+    const auto error = support::ErrorOf(body);
+    return error ? error->Number() : 0;
+  }
+
+  static constexpr int kLines = 5;
+  support::TemporaryFolder folder;
+  const std::string db = folder.File("firma.db");
+};
+
+TEST_F(TakeoverJobs, WhatTheDatabaseRemembersForOneOutlastsWhatItDoesForAnother) {
+  const std::int64_t before = CountContracts();
+  int lines = 0;
+  Run("a.csv", [&] {
+    if (++lines != 2) return;
+    int other_lines = 0;
+    const auto stop = [&] {
+      if (++other_lines == 3) Raise(DoorError::Interrupted, "");
+    };
+    EXPECT_EQ(NumberOf([&] { Run("b.csv", stop); }), Number(DoorError::Interrupted));
+  });
+  EXPECT_EQ(CountContracts(), before + kLines + 3);
+  // The machine failed before the other's report reached the disk.
+  std::ofstream(folder.File("b.csv")) << "Zeile;Schlüssel;Ergebnis;Vertragsnummer;Meldung\n";
+  Run("b.csv", [] {});
+  EXPECT_EQ(CountContracts(), before + 2 * kLines);
+}
+
+TEST_F(TakeoverJobs, OneReportServesOneRunAtATime) {
+  const std::int64_t before = CountContracts();
+  Run("a.csv",
+      [&] { EXPECT_EQ(NumberOf([&] { Run("a.csv", [] {}); }), Number(DoorError::NotCarriedOut)); });
+  EXPECT_EQ(CountContracts(), before + kLines);
+}
+
+}  // namespace
+}  // namespace pactora::automation
