@@ -1,4 +1,3 @@
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -51,8 +50,6 @@ struct Address {
   std::vector<Contract> contracts;
   std::vector<Attribute> attributes;
 };
-
-double Cents(double amount) { return std::nearbyint(amount * 100) / 100; }
 
 class StructFloor final : public Floor {
  public:

@@ -1,6 +1,5 @@
 #include <sqlite3.h>
 
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -88,8 +87,6 @@ sqlite3* Open(const std::string& path, Place place) {
   Check(memory, sqlite3_exec(memory, "PRAGMA foreign_keys=ON", nullptr, nullptr, nullptr));
   return memory;
 }
-
-double Cents(double amount) { return std::nearbyint(amount * 100) / 100; }
 
 class SqlFloor final : public Floor {
  public:

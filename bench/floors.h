@@ -4,10 +4,13 @@
 // name or rules.
 #pragma once
 
+#include <cmath>
 #include <memory>
 #include <string>
 
 namespace pactora::bench {
+
+inline double Cents(double amount) { return std::nearbyint(amount * 100) / 100; }
 
 class Floor {
  public:
