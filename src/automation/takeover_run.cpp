@@ -68,8 +68,10 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
                                     const std::function<void()>& after_line) {
   report_name_ = report_name;
   ReadGone(report);
+  const std::vector<Remembered> mine = ReadRemembered();
   // Without the report this list begins anew.
-  if (report.Resumed()) Recover();
+  if (report.Resumed()) kept_ = mine;
+  for (const Remembered& contract : kept_) recovered_.emplace(contract.key, contract.number);
   Count count;
   std::set<std::string> keys;
   for (const TakeoverLine& line : list.lines) {
@@ -144,14 +146,6 @@ void TakeoverRun::ReadGone(const TakeoverReport& report) {
               "gibt es in dieser");
 }
 
-void TakeoverRun::Recover() {
-  for (const Remembered& contract : ReadRemembered()) {
-    if (contract.report != report_name_) continue;
-    recovered_.emplace(contract.key, contract.number);
-    kept_.push_back(contract);
-  }
-}
-
 void TakeoverRun::Skip(ReportLine& result, const std::string& number) const {
   result.number = number;
   if (gone_.contains(number)) result.message = "den Vertrag gibt es nicht mehr";
@@ -186,7 +180,7 @@ void TakeoverRun::EnterContract(const TakeoverLine& line, ReportLine& result) {
   session_.Entry().NewContract(session_.App(), saved, terms, show_definition);
   result.message = clerk_.Refusal().empty() ? clerk_.JoinedMessages() : clerk_.Refusal();
   if (saved) {
-    recent_.push_back({report_name_, line.key, clerk_.ContractNumber()});
+    recent_.push_back({line.key, clerk_.ContractNumber()});
     WriteRemembered();
     session_.Host().EndUnit();
     result.outcome = TakeoverOutcome::Created;
@@ -208,28 +202,38 @@ void TakeoverRun::RaiseIfOutOfReach() const {
 
 std::vector<TakeoverRun::Remembered> TakeoverRun::ReadRemembered() {
   host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
-  std::vector<Remembered> remembered;
-  if (!settings.Exists(kRememberedSetting)) return remembered;
-  const std::string text = host::ToText(settings.Item(kRememberedSetting).Value());
-  for (const CsvRow& row : ReadCsv(text, kSeparator))
-    if (row.cells.size() == 3) remembered.push_back({row.cells[0], row.cells[1], row.cells[2]});
-  return remembered;
+  std::string text;
+  if (settings.Exists(kRememberedSetting))
+    text = host::ToText(settings.Item(kRememberedSetting).Value());
+  std::vector<Remembered> mine;
+  of_others_.clear();
+  for (const CsvRow& row : ReadCsv(text, kSeparator)) {
+    if (row.cells.size() != 3) continue;
+    if (row.cells[0] == report_name_)
+      mine.push_back({row.cells[1], row.cells[2]});
+    else
+      of_others_ += row.text + "\n";
+  }
+  remembered_ = std::move(text);
+  return mine;
 }
 
 void TakeoverRun::WriteRemembered() {
-  std::vector<Remembered> remembered = ReadRemembered();
-  std::erase_if(remembered, [&](const Remembered& one) { return one.report == report_name_; });
-  for (const auto* mine : {&kept_, &recent_})
-    remembered.insert(remembered.end(), mine->begin(), mine->end());
-  std::string text;
-  for (const Remembered& contract : remembered)
-    text += CsvLine({contract.report, contract.key, contract.number}, kSeparator) + "\n";
   host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
-  if (settings.Exists(kRememberedSetting)) {
+  const bool exists = settings.Exists(kRememberedSetting);
+  // Somebody else has written since.
+  if (exists && host::ToText(settings.Item(kRememberedSetting).Value()) != remembered_)
+    ReadRemembered();
+  std::string text = of_others_;
+  for (const auto* mine : {&kept_, &recent_})
+    for (const Remembered& contract : *mine)
+      text += CsvLine({report_name_, contract.key, contract.number}, kSeparator) + "\n";
+  if (exists) {
     settings.Item(kRememberedSetting).SetValue(text);
   } else if (!text.empty()) {
     settings.Add(kRememberedSetting, text);
   }
+  remembered_ = std::move(text);
 }
 
 }  // namespace pactora::automation

@@ -70,13 +70,12 @@ class TakeoverRun {
 
   // What the database remembers: contracts that the report on the disk may lack.
   struct Remembered {
-    std::string report;
     std::string key;
     std::string number;  // of the contract
   };
+  // Those of this report; other runs, with other reports, may be under way.
   std::vector<Remembered> ReadRemembered();
-  void Recover();
-  // Replaces what is remembered for this report; other runs may be under way.
+  // Replaces those of this report.
   void WriteRemembered();
 
   TakeoverClerk clerk_;
@@ -87,6 +86,8 @@ class TakeoverRun {
   std::unordered_set<std::string> gone_;  // numbers of the report that no contract has
   std::unordered_map<std::string, std::string> recovered_;  // of an interrupted run, by key
   std::vector<Remembered> kept_;                            // the same, until this run is over
+  std::string remembered_;                                  // all of it, as last read or written
+  std::string of_others_;                                   // the lines of other reports in it
   std::vector<Remembered> recent_;  // of this run, since the report was last made safe
 };
 
