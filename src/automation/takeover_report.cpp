@@ -98,6 +98,10 @@ void TakeoverReport::LoadLine(const std::vector<std::string>& cells) {
   if (is(TakeoverOutcome::Refused) || is(TakeoverOutcome::Failed)) rejected_.insert(key);
   const bool is_created = is(TakeoverOutcome::Created) || is(TakeoverOutcome::Skipped);
   if (!is_created || number.empty() || !created_.try_emplace(key, number).second) return;
+  AddEarlier(key, number);
+}
+
+void TakeoverReport::AddEarlier(const std::string& key, const std::string& number) {
   earlier_.push_back({0, key, TakeoverOutcome::Created, number, kOfEarlierList});
 }
 

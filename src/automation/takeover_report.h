@@ -58,6 +58,8 @@ class TakeoverReport {
   const std::string* CreatedFor(const std::string& key) const;
   // The contracts of earlier runs.
   const std::vector<ReportLine>& Earlier() const { return earlier_; }
+  // One that the file lacks: it stays known also where the list does not have its key.
+  void AddEarlier(const std::string& key, const std::string& number);
   // Whether an earlier run could not enter the key.
   bool WasRejected(const std::string& key) const { return rejected_.contains(key); }
 

@@ -71,7 +71,11 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
   const std::vector<Remembered> mine = ReadRemembered();
   // Without the report this list begins anew.
   if (report.Resumed()) kept_ = mine;
-  for (const Remembered& contract : kept_) recovered_.emplace(contract.key, contract.number);
+  for (const Remembered& contract : kept_) {
+    if (report.CreatedFor(contract.key) != nullptr) continue;
+    recovered_.emplace(contract.key, contract.number);
+    report.AddEarlier(contract.key, contract.number);
+  }
   Count count;
   std::set<std::string> keys;
   for (const TakeoverLine& line : list.lines) {

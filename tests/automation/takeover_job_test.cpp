@@ -21,9 +21,14 @@ struct TakeoverJobs : testing::Test {
   TakeoverJobs() {
     ImportDatabase(db, MemorySource("sample", std::string(SampleDataset())), Access::Write,
                    [](std::size_t, std::size_t) {});
+    WriteList(0, kLines);
+  }
+
+  // Lines with the keys from first to before end.
+  void WriteList(int first, int end) const {
     std::ofstream out(folder.File("liste.csv"));
     out << "Schlüssel;Adresse;Vertragstyp;Vertragsbeginn\n";
-    for (int key = 0; key < kLines; ++key) out << key << ";1;Wartung Server;01.01.2024\n";
+    for (int key = first; key < end; ++key) out << key << ";1;Wartung Server;01.01.2024\n";
   }
 
   void Run(const std::string& report, const std::function<void()>& after_line) {
@@ -59,8 +64,12 @@ TEST_F(TakeoverJobs, WhatTheDatabaseRemembersForOneOutlastsWhatItDoesForAnother)
   EXPECT_EQ(CountContracts(), before + kLines + 3);
   // The machine failed before the other's report reached the disk.
   std::ofstream(folder.File("b.csv")) << "Zeile;Schlüssel;Ergebnis;Vertragsnummer;Meldung\n";
+  // Another list comes first.
+  WriteList(kLines, kLines + 1);
   Run("b.csv", [] {});
-  EXPECT_EQ(CountContracts(), before + 2 * kLines);
+  WriteList(0, kLines);
+  Run("b.csv", [] {});
+  EXPECT_EQ(CountContracts(), before + 2 * kLines + 1);
 }
 
 TEST_F(TakeoverJobs, OneReportServesOneRunAtATime) {
