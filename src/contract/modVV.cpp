@@ -68,10 +68,12 @@ void WriteAppointment(shell::Module& module, const std::string& sOid, platform::
   contracts->Store(host::kFlagsUsual);
 }
 
-// At least eight digits.
+// At least eight digits, a sign not counted; halves go away from zero.
 std::string FormatNumber(double number) {
   std::array<char, 400> text{};
-  const int length = std::snprintf(text.data(), text.size(), "%08.0f", number);
+  const double whole = std::round(number);
+  const int length =
+      std::snprintf(text.data(), text.size(), "%s%08.0f", whole < 0 ? "-" : "", std::abs(whole));
   return std::string(text.data(), static_cast<std::size_t>(length));
 }
 

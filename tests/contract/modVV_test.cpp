@@ -89,6 +89,7 @@ TEST_F(SharedRoutines, CountersGoUpFromWhatTheyHold) {
       {"carry", "00000009", "00000010"}, {"a ninth digit", "99999999", "100000000"},
       {"not padded", "41", "00000042"},  {"empty", "", "00000001"},
       {"no number", "abc", "00000001"},  {"a number and more", "12x7", "00000013"},
+      {"below zero", "-5", "-00000004"}, {"a half", "11.5", "00000013"},
   };
   for (const auto& [name, held, expected] : cases) {
     support::ContractWorld fresh;
