@@ -178,12 +178,22 @@ TEST_F(NewContract, WithoutPositionsFollowsTheTypesSum) {
   EXPECT_EQ(Contract()[field::AktValue].AsDouble(), 99.99);
 }
 
-TEST_F(NewContract, CopiesTheDocumentOfTheTypeAndNoOther) {
+TEST_F(NewContract, CopiesTheDocumentOfTheType) {
   const auto document = std::make_shared<store::NamedDocument>("Vertrag.docx");
   AddType(Quarterly({{field::Dokument, Value(document)}}));
   Open();
   Save();
-  EXPECT_EQ(Shown(Status()[field::Dokument]), "(Objekt)");
+  const auto copied =
+      std::dynamic_pointer_cast<store::NamedDocument>(host::ToObject(Status()[field::Dokument]));
+  ASSERT_NE(copied, nullptr);
+  EXPECT_EQ(copied->Name(), "Vertrag.docx");
+}
+
+TEST_F(NewContract, OfATypeWithoutADocumentHasNone) {
+  AddType(Quarterly());
+  Open();
+  Save();
+  EXPECT_TRUE(Status()[field::Dokument].IsEmpty()) << "not written";
 }
 
 TEST(RequiredAttribute, IsComparedExactlyAndWithoutItsGroup) {
