@@ -93,12 +93,8 @@ bool ToBoolean(const Value& value) {
   if (value.GetKind() == Kind::Boolean) return value.AsBoolean();
   if (value.GetKind() == Kind::Text) {
     const std::string& text = value.AsText();
-    for (const std::string_view word : {"true", "wahr"}) {
-      if (platform::EqualsIgnoringCase(text, word)) return true;
-    }
-    for (const std::string_view word : {"false", "falsch"}) {
-      if (platform::EqualsIgnoringCase(text, word)) return false;
-    }
+    if (platform::EqualsIgnoringCase(text, "true")) return true;
+    if (platform::EqualsIgnoringCase(text, "false")) return false;
   }
   return ToDouble(value) != 0.0;
 }

@@ -91,7 +91,7 @@ class Value {
 std::int32_t ToLong(const Value& value);
 double ToDouble(const Value& value);
 Date ToDate(const Value& value);  // numbers count days; a text raises error 13
-// Texts "true", "false", "wahr" and "falsch" in any case and numbers; 0 is False.
+// Texts "true" and "false" in any case and numbers; 0 is False.
 bool ToBoolean(const Value& value);
 // A Date reads as "dd.MM.yyyy", with " HH:mm:ss" behind it if it has a time.
 std::string ToText(const Value& value);

@@ -14,7 +14,6 @@
 namespace pactora::newcontract {
 
 namespace field = schema::field;
-namespace setting = schema::setting;
 
 namespace {
 
@@ -76,9 +75,7 @@ void frmNewContract::Form_Load() {
   LoadUsers();
   module_.gAlarmWochenKuendigung = contract::ReadAlarmWochenKuendigung(module_);
   module_.gAlarmWochenEnde = contract::ReadAlarmWochenEnde(module_);
-  shell::CConfig config(module_);
-  module_.gAppointment4AllContracts =
-      config.CBoolean(config.ReadDatabaseSetting(setting::CreateAppointment4AllContracts, "false"));
+  module_.gAppointment4AllContracts = shell::ReadAppointment4AllContracts(module_);
 }
 
 void frmNewContract::LoadUsers() {

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "platform/Text.h"
+#include "schema/names.h"
 #include "shell/handlers.h"
 #include "shell/leading_number.h"
 
@@ -151,6 +152,11 @@ void CConfig::WriteTableSetting(const std::shared_ptr<host::HostTable>& pTable,
   Raising("WriteTableSetting", [&] {
     if (mbSchreibenErlaubt) Write(pTable->Settings(), Key(psSetting), psValue);
   });
+}
+
+bool ReadAppointment4AllContracts(Module& module) {
+  return host::ToBoolean(CConfig(module).ReadDatabaseSetting(
+      schema::setting::CreateAppointment4AllContracts, "false"));
 }
 
 std::string CConfig::ReadSetting(std::string_view psSetting, std::string_view psDefault) {

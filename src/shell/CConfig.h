@@ -64,4 +64,9 @@ class CConfig {
   bool mbSchreibenErlaubt = false;
 };
 
+// Whether every contract gets an appointment, as the database's setting says it:
+// "true" or "false" in any case or a number, error 13 for another text. False where
+// there is none.
+bool ReadAppointment4AllContracts(Module& module);
+
 }  // namespace pactora::shell

@@ -73,7 +73,7 @@ TEST(Records, ConvertWhatIsSetByName) {
   record.Set("dblRabatt", "12,5");
   record.Set("VertragBeginn", 45352);
   record.Set("Bezeichnung", 17);
-  record.Set("RabattNurErsteLaufzeit", "wahr");
+  record.Set("RabattNurErsteLaufzeit", "True");
   EXPECT_EQ(record.Dauer, 12);
   EXPECT_EQ(record.dblRabatt, 12.5);
   EXPECT_EQ(record.VertragBeginn.days, 45352.0);

@@ -37,7 +37,7 @@ TEST_F(Opening, ListsReleasedTypesByNameAndChoosesTheFirst) {
   world.module.gVersionText = "Version 1.2";
   world.SetVariable("vv_AlarmWochenKuendigung", "8");
   world.module.gDb = world.host.App()->CurrentDb();
-  world.module.gDb->DbSettings().Add("CreateAppointment4AllContracts", "wahr");
+  world.module.gDb->DbSettings().Add("CreateAppointment4AllContracts", "1");
   Open();
   EXPECT_EQ(form.Caption(), "Neuer Vertrag für:   Muster GmbH");
   EXPECT_EQ(form.lblVersion.Caption(), "Version 1.2");
@@ -58,6 +58,14 @@ TEST_F(Opening, ListsReleasedTypesByNameAndChoosesTheFirst) {
   EXPECT_EQ(world.module.gAlarmWochenEnde, 4);
   EXPECT_TRUE(world.module.gAppointment4AllContracts);
   EXPECT_TRUE(form.txtVertragnummer.Enabled()) << "a liability is numbered by hand";
+}
+
+TEST_F(Opening, ASettingThatIsNoBooleanIsNamedAndNothingIsShown) {
+  AddType(Quarterly());
+  world.Enter();
+  world.module.gDb->DbSettings().Add("CreateAppointment4AllContracts", "ja");
+  world.screen.ExpectMessage({"Fehler &HD\r\n(Typen unverträglich)\r\nin vv_FNewContract.InitNew"});
+  EXPECT_FALSE(form.InitNew());
 }
 
 TEST_F(Opening, StartsWithTheDefaultStartAndItsInvoicePeriods) {

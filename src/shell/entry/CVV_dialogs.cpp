@@ -1,6 +1,5 @@
 // The operations that show a dialog.
 #include "definitions/frmFEditDefinitions.h"
-#include "host/Value.h"
 #include "newcontract/frmNewContract.h"
 #include "schema/names.h"
 #include "shell/CConfig.h"
@@ -11,8 +10,7 @@ namespace pactora::shell {
 
 void CVV::EditContractDefinition(const AppRef& oApp, bool pbNew) {
   SetHost(oApp);
-  module_.gAppointment4AllContracts = host::ToBoolean(CConfig(module_).ReadDatabaseSetting(
-      schema::setting::CreateAppointment4AllContracts, "false"));
+  module_.gAppointment4AllContracts = ReadAppointment4AllContracts(module_);
   SetVersionText();
   WithReporter(module_, module_name::CVV, "EditContractDefinition", [&] {
     const auto form = std::make_shared<definitions::frmFEditDefinitions>(module_);
