@@ -55,6 +55,7 @@ class RenewableTakeover {
     plan_.valid_until = first_end_;
     AddContract(first_end_, TakeoverContract::InForce{false, {}, next});
     if (terms_.today > notice_) {
+      plan_.steps.emplace_back(TakeoverRenewals{});
       BeginRenewal(first_end_);
       plan_.valid_until = renewal_end_;
       // In arrears by the first term's period, as for every renewal.
@@ -73,6 +74,7 @@ class RenewableTakeover {
              .end = first_end_,
              .next_invoice = kNoInvoiceDate,
              .provisional_value = true});
+    plan_.steps.emplace_back(TakeoverRenewals{});
     BeginRenewal(first_end_);
     for (;;) {
       if (IsLastRenewal()) return EndWithLastRenewal();

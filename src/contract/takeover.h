@@ -57,6 +57,9 @@ struct TakeoverTerm {
   bool provisional_value = false;
 };
 
+// From here on renewals are written: a discount for the first term alone ends.
+struct TakeoverRenewals {};
+
 // What the contract row takes on, and is stored with.
 struct TakeoverContract {
   struct InForce {
@@ -76,7 +79,7 @@ struct TakeoverAlarm {
   bool after_last_renewal = false;
 };
 
-using TakeoverStep = std::variant<TakeoverTerm, TakeoverContract, TakeoverAlarm>;
+using TakeoverStep = std::variant<TakeoverTerm, TakeoverRenewals, TakeoverContract, TakeoverAlarm>;
 
 struct TakeoverPlan {
   std::vector<TakeoverStep> steps;

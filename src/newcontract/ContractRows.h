@@ -54,8 +54,7 @@ class ContractRows {
   // Fetches the tables and prepares them. The references must outlive the object.
   ContractRows(shell::Module& module, DefinitionSource& source, const ContractInput& input);
 
-  // The discount in force, percent. It begins as the one that was entered.
-  double Discount() const { return discount_; }
+  // From now on the rows bear no discount. Until then it is the one that was entered.
   void DropDiscount() { discount_ = 0.0; }
   // The type's sum for one payment period of the first term, less that discount.
   double FirstTermAmount();
@@ -99,7 +98,7 @@ class ContractRows {
   shell::Module& module_;
   DefinitionSource& source_;
   const ContractInput& input_;
-  double discount_;
+  double discount_;  // percent
   std::shared_ptr<host::HostTable> moVertraege;
   std::shared_ptr<host::HostTable> moVertragsstaende;
   std::shared_ptr<host::HostTable> moVertragspositionen;

@@ -85,9 +85,6 @@ frmNewContract::Validity frmNewContract::TakeOverRenewable(ContractRows& rows,
   for (const contract::TakeoverStep& step : plan.steps) {
     if (const auto* term = std::get_if<contract::TakeoverTerm>(&step)) {
       ++mlVSCount;
-      // For this save alone: a save that fails leaves the discount that the user
-      // entered, and still sees, to the next one.
-      if (term->renewal && input.discount_first_term_only) rows.DropDiscount();
       StatusRow row{.start = term->start,
                     .end = term->end,
                     .lauf_typ = term->renewal ? schema::kRenewalTerm : schema::kFirstTerm,
@@ -102,6 +99,11 @@ frmNewContract::Validity frmNewContract::TakeOverRenewable(ContractRows& rows,
         rows.AddFirstTermPositions();
         term_sums.push_back(first_term_amount);
       }
+    } else if (std::holds_alternative<contract::TakeoverRenewals>(step)) {
+      if (!input.discount_first_term_only) continue;
+      // The dialog's too: a save after one that fails goes on without the discount.
+      mdblRabatt = 0.0;
+      rows.DropDiscount();
     } else if (const auto* write = std::get_if<contract::TakeoverContract>(&step)) {
       rows.WriteNotice(write->notice);
       rows.WriteEnd(write->end);

@@ -24,6 +24,7 @@ std::string Amount(const TakeoverAmount& amount) {
 std::string Steps(const TakeoverPlan& plan) {
   std::string text;
   for (const TakeoverStep& step : plan.steps) {
+    if (std::holds_alternative<TakeoverRenewals>(step)) continue;
     text += text.empty() ? "" : ", ";
     if (const auto* term = std::get_if<TakeoverTerm>(&step)) {
       text += std::string(term->renewal ? "2" : "1") + (term->provisional_value ? " " : "* ") +
@@ -167,8 +168,14 @@ void CheckLaws(const RunningContract& contract, const InvoicePeriod& selected) {
   const TakeoverPlan plan = PlanRenewableTakeover(contract);
   std::vector<TakeoverTerm> terms;
   std::vector<TakeoverContract> rows;
+  std::size_t renewals = 0;
   for (const TakeoverStep& step : plan.steps) {
-    if (const auto* term = std::get_if<TakeoverTerm>(&step)) terms.push_back(*term);
+    if (const auto* term = std::get_if<TakeoverTerm>(&step)) {
+      // Told of once, after the first term.
+      ASSERT_EQ(renewals, term->renewal ? 1u : 0u);
+      terms.push_back(*term);
+    }
+    if (std::holds_alternative<TakeoverRenewals>(step)) ++renewals;
     if (const auto* row = std::get_if<TakeoverContract>(&step)) rows.push_back(*row);
   }
   // Terms follow each other from the begin on, the first one alone no renewal.
@@ -203,7 +210,7 @@ void CheckLaws(const RunningContract& contract, const InvoicePeriod& selected) {
   const auto* alarm = std::get_if<TakeoverAlarm>(&plan.steps.back());
   ASSERT_NE(alarm, nullptr);
   ASSERT_EQ(alarm->notice, rows.back().notice);
-  ASSERT_EQ(plan.steps.size(), terms.size() + rows.size() + 1);
+  ASSERT_EQ(plan.steps.size(), terms.size() + renewals + rows.size() + 1);
 }
 
 TEST(Takeover, LawsHoldForEveryRowOnEveryDayOfFourYears) {

@@ -1,6 +1,7 @@
 // Each operation of the host fails in turn while OK saves: what was stored stays,
 // a message says what happened, the dialog stays open, and a second OK writes a
-// complete new contract.
+// complete new contract. A discount for the first term alone has ended with the
+// first renewal that was begun, for the second OK too.
 
 #include "definitions/vv_CPosition.h"
 #include "newcontract/dialog_world.h"
@@ -20,6 +21,7 @@ struct SaveCase {
   Date today;
   std::int32_t row = -1;  // of the list, for a takeover
   bool from_memory = false;
+  bool renews = false;  // renewals are written
 
   friend std::ostream& operator<<(std::ostream& out, const SaveCase& c) { return out << c.name; }
 };
@@ -57,7 +59,7 @@ std::size_t CountAll(support::ContractWorld& world) {
 
 class SaveFailures : public testing::TestWithParam<SaveCase> {
  protected:
-  static void Prepare(support::ContractWorld& world, Dialog& dialog) {
+  static void Prepare(support::ContractWorld& world, Dialog& dialog, const char* discount = "10") {
     const SaveCase& c = GetParam();
     world.clock.Set(c.today);
     const store::Oid type = world.Add(
@@ -72,12 +74,22 @@ class SaveFailures : public testing::TestWithParam<SaveCase> {
     if (dialog.form.txtVertragnummer.Enabled()) dialog.Paste("txtVertragnummer", "K1");
     dialog.Pick("DTPVertragBeginn", c.begin);
     dialog.Pick("DTPGeschlossenAm", std::nullopt);
-    EXPECT_TRUE(dialog.TypeDiscount("10").Done());
+    EXPECT_TRUE(dialog.TypeDiscount(discount).Done());
     if (c.row >= 0) {
       dialog.Check("chkOldContract", true);
       dialog.Choose("lstInvoices", c.row);
       dialog.form.chkRabattNurErsteLaufzeit.SetChecked(true);
     }
+  }
+
+  // What a save that goes well stores.
+  static std::vector<std::string> Complete(const char* discount) {
+    support::ContractWorld world;
+    Dialog dialog(world);
+    Prepare(world, dialog, discount);
+    dialog.Click("cmdOK");
+    EXPECT_TRUE(dialog.form.mbOK);
+    return LastContract(world);
   }
 
   static void Remember(support::ContractWorld& world, frmNewContract& form) {
@@ -97,15 +109,9 @@ class SaveFailures : public testing::TestWithParam<SaveCase> {
 };
 
 TEST_P(SaveFailures, LeaveTheDialogOpenForACompleteSecondSave) {
-  std::vector<std::string> complete;
-  {
-    support::ContractWorld world;
-    Dialog dialog(world);
-    Prepare(world, dialog);
-    dialog.Click("cmdOK");
-    ASSERT_TRUE(dialog.form.mbOK);
-    complete = LastContract(world);
-  }
+  const std::vector<std::string> complete = Complete("10");
+  const std::vector<std::string> without_discount = Complete("0");
+  bool ended = false;  // the discount
   std::size_t refused = 0;
   for (std::size_t nth = 1;; ++nth) {
     support::ContractWorld world;
@@ -121,6 +127,7 @@ TEST_P(SaveFailures, LeaveTheDialogOpenForACompleteSecondSave) {
     }
     if (!failed) {
       EXPECT_GT(refused, 100u);
+      EXPECT_EQ(ended, GetParam().renews);
       break;
     }
     ASSERT_THAT(world.screen.Messages(), SizeIs(1)) << operation;
@@ -144,7 +151,9 @@ TEST_P(SaveFailures, LeaveTheDialogOpenForACompleteSecondSave) {
     dialog.Click("cmdOK");
     ASSERT_TRUE(dialog.form.mbOK) << operation;
     ASSERT_THAT(world.screen.Messages(), SizeIs(1)) << operation;
-    ASSERT_EQ(LastContract(world), complete) << operation;
+    const std::vector<std::string> second = LastContract(world);
+    ended = ended || second != complete;
+    ASSERT_EQ(second, ended ? without_discount : complete) << operation;
     // The contract with all below it, and its attribute, beside what was there.
     ASSERT_EQ(CountAll(world), stored + complete.size() + 1) << operation;
   }
@@ -158,11 +167,14 @@ INSTANTIATE_TEST_SUITE_P(
         SaveCase{"NewUnlimited", Unlimited(), Day(1, 4, 2024), Day(15, 3, 2024)},
         SaveCase{"NewLiability", Once({{field::Typ, "K"}}), Day(1, 4, 2024), Day(15, 3, 2024)},
         SaveCase{"NewFromMemory", Quarterly(), Day(1, 4, 2024), Day(15, 3, 2024), -1, true},
-        SaveCase{"TakeoverWithinFirstTerm", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2024), 1},
-        SaveCase{"TakeoverOfThreeTerms", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2025), 5},
+        SaveCase{"TakeoverWithinFirstTerm", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2024), 1,
+                 false, true},
+        SaveCase{"TakeoverOfThreeTerms", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2025), 5, false,
+                 true},
         SaveCase{"TakeoverOnce", Once(), Day(1, 2, 2024), Day(15, 3, 2024), 0},
         SaveCase{"TakeoverUnlimited", Unlimited(), Day(1, 1, 2024), Day(15, 3, 2024), 0},
-        SaveCase{"TakeoverFromMemory", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2024), 3, true}),
+        SaveCase{"TakeoverFromMemory", Quarterly(), Day(1, 1, 2023), Day(15, 3, 2024), 3, true,
+                 true}),
     [](const auto& row) { return row.param.name; });
 
 }  // namespace
