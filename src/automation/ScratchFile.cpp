@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "automation/errors.h"
+#include "automation/files.h"
 
 namespace pactora::automation {
 
@@ -62,7 +63,7 @@ void ScratchFile::BecomeTarget() const {
   fs::create_hard_link(path_, target_, failure);
   if (!failure) return;
   // A file system without links, or the name is taken.
-  if (fs::exists(target_)) Raise(DoorError::BadInput, target_ + ": die Datei gibt es schon");
+  if (fs::exists(target_)) RaiseTaken(target_);
   if (!ReplaceTarget())
     Raise(DoorError::NotCarriedOut,
           fmt::format("{}: die Datei kann nicht angelegt werden", target_));

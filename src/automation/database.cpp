@@ -39,22 +39,6 @@ void RequireAvailable(const std::string& name) {
 #endif
 }
 
-#ifdef PACTORA_HAS_SQLITE
-store::OpenMode ModeOf(Access access) {
-  switch (access) {
-    case Access::Read:
-      return store::OpenMode::Read;
-    case Access::Write:
-      return store::OpenMode::Write;
-    case Access::Snapshot:
-      return store::OpenMode::Snapshot;
-    case Access::Rehearsal:
-      break;
-  }
-  return store::OpenMode::Rehearsal;
-}
-#endif
-
 }  // namespace
 
 std::string DefaultDatabaseName(const std::string& name) {
@@ -73,7 +57,7 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
 #ifdef PACTORA_HAS_SQLITE
   if (name != kMemoryName) {
     store::OpenOptions options;
-    options.mode = ModeOf(access);
+    options.mode = access;
     return Naming(name, [&] {
       if (!DatabaseExists(name))
         store::Raise(store::StoreError::NotReachable, "die Datei gibt es nicht");
@@ -88,7 +72,7 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
 
 void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,
                   Access access, const std::function<void(store::RecordStore&)>& fill) {
-  if (DatabaseExists(name)) Raise(DoorError::BadInput, name + ": die Datei gibt es schon");
+  if (DatabaseExists(name)) RaiseTaken(name);
   const schema::Catalog catalog = schema::ContractCatalog(workflow_add_on);
   if (name == kMemoryName || access == Access::Rehearsal) {
     fill(*store::CreateMemoryStore(catalog, profile));

@@ -8,17 +8,13 @@
 #include <vector>
 
 #include "platform/Error.h"
+#include "store/OpenMode.h"
 #include "store/Profile.h"
 #include "store/RecordStore.h"
 
 namespace pactora::automation {
 
-enum class Access {
-  Read,  // a write-protected database will do
-  Write,
-  Snapshot,   // a copy of this moment: nobody is kept waiting while it is read
-  Rehearsal,  // everything works, and the database stays byte for byte as it is
-};
+using Access = store::OpenMode;
 
 inline constexpr const char* kMemoryName = ":memory:";
 

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <iostream>
-
 #include "automation/dataset_export.h"
 #include "automation/dataset_head.h"
 #include "automation/errors.h"
@@ -64,13 +62,8 @@ void ExportDatabase(const std::string& database, const std::string& file, const 
   RequireSound(database);
   const std::size_t all = CountRows(*store);
   std::size_t done = 0;
-  const auto write = [&](std::ostream& out) {
-    ExportDataset(*store, out, [&] { pause(done++, all); });
-  };
-  if (file == "-")
-    write(std::cout);
-  else
-    ReplaceFile(file, write);
+  WriteOutput(file,
+              [&](std::ostream& out) { ExportDataset(*store, out, [&] { pause(done++, all); }); });
 }
 
 }  // namespace pactora::automation

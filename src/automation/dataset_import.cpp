@@ -11,6 +11,7 @@
 #include "automation/DatasetReader.h"
 #include "automation/dataset_head.h"
 #include "automation/errors.h"
+#include "automation/files.h"
 #include "platform/Error.h"
 #include "store/errors.h"
 #include "store/rows.h"
@@ -23,7 +24,7 @@ TextSource MemorySource(const std::string& name, std::string text) {
 }
 
 TextSource FileSource(const std::string& path) {
-  if (path == "-")
+  if (path == kStandardStream)
     return MemorySource("Standardeingabe",
                         std::string(std::istreambuf_iterator<char>(std::cin), {}));
   const auto open = [path]() -> std::unique_ptr<std::istream> {

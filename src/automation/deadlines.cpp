@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "automation/database.h"
+#include "automation/files.h"
 #include "automation/row_walk.h"
 #include "contract/dates.h"
 #include "host/Value.h"
@@ -93,6 +95,14 @@ std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date to
     return std::tie(a.date, a.contract, a.kind) < std::tie(b.date, b.contract, b.kind);
   });
   return deadlines;
+}
+
+void WriteCalendar(const std::vector<Deadline>& deadlines, const std::string& database,
+                   store::RecordStore& store, platform::Date today, const std::string& file) {
+  RequireOutside(database, file);
+  WriteOutput(file, [&](std::ostream& out) {
+    out << CalendarText(deadlines, store.ReadProfile().name, today);
+  });
 }
 
 }  // namespace pactora::automation

@@ -53,4 +53,9 @@ bool HasCalendars();
 std::string CalendarText(const std::vector<Deadline>& deadlines, const std::string& database,
                          platform::Date today);
 
+// Writes them into a file, or to standard output for "-". Raises DoorError::BadInput
+// for a file that is the database itself.
+void WriteCalendar(const std::vector<Deadline>& deadlines, const std::string& database,
+                   store::RecordStore& store, platform::Date today, const std::string& file);
+
 }  // namespace pactora::automation

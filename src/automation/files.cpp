@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <system_error>
 
 #include "automation/ScratchFile.h"
@@ -77,6 +78,17 @@ void ReplaceFile(const std::string& path, const std::function<void(std::ostream&
       !Sync(beside.Path()) || !beside.ReplaceTarget()) {
     RaiseUnwritable(path);
   }
+}
+
+void WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& fill) {
+  if (path == kStandardStream)
+    fill(std::cout);
+  else
+    ReplaceFile(path, fill);
+}
+
+void RaiseTaken(const std::string& path) {
+  Raise(DoorError::BadInput, path + ": die Datei gibt es schon");
 }
 
 void RaiseUnwritable(const std::string& path) {

@@ -16,6 +16,14 @@ void ReplaceFile(const std::string& path, const std::string& text);
 // Likewise with what fill writes; an error that fill raises leaves the file as it was.
 void ReplaceFile(const std::string& path, const std::function<void(std::ostream&)>& fill);
 
+// The name that stands for standard input or output.
+inline constexpr const char* kStandardStream = "-";
+
+// What fill writes goes to standard output for that name, else into the file.
+void WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& fill);
+
+// Raises DoorError::BadInput: there is a file of that name.
+[[noreturn]] void RaiseTaken(const std::string& path);
 // Raises DoorError::NotCarriedOut: this file can't be written.
 [[noreturn]] void RaiseUnwritable(const std::string& path);
 

@@ -28,8 +28,8 @@ std::string RejectedFile(const std::string& report);
 
 class TakeoverJob {
  public:
-  // Reads the list. Raises DoorError::BadInput for what is no list, and where one
-  // file is to be two things.
+  // Reads the list and the report of an earlier run. Raises DoorError::BadInput for
+  // what is no list or no report, and where one file is to be two things.
   explicit TakeoverJob(TakeoverOrder order);
 
   std::size_t Size() const { return list_.lines.size(); }
@@ -43,22 +43,22 @@ class TakeoverJob {
   TakeoverRun::Count Run(const platform::Clock& clock, const std::function<void()>& after_line);
 
   // What became of the lines so far.
-  const std::vector<ReportLine>& Lines() const { return lines_; }
+  const std::vector<ReportLine>& Lines() const { return report_.Lines(); }
   // The report as it stands, or for a rehearsal would stand, in its file.
-  const std::string& ReportText() const { return report_text_; }
+  std::string ReportText() const { return report_.Text(); }
 
  private:
-  void RequireOwnFiles() const;
-  void RequireOwnRejected(const TakeoverReport& report);
-  void WriteRejected() const;
+  // What stands in the place of the rejected lines.
+  enum class OldRejected {
+    Known,    // nothing, or lines of the list
+    Changed,  // other lines: somebody may have begun to mend them there
+  };
+  OldRejected ReadOldRejected() const;
+  void WriteRejected(OldRejected old) const;
 
-  TakeoverOrder order_;
-  TakeoverList list_;
-  std::vector<ReportLine> lines_;
-  std::string report_text_;
-  // Lines stand in the place of the rejected ones that are not in the list: somebody
-  // may have begun to mend them there.
-  bool keeps_old_rejected_ = false;
+  const TakeoverOrder order_;
+  const TakeoverList list_;
+  TakeoverReport report_;
 };
 
 }  // namespace pactora::automation

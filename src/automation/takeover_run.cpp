@@ -71,11 +71,9 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
   const std::vector<Remembered> mine = ReadRemembered();
   // Without the report this list begins anew.
   if (report.Resumed()) kept_ = mine;
-  for (const Remembered& contract : kept_) {
-    if (report.CreatedFor(contract.key) != nullptr) continue;
-    recovered_.emplace(contract.key, contract.number);
-    report.AddEarlier(contract.key, contract.number);
-  }
+  for (const Remembered& contract : kept_)
+    if (report.CreatedFor(contract.key) == nullptr)
+      report.AddEarlier(contract.key, contract.number);
   Count count;
   std::set<std::string> keys;
   for (const TakeoverLine& line : list.lines) {
@@ -85,9 +83,9 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
       result.message = "der Schlüssel steht schon weiter oben";
     } else if (const std::string* number = report.CreatedFor(line.key)) {
       Skip(result, *number);
-    } else if (const auto recovered = recovered_.find(line.key); recovered != recovered_.end()) {
+    } else if (const Remembered* contract = Recovered(line.key)) {
       result.outcome = TakeoverOutcome::Created;
-      result.number = recovered->second;
+      result.number = contract->number;
     } else {
       if (recent_.size() >= kMostRemembered) {
         report.Sync();
@@ -148,6 +146,12 @@ void TakeoverRun::ReadGone(const TakeoverReport& report) {
           report.Path() +
               ": der Bericht gehört zu einer anderen Datenbank, keinen seiner Verträge "
               "gibt es in dieser");
+}
+
+const TakeoverRun::Remembered* TakeoverRun::Recovered(const std::string& key) const {
+  const auto found = std::find_if(kept_.begin(), kept_.end(),
+                                  [&](const Remembered& contract) { return contract.key == key; });
+  return found == kept_.end() ? nullptr : &*found;
 }
 
 void TakeoverRun::Skip(ReportLine& result, const std::string& number) const {

@@ -52,8 +52,16 @@ class TakeoverRun {
   void Finish(TakeoverReport& report);
 
  private:
+  // What the database remembers: contracts that the report on the disk may lack.
+  struct Remembered {
+    std::string key;
+    std::string number;  // of the contract
+  };
+
   void ReadAddresses();
   void ReadGone(const TakeoverReport& report);
+  // The contract that an interrupted run made for the key, or null.
+  const Remembered* Recovered(const std::string& key) const;
   // Of a line that was entered before.
   void Skip(ReportLine& result, const std::string& number) const;
   // The address of that name or Oid, or why there is none.
@@ -68,11 +76,6 @@ class TakeoverRun {
   // Raises an error that a message told of if it concerns the whole database.
   void RaiseIfOutOfReach() const;
 
-  // What the database remembers: contracts that the report on the disk may lack.
-  struct Remembered {
-    std::string key;
-    std::string number;  // of the contract
-  };
   // Those of this report; other runs, with other reports, may be under way.
   std::vector<Remembered> ReadRemembered();
   // Replaces those of this report.
@@ -84,11 +87,10 @@ class TakeoverRun {
   std::unordered_map<std::string, std::vector<store::Oid>> addresses_;  // by name
   std::unordered_set<store::Oid> address_oids_;
   std::unordered_set<std::string> gone_;  // numbers of the report that no contract has
-  std::unordered_map<std::string, std::string> recovered_;  // of an interrupted run, by key
-  std::vector<Remembered> kept_;                            // the same, until this run is over
-  std::string remembered_;                                  // all of it, as last read or written
-  std::string of_others_;                                   // the lines of other reports in it
-  std::vector<Remembered> recent_;  // of this run, since the report was last made safe
+  std::string remembered_;                // by the database, as last read or written
+  std::string of_others_;                 // the lines of other reports in it
+  std::vector<Remembered> kept_;          // of an interrupted run, until this one is over
+  std::vector<Remembered> recent_;        // of this run, since the report was last made safe
 };
 
 }  // namespace pactora::automation

@@ -8,7 +8,7 @@
 #include "automation/dataset_files.h"
 #include "automation/dataset_head.h"
 #include "automation/dataset_import.h"
-#include "automation/errors.h"
+#include "automation/files.h"
 #include "automation/sample/sample.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -17,8 +17,6 @@
 namespace pactora::cli {
 
 namespace {
-
-using automation::DoorError;
 
 struct DatasetArguments {
   std::string database;
@@ -36,8 +34,7 @@ automation::Pause StopOnInterrupt() {
 }
 
 Status RunInit(const DatasetArguments& arguments) {
-  if (automation::DatabaseExists(arguments.database))
-    automation::Raise(DoorError::BadInput, arguments.database + ": die Datei gibt es schon");
+  if (automation::DatabaseExists(arguments.database)) automation::RaiseTaken(arguments.database);
   if (arguments.sample) {
     automation::ImportDatabase(
         arguments.database,
@@ -92,7 +89,7 @@ void AddImport(CLI::App& app, Run& run) {
 
 void AddExport(CLI::App& app, Run& run) {
   const auto arguments = std::make_shared<DatasetArguments>();
-  arguments->file = "-";
+  arguments->file = automation::kStandardStream;
   CLI::App* command = AddCommand(app, "export", "Schreibt den Datenbestand einer Datenbank");
   AddDatabase(*command, arguments->database);
   command->add_option("DATEI", arguments->file,

@@ -164,14 +164,8 @@ TextTable DeadlineTable(const std::vector<automation::Deadline>& deadlines) {
 TextTable Deadlines(store::RecordStore& store, const ListArguments& arguments) {
   const platform::Date today = ClockFor(arguments.today)->Today();
   const auto deadlines = automation::ReadDeadlines(store, today, arguments.within);
-  if (!arguments.calendar.empty()) {
-    const std::string text = automation::CalendarText(deadlines, store.ReadProfile().name, today);
-    if (arguments.calendar == "-") {
-      std::cout << text;
-    } else {
-      automation::ReplaceFile(arguments.calendar, text);
-    }
-  }
+  if (!arguments.calendar.empty())
+    automation::WriteCalendar(deadlines, arguments.database, store, today, arguments.calendar);
   return DeadlineTable(deadlines);
 }
 
@@ -200,14 +194,12 @@ Status RunList(const ListArguments& arguments) {
     Complain("Kalenderdateien sind in diesem Programm nicht enthalten");
     return Status::BadInput;
   }
-  if (!arguments.calendar.empty())
-    automation::RequireOutside(arguments.database, arguments.calendar);
   const auto store = automation::OpenDatabase(arguments.database, automation::Access::Read);
   for (const auto& [name, make] : kLists) {
     if (arguments.what != name) continue;
     const TextTable list = automation::Naming(arguments.database,
                                               [&, make = make] { return make(*store, arguments); });
-    if (arguments.calendar == "-") break;
+    if (arguments.calendar == automation::kStandardStream) break;
     arguments.json ? list.PrintJson(std::cout) : list.PrintText(std::cout);
   }
   return Status::Done;

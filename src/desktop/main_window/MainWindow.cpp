@@ -19,7 +19,6 @@
 #include "automation/database.h"
 #include "automation/dataset_files.h"
 #include "automation/deadlines.h"
-#include "automation/files.h"
 #include "contract/dates.h"
 #include "desktop/MessageBox.h"
 #include "desktop/main_window/Progress.h"
@@ -358,9 +357,7 @@ bool MainWindow::WriteCalendar(const QString& file) {
   const bool done = desk_.Do([&] {
     const platform::Date today = desk_.Clock().Today();
     const auto deadlines = automation::ReadDeadlines(desk_.Store(), today, std::nullopt);
-    automation::RequireOutside(desk_.Database(), FromQt(file));
-    automation::ReplaceFile(
-        FromQt(file), automation::CalendarText(deadlines, desk_.Store().ReadProfile().name, today));
+    automation::WriteCalendar(deadlines, desk_.Database(), desk_.Store(), today, FromQt(file));
   });
   if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
   return done;

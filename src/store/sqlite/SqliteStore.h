@@ -12,19 +12,13 @@
 #include <vector>
 
 #include "schema/Catalog.h"
+#include "store/OpenMode.h"
 #include "store/RecordStore.h"
 
 namespace pactora::store {
 
 // How long an operation waits for other users before it raises StoreError::Locked.
 inline constexpr std::chrono::milliseconds kDefaultLockTimeout = std::chrono::seconds(30);
-
-enum class OpenMode {
-  Read,       // to read; writing works too where the file is not write-protected
-  Write,      // raises StoreError::ReadOnly at once where it is
-  Snapshot,   // a copy of this moment, in memory: nobody is kept waiting while it is read
-  Rehearsal,  // the same, to write into; the file stays byte for byte as it is
-};
 
 struct OpenOptions {
   std::chrono::milliseconds lock_timeout = kDefaultLockTimeout;

@@ -1,0 +1,13 @@
+// What a database is opened for.
+#pragma once
+
+namespace pactora::store {
+
+enum class OpenMode {
+  Read,       // to read; writing works too where the file is not write-protected
+  Write,      // raises StoreError::ReadOnly at once where it is
+  Snapshot,   // a copy of this moment, in memory: nobody is kept waiting while it is read
+  Rehearsal,  // the same, to write into; the file stays byte for byte as it is
+};
+
+}  // namespace pactora::store
