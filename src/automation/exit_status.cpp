@@ -1,7 +1,6 @@
 #include "automation/exit_status.h"
 
 #include "automation/errors.h"
-#include "store/errors.h"
 
 namespace pactora::automation {
 
@@ -18,7 +17,11 @@ Status StatusOf(const platform::Error& error) {
     case DoorError::Interrupted:
       return Status::Interrupted;
   }
-  switch (static_cast<StoreError>(error.Number())) {
+  return StatusOf(static_cast<StoreError>(error.Number()));
+}
+
+Status StatusOf(StoreError error) {
+  switch (error) {
     case StoreError::NotADatabase:
       return Status::BadInput;
     case StoreError::Locked:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Error.h"
+#include "store/errors.h"
 
 namespace pactora::automation {
 
@@ -17,5 +18,6 @@ enum class Status {
 
 // The status of a program that ends with this error.
 Status StatusOf(const platform::Error& error);
+Status StatusOf(store::StoreError error);
 
 }  // namespace pactora::automation

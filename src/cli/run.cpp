@@ -44,7 +44,7 @@ Status RunScriptFile(const RunArguments& arguments) {
   if (result.outage && result.problems.empty())
     Complain(fmt::format("{}: {}", arguments.database, store::Text(*result.outage)));
   if (arguments.dry_run) fmt::print(stderr, "Probelauf, nichts geschrieben\n");
-  if (result.outage) return Status::NotReachable;
+  if (result.outage) return StatusOf(*result.outage);
   return result.problems.empty() ? Status::Done : Status::Refused;
 }
 

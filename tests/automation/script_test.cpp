@@ -13,6 +13,7 @@
 #include "automation/ForwardingStore.h"
 #include "automation/company.h"
 #include "automation/errors.h"
+#include "automation/exit_status.h"
 #include "automation/script_run.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
@@ -223,6 +224,18 @@ TEST(ScriptRun, AFailureOfTheWholeDatabaseIsNotedButNotARehearsedOne) {
       RunSteps(R"({"fault": {"op": "StoreNew", "number": "0x80041020"}}, )" + kGoto + kCall);
   EXPECT_THAT(rehearsed.result.problems, SizeIs(1));
   EXPECT_EQ(rehearsed.result.outage, std::nullopt);
+}
+
+TEST(ExitStatus, IsTheSameForAnOutageWhicheverWayItIsTold) {
+  const std::pair<store::StoreError, Status> cases[] = {
+      {store::StoreError::Locked, Status::NotReachable},
+      {store::StoreError::ReadOnly, Status::NotReachable},
+      {store::StoreError::NotADatabase, Status::BadInput},
+      {store::StoreError::Full, Status::Refused}};
+  for (const auto& [error, status] : cases) {
+    EXPECT_EQ(StatusOf(error), status);
+    EXPECT_EQ(StatusOf(platform::Error(store::Number(error), "")), status);
+  }
 }
 
 TEST(ScriptRun, TheScriptsOwnStepsNeitherFailNorCount) {
