@@ -103,12 +103,12 @@ TEST(Values, BecomeDatesByCountingDays) {
 }
 
 TEST(Values, BecomeBooleans) {
-  for (const Value& value : {Value(true), Value("True"), Value("tRuE"), Value(-1),
-                             Value(0.1), Value("2"), Value(Date{1.0}), Value(Integer(5))}) {
+  for (const Value& value : {Value(true), Value("True"), Value("tRuE"), Value(-1), Value(0.1),
+                             Value("2"), Value(Date{1.0}), Value(Integer(5))}) {
     EXPECT_TRUE(ToBoolean(value)) << ToText(value);
   }
-  for (const Value& value : {Value(), Value(false), Value("false"), Value(0),
-                             Value(0.0), Value("0"), Value("-0,0"), Value(Date{})}) {
+  for (const Value& value : {Value(), Value(false), Value("false"), Value(0), Value(0.0),
+                             Value("0"), Value("-0,0"), Value(Date{})}) {
     EXPECT_FALSE(ToBoolean(value)) << ToText(value);
   }
 }
