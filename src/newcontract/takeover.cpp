@@ -134,6 +134,9 @@ frmNewContract::Validity frmNewContract::TakeOverOther(ContractRows& rows, Defin
   const Date term_end = contract::TermEnd(input.begin, input.dauer);
   const Date end = unlimited ? platform::kNoDate : term_end;
   const Date next_invoice = contract::TakeoverNextInvoice(RunningContractOf(source));
+  // Before the first row: a date outside the calendar stores nothing.
+  const Date alarm =
+      unlimited ? platform::kNoDate : contract::WeeksBefore(term_end, module_.gAlarmWochenEnde);
 
   rows.NewContract();
   rows.WriteSigned();
@@ -148,9 +151,8 @@ frmNewContract::Validity frmNewContract::TakeOverOther(ContractRows& rows, Defin
   rows.StoreNewContract();
 
   if (!unlimited) {
-    contract::CreateCancellationAlarm(module_, "",
-                                      contract::WeeksBefore(term_end, module_.gAlarmWochenEnde),
-                                      term_end, input.responsible, contract::kAlarmEnd);
+    contract::CreateCancellationAlarm(module_, "", alarm, term_end, input.responsible,
+                                      contract::kAlarmEnd);
   }
   RemindOfSignature();
 

@@ -208,13 +208,27 @@ TEST_F(Takeover, OfAnUnknownKindWritesNothing) {
   EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
 }
 
-TEST_F(Takeover, BeyondTheCalendarStoresNothing) {
+class BeyondTheCalendar : public Takeover {
+ protected:
+  void SaveStoresNothing() {
+    world.screen.ExpectMessage(Plain(
+        "Fehler &H5\r\n(" + platform::RuntimeErrorText(platform::RuntimeError::InvalidArgument) +
+        ")\r\nin vv_FNewContract.cmdOK_Click"));
+    SaveRefused();
+    EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
+    EXPECT_EQ(world.Count(table::KELM_Nummern), 0u);
+  }
+};
+
+TEST_F(BeyondTheCalendar, ARenewalStoresNothing) {
   TakeOver(Quarterly({{field::Verlaengerungsdauer, 100000}}), Day(1, 1, 2023), 3);
-  world.screen.ExpectMessage(Plain(
-      "Fehler &H5\r\n(" + platform::RuntimeErrorText(platform::RuntimeError::InvalidArgument) +
-      ")\r\nin vv_FNewContract.cmdOK_Click"));
-  SaveRefused();
-  EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
+  SaveStoresNothing();
+}
+
+TEST_F(BeyondTheCalendar, AnAlarmStoresNothing) {
+  TakeOver(Once(), Day(1, 2, 2024), 0);
+  world.module.gAlarmWochenEnde = 200000;
+  SaveStoresNothing();
 }
 
 }  // namespace
