@@ -78,11 +78,10 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
   std::set<std::string> keys;
   for (const TakeoverLine& line : list.lines) {
     ReportLine result{line.line, line.key, TakeoverOutcome::Skipped, {}, {}};
-    if (!keys.insert(line.key).second) {
-      if (const std::string* number = report.CreatedFor(line.key)) result.number = *number;
-      result.message = "der Schlüssel steht schon weiter oben";
-    } else if (const std::string* number = report.CreatedFor(line.key)) {
+    const bool first_of_its_key = keys.insert(line.key).second;
+    if (const std::string* number = report.CreatedFor(line.key)) {
       Skip(result, *number);
+      if (!first_of_its_key) result.message = "der Schlüssel steht schon weiter oben";
     } else if (const Remembered* contract = Recovered(line.key)) {
       result.outcome = TakeoverOutcome::Created;
       result.number = contract->number;
