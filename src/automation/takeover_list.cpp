@@ -106,12 +106,21 @@ constexpr std::array kColumns = {
 
 using Columns = std::vector<const Column*>;
 
+// How many cells there are up to the last one that says something: spreadsheets
+// end lines with empty ones.
+std::size_t CellsUsed(const CsvRow& row) {
+  std::size_t count = row.cells.size();
+  while (count > 0 && row.cells[count - 1].empty()) --count;
+  return count;
+}
+
 Columns ReadHeader(const CsvRow& header, const std::string& file) {
   Columns columns;
   const auto refuse = [&](const std::string& why) {
     Raise(DoorError::BadInput, fmt::format("{}, Zeile {}: {}", file, header.line, why));
   };
-  for (const std::string& name : header.cells) {
+  for (std::size_t i = 0; i < CellsUsed(header); ++i) {
+    const std::string& name = header.cells[i];
     const Column* known = nullptr;
     for (const Column& column : kColumns) {
       if (column.name == name) known = &column;
@@ -134,6 +143,8 @@ TakeoverLine ReadLine(const CsvRow& row, const Columns& columns) {
   TakeoverLine line;
   line.line = row.line;
   line.key = line.text = row.text;
+  // Which value is the one too many nobody can tell.
+  if (CellsUsed(row) > columns.size()) line.refusal = "mehr Werte als Spalten";
   const auto refuse = [&](const Column& column, const std::string& why) {
     if (line.refusal.empty()) line.refusal = fmt::format("Spalte {}: {}", column.name, why);
   };
@@ -166,13 +177,7 @@ TakeoverList ReadTakeoverList(std::string_view text, const std::string& name) {
   if (rows.empty()) Raise(DoorError::BadInput, fmt::format("{}: die Liste ist leer", name));
   list.header = rows.front().text;
   const Columns columns = ReadHeader(rows.front(), name);
-  for (std::size_t i = 1; i < rows.size(); ++i) {
-    if (rows[i].cells.size() > columns.size()) {
-      Raise(DoorError::BadInput,
-            fmt::format("{}, Zeile {}: mehr Werte als Spalten", name, rows[i].line));
-    }
-    list.lines.push_back(ReadLine(rows[i], columns));
-  }
+  for (std::size_t i = 1; i < rows.size(); ++i) list.lines.push_back(ReadLine(rows[i], columns));
   return list;
 }
 

@@ -93,7 +93,8 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
            Case{header + ";Preis", "liste.csv, Zeile 1: unbekannte Spalte \"Preis\""},
            Case{"Adresse;Vertragstyp", "liste.csv, Zeile 1: die Spalte \"Vertragsbeginn\" fehlt"},
            Case{header + ";Adresse", "liste.csv, Zeile 1: die Spalte \"Adresse\" steht zweimal da"},
-           Case{header + "\na;b;01.01.2024;d", "liste.csv, Zeile 2: mehr Werte als Spalten"},
+           Case{"Adresse;;Vertragstyp;Vertragsbeginn",
+                "liste.csv, Zeile 1: unbekannte Spalte \"\""},
            Case{header + "\na;\"b",
                 "liste.csv, Zeile 2: das Anführungszeichen ist nicht geschlossen"},
            Case{header + "\na;\xFF", "liste.csv, Zeile 2: kein UTF-8"},
@@ -105,8 +106,16 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
       EXPECT_EQ(error.Description(), c.fault);
     }
   }
-  EXPECT_EQ(ReadTakeoverList(header + "\na", "liste.csv").lines.at(0).refusal,
-            "Spalte Vertragstyp: der Wert fehlt");
+}
+
+TEST(TakeoverList, ALineWithTooFewOrTooManyValuesIsRefusedAlone) {
+  const TakeoverList list = ReadTakeoverList(
+      "Adresse;Vertragstyp;Vertragsbeginn;;\na\nb;T;01.01.2024;x\nc;T;01.01.2024;;;\n",
+      "liste.csv");
+  ASSERT_EQ(list.lines.size(), 3u);
+  EXPECT_EQ(list.lines[0].refusal, "Spalte Vertragstyp: der Wert fehlt");
+  EXPECT_EQ(list.lines[1].refusal, "mehr Werte als Spalten");
+  EXPECT_EQ(list.lines[2].refusal, "") << "empty cells at the end say nothing";
 }
 
 }  // namespace
