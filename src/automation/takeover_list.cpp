@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cctype>
+#include <cstddef>
 
 #include "automation/csv.h"
 #include "automation/errors.h"
@@ -142,7 +143,10 @@ Columns ReadHeader(const CsvRow& header, const std::string& file) {
 TakeoverLine ReadLine(const CsvRow& row, const Columns& columns) {
   TakeoverLine line;
   line.line = row.line;
-  line.key = line.text = row.text;
+  line.text = row.text;
+  // However a program that saved the list again wrote its values, they are the key.
+  const auto used = row.cells.begin() + static_cast<std::ptrdiff_t>(CellsUsed(row));
+  line.key = CsvLine({row.cells.begin(), used}, ';');
   // Which value is the one too many nobody can tell.
   if (CellsUsed(row) > columns.size()) line.refusal = "mehr Werte als Spalten";
   const auto refuse = [&](const Column& column, const std::string& why) {

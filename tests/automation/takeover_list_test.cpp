@@ -65,7 +65,10 @@ TEST(TakeoverList, DatesAndBooleansHaveTheirForms) {
 
 TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
   EXPECT_EQ(OneLine("Schlüssel", "K-7").key, "K-7");
-  EXPECT_EQ(OneLine("Rabatt", "5").key, "A;T;01.02.2024;5");
+  for (const char* cell : {"5", "\"5\"", " 5 ;;", "5\r\n"}) {
+    EXPECT_EQ(OneLine("Rabatt", cell).key, "A;T;01.02.2024;5") << cell;
+  }
+  EXPECT_EQ(OneLine("Bearbeitungshinweis", "\"5;6\"").key, "A;T;01.02.2024;\"5;6\"");
 }
 
 TEST(TakeoverList, QuotesMarksAndCommasAreUnderstood) {
