@@ -1,5 +1,7 @@
 #include "automation/takeover_files.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <iterator>
 #include <string_view>
@@ -100,7 +102,12 @@ TakeoverJob::OldRejected TakeoverJob::ReadOldRejected() const {
 void TakeoverJob::WriteRejected(OldRejected old) const {
   const std::string file = RejectedFile(order_.report);
   std::error_code ignored;
-  if (old == OldRejected::Changed) std::filesystem::rename(file, file + "~", ignored);
+  if (old == OldRejected::Changed) {
+    std::string kept = file + "~";
+    for (int i = 2; std::filesystem::exists(kept, ignored); ++i)
+      kept = fmt::format("{}~{}", file, i);
+    std::filesystem::rename(file, kept, ignored);
+  }
   std::unordered_map<std::size_t, const TakeoverLine*> lines;
   for (const TakeoverLine& line : list_.lines) lines[line.line] = &line;
   std::string text;

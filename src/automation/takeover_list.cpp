@@ -60,7 +60,7 @@ double ReadNumber(std::string_view text) {
 
 platform::Date ReadDate(std::string_view text) {
   const auto date = platform::ParseDate(text);
-  if (!date) {
+  if (!date || *date == platform::kNoDate) {
     throw Unreadable{fmt::format("\"{}\" ist kein Datum wie 31.12.2024 oder 2024-12-31", text)};
   }
   return *date;
@@ -146,7 +146,7 @@ TakeoverLine ReadLine(const CsvRow& row, const Columns& columns) {
   line.text = row.text;
   // However a program that saved the list again wrote its values, they are the key.
   const auto used = row.cells.begin() + static_cast<std::ptrdiff_t>(CellsUsed(row));
-  line.key = CsvLine({row.cells.begin(), used}, ';');
+  line.key = line.values = CsvLine({row.cells.begin(), used}, ';');
   // Which value is the one too many nobody can tell.
   if (CellsUsed(row) > columns.size()) line.refusal = "mehr Werte als Spalten";
   const auto refuse = [&](const Column& column, const std::string& why) {

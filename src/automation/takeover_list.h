@@ -14,7 +14,8 @@ namespace pactora::automation {
 // One line of the list. What the user left empty has no value.
 struct TakeoverLine {
   std::size_t line = 0;  // in the file, from 1
-  std::string key;       // the caller's own, or the values, however they are quoted
+  std::string values;    // however they are quoted
+  std::string key;       // the caller's own, or the values
   std::string text;      // the line as it stands in the file
   std::string refusal;   // why its values can't be read, naming the column; or empty
   std::string address;   // Oid or name

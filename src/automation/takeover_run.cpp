@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <set>
+#include <map>
 
 #include "automation/csv.h"
 #include "automation/dataset_export.h"
@@ -75,13 +75,16 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
     if (report.CreatedFor(contract.key) == nullptr)
       report.AddEarlier(contract.key, contract.number);
   Count count;
-  std::set<std::string> keys;
+  std::map<std::string_view, const TakeoverLine*> first_of_key;
   for (const TakeoverLine& line : list.lines) {
     ReportLine result{line.line, line.key, TakeoverOutcome::Skipped, {}, {}};
-    const bool first_of_its_key = keys.insert(line.key).second;
-    if (const std::string* number = report.CreatedFor(line.key)) {
+    const TakeoverLine& first = *first_of_key.try_emplace(line.key, &line).first->second;
+    if (first.values != line.values) {
+      result.outcome = TakeoverOutcome::Refused;
+      result.message = fmt::format("der Schlüssel steht schon in Zeile {}", first.line);
+    } else if (const std::string* number = report.CreatedFor(line.key)) {
       Skip(result, *number);
-      if (!first_of_its_key) result.message = "der Schlüssel steht schon weiter oben";
+      if (&first != &line) result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
     } else if (const Remembered* contract = Recovered(line.key)) {
       result.outcome = TakeoverOutcome::Created;
       result.number = contract->number;

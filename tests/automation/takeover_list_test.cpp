@@ -50,7 +50,7 @@ TEST(TakeoverList, DatesAndBooleansHaveTheirForms) {
   for (const char* date : {"15.03.2024", "2024-03-15"}) {
     EXPECT_EQ(OneLine("GeschlossenAm", date).closed_on, platform::FromCivil(2024, 3, 15)) << date;
   }
-  for (const char* date : {"31.02.2024", "15/03/2024", "15.3.24", "heute"}) {
+  for (const char* date : {"31.02.2024", "15/03/2024", "15.3.24", "heute", "30.12.1899"}) {
     EXPECT_TRUE(OneLine("GeschlossenAm", date).refusal.starts_with("Spalte GeschlossenAm: "))
         << date;
   }
