@@ -124,6 +124,18 @@ TEST_F(Takeover, KilledAtAnyMomentAndRepeatedMakesNoContractTwice) {
   EXPECT_EQ(checked.status, 0) << checked.out;
 }
 
+TEST_F(Takeover, NoCorrectionOfTheRefusedLinesIsReplaced) {
+  Write(list, std::string(kHeader) + "K1;1;Wartung Server;31.02.2023;;\n");
+  for (const char* date : {"01.02.2023", "02.02.2023", "03.02.2023"}) {
+    ASSERT_EQ(Pactora(folder, Call()).status, 1);
+    Write(rejected, std::string(kHeader) + "K1;1;Wartung Server;" + date + ";;\n");
+  }
+  ASSERT_EQ(Pactora(folder, Call()).status, 1);
+  EXPECT_THAT(Contents(rejected + "~"), HasSubstr("01.02.2023"));
+  EXPECT_THAT(Contents(rejected + "~2"), HasSubstr("02.02.2023"));
+  EXPECT_THAT(Contents(rejected + "~3"), HasSubstr("03.02.2023"));
+}
+
 TEST_F(Takeover, TheReportKnowsTheContractsOfEveryListItWasUsedFor) {
   const std::string good = "K1;1;Wartung Server;01.01.2023;;\n";
   Write(list, kHeader + good + "K2;1;Wartung Server;01.01.2023;;101\n");
