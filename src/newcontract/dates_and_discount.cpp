@@ -100,8 +100,11 @@ void frmNewContract::txtRabatt_Validate(bool& cancel) {
       cancel = true;
       return;
     }
-    txtRabatt.SetText(platform::FormatFixed(*entered, locale));
-    mdblRabatt = contract::RoundCents(platform::ParseNumber(txtRabatt.Text(), locale).value());
+    const std::string text = platform::FormatFixed(*entered, locale);
+    cancel = true;  // for amounts too large to be rounded
+    mdblRabatt = contract::RoundCents(platform::ParseNumber(text, locale).value());
+    cancel = false;
+    txtRabatt.SetText(text);
     txtRabatt.SetForeColor(mdblRabatt != 0.0 ? ui::color::kRed : ui::color::kWindowText);
   });
 }

@@ -28,7 +28,8 @@ std::string AttributeMissing(const std::string& attribute, const std::string& va
 
 void frmNewContract::cmdOK_Click() {
   shell::WithInlineMessage(module_, shell::module_name::frmNewContract, "cmdOK_Click", [&] {
-    if (lvwBezeichnung.RowCount() == 0) return;
+    // A dialog whose opening failed half way knows no type, whatever its list shows.
+    if (lvwBezeichnung.RowCount() == 0 || !mbInitDone) return;
     const std::string oid = lvwBezeichnung.Text(lvwBezeichnung.SelectedRow(), column::kOid);
     if (!moDefinitionen->FindOid(oid, host::kFlagsUsual)) return;
     StoredDefinition stored(moDefinitionen, Tables().Item(schema::table::vv_Definitionspositionen));

@@ -121,6 +121,20 @@ TEST_F(DiscountBox, TakesPastedNegativesAndKeepsItsColourOnNonsense) {
   EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
 }
 
+// One too large to be rounded is not exchanged for the one before it.
+TEST_F(DiscountBox, IsNotLeftWithWhatCannotBeRounded) {
+  AddType(Quarterly());
+  Open();
+  EXPECT_TRUE(dialog.TypeDiscount("5").Done());
+  const std::string huge = "-" + std::string(20, '9');
+  dialog.Paste("txtRabatt", huge);
+  world.screen.ExpectMessage(support::ReporterMessage("vv_FNewContract.txtRabatt_Validate",
+                                                      "Fehler &H6 in Pactora2\r\nÜberlauf"));
+  EXPECT_EQ(dialog.person.Click(form.cmdOK).kind, ui::Outcome::Kind::FocusKept);
+  EXPECT_EQ(form.txtRabatt.Text(), huge);
+  EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
+}
+
 TEST_F(DiscountBox, ReadsWhatItShowsInALocaleWithAPoint) {
   AddType(Quarterly());
   world.module.environment.locale = {'.'};

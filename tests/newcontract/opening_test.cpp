@@ -149,6 +149,11 @@ TEST(OpeningFailures, AreShownAndKeepTheDialogClosed) {
     } else {
       EXPECT_THAT(message.text, HasSubstr("in vv_FNewContract.InitNew")) << probe.Failed();
       EXPECT_EQ(message.title, "Pactora");
+      // A caller may keep it and show it again: it stores no half-known contract.
+      form.BeginModal();
+      ui::Person(form).Click(form.ChkAutoNumber);
+      ui::Person(form).Click(form.cmdOK);
+      EXPECT_EQ(world.Count(table::vv_Vertraege), 0u) << probe.Failed();
     }
   }
 }
