@@ -2,14 +2,12 @@
 
 #include <utility>
 
-#include "platform/Locale.h"
-
 namespace pactora::automation {
 
 Session::Session(std::unique_ptr<store::RecordStore> store, ui::Screen& screen,
-                 const platform::Clock& clock)
+                 const platform::Clock& clock, const platform::Locale& locale)
     : host_(std::move(store)),
-      module_(shell::Environment{screen, clock, platform::Locale{}, embedded::CreateErrorTexts,
+      module_(shell::Environment{screen, clock, locale, embedded::CreateErrorTexts,
                                  [this] { return host_.App(); }}),
       entry_(std::make_unique<shell::CVV>(module_)) {}
 

@@ -9,6 +9,7 @@
 #include "embedded/Host.h"
 #include "host/HostApp.h"
 #include "platform/Clock.h"
+#include "platform/Locale.h"
 #include "shell/Module.h"
 #include "shell/entry/CVV.h"
 #include "store/RecordStore.h"
@@ -18,11 +19,11 @@ namespace pactora::automation {
 
 class Session {
  public:
-  // Numbers are read and written the German way, wherever the program runs, so
-  // that a file means the same everywhere. Screen and clock must outlive the
-  // session.
+  // Without a locale numbers are read and written the German way, wherever the
+  // program runs, so that a file means the same everywhere; who types into windows
+  // brings the locale. Screen and clock must outlive the session.
   Session(std::unique_ptr<store::RecordStore> store, ui::Screen& screen,
-          const platform::Clock& clock);
+          const platform::Clock& clock, const platform::Locale& locale = {});
 
   embedded::Host& Host() { return host_; }
   store::RecordStore& Store() { return host_.Store(); }

@@ -59,8 +59,10 @@ QPalette PaletteOf(const Colors& colors) {
 
 }  // namespace
 
-void UseGerman(QApplication& application) {
-  const QLocale german(QLocale::German, QLocale::Germany);
+void UseGerman(QApplication& application, const platform::Locale& numbers) {
+  // The German of Switzerland has the decimal point.
+  const QLocale german(QLocale::German,
+                       numbers.decimal_separator == '.' ? QLocale::Switzerland : QLocale::Germany);
   QLocale::setDefault(german);
   auto* texts = new QTranslator(&application);
   // A machine without them shows Qt's own menus in English.

@@ -1,14 +1,17 @@
 // How the windows look: Qt's own style, light or dark, German everywhere.
 #pragma once
 
+#include "platform/Locale.h"
+
 class QApplication;
 
 namespace pactora::desktop {
 
 enum class Theme { System, Light, Dark };
 
-// German dates, numbers and texts of Qt's own menus.
-void UseGerman(QApplication& application);
+// German dates and texts of Qt's own menus, and German numbers with the locale's
+// decimal separator.
+void UseGerman(QApplication& application, const platform::Locale& numbers = {});
 // System keeps what the desktop of the machine asks for.
 void UseTheme(Theme theme);
 

@@ -58,8 +58,9 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
 }
 
 Qt::Alignment RowModel::Alignment(int row, int column) const {
-  const bool number =
-      platform::ParseNumber(list_.Text(row, column), platform::Locale{}).has_value();
+  const std::string& text = list_.Text(row, column);
+  const bool number = platform::ParseNumber(text, platform::Locale{','}).has_value() ||
+                      platform::ParseNumber(text, platform::Locale{'.'}).has_value();
   return Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft);
 }
 

@@ -24,11 +24,12 @@ std::unique_ptr<store::RecordStore> Open(const std::string& database) {
 
 }  // namespace
 
-Desk::Desk(const std::string& database, const platform::Clock& clock)
+Desk::Desk(const std::string& database, const platform::Clock& clock,
+           const platform::Locale& locale)
     : database_(database),
       clock_(clock),
       screen_([this] { session_.Host().EndUnit(); }),
-      session_(Open(database), screen_, clock) {}
+      session_(Open(database), screen_, clock, locale) {}
 
 std::string Desk::UserName() { return session_.App()->CurrentDb()->Users().CurrentUser().Name(); }
 

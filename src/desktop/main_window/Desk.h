@@ -10,6 +10,7 @@
 #include "desktop/QtScreen.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
+#include "platform/Locale.h"
 #include "store/RecordStore.h"
 
 namespace pactora::desktop {
@@ -18,8 +19,9 @@ class Desk {
  public:
   // Opens the database; raises what automation::OpenDatabase raises, and
   // DoorError::BadInput for a name under which nothing lasts. The clock must outlive
-  // the desk.
-  Desk(const std::string& database, const platform::Clock& clock);
+  // the desk. Its dialogs read and write numbers by the locale.
+  Desk(const std::string& database, const platform::Clock& clock,
+       const platform::Locale& locale = {});
 
   const std::string& Database() const { return database_; }
   automation::Session& Session() { return session_; }

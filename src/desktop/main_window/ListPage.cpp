@@ -58,9 +58,8 @@ void ListPage::SetCondition(std::function<bool(const ListRow& row)> condition) {
 }
 
 void ListPage::ShowCount() {
-  const QLocale german(QLocale::German, QLocale::Germany);
-  const QString all = german.toString(static_cast<qulonglong>(model_.All()));
-  const QString shown = german.toString(model_.rowCount());
+  const QString all = QLocale().toString(static_cast<qulonglong>(model_.All()));
+  const QString shown = QLocale().toString(model_.rowCount());
   const bool whole = static_cast<std::size_t>(model_.rowCount()) == model_.All();
   QString text = kind_.things + QStringLiteral(": ") +
                  (whole ? all : QStringLiteral("%1 von %2").arg(shown, all));

@@ -17,7 +17,7 @@ QString DateText(platform::Date date) {
 }
 
 QString NumberText(double number, int decimals) {
-  return QLocale(QLocale::German, QLocale::Germany).toString(number, 'f', decimals);
+  return QLocale().toString(number, 'f', decimals);
 }
 
 }  // namespace

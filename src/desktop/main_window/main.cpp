@@ -21,6 +21,7 @@
 #include "desktop/text.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
+#include "platform/Locale.h"
 
 namespace pactora::desktop {
 namespace {
@@ -30,11 +31,12 @@ using automation::Status;
 // What is open: one database at a time.
 class Program {
  public:
-  explicit Program(QSettings& settings) : settings_(settings) {}
+  Program(QSettings& settings, const platform::Locale& locale)
+      : settings_(settings), locale_(locale) {}
 
   // Raises what opening the database raises; what was open stays open then.
   void Open(const std::string& database) {
-    auto desk = std::make_unique<Desk>(database, clock_);
+    auto desk = std::make_unique<Desk>(database, clock_, locale_);
     auto memory = std::make_unique<WindowMemory>(settings_, ToQt(desk->UserName()));
     UseTheme(memory->Look());
     auto window = std::make_unique<MainWindow>(*desk, *memory);
@@ -59,6 +61,7 @@ class Program {
   }
 
   QSettings& settings_;
+  const platform::Locale locale_;
   const platform::SystemClock clock_;
   // In the order in which they lean on each other.
   std::unique_ptr<Desk> desk_;
@@ -86,11 +89,12 @@ int Main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setOrganizationName(QStringLiteral("Pactora"));
   QApplication::setApplicationName(QStringLiteral("Pactora"));
-  UseGerman(application);
+  const platform::Locale locale = platform::SystemLocale();
+  UseGerman(application, locale);
   QApplication::setWindowIcon(ProgramIcon());
   QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Pactora"),
                      QStringLiteral("desktop"));
-  Program program(settings);
+  Program program(settings, locale);
   try {
     program.Open(argv[1]);
   } catch (const platform::Error& error) {
