@@ -32,7 +32,9 @@ class Reader {
     row.text = std::string(text_.substr(begin, end - begin));
     if (Take('\n')) ++line_;
     if (!platform::IsValidUtf8(row.text)) {
-      Raise(DoorError::BadInput, fmt::format("Zeile {}: kein UTF-8", row.line));
+      Raise(
+          DoorError::BadInput,
+          fmt::format("Zeile {}: kein UTF-8; speichern Sie die Datei als \"CSV UTF-8\"", row.line));
     }
     if (!platform::Trim(row.text).empty()) rows_.push_back(std::move(row));
   }
@@ -87,11 +89,17 @@ std::vector<CsvRow> ReadCsv(std::string_view text, char separator) {
   return Reader(WithoutMark(text), separator).Read();
 }
 
-char SeparatorOf(std::string_view text) {
+std::string CsvForm::Mark() const { return std::string(marked ? kByteOrderMark : ""); }
+
+CsvForm FormOf(std::string_view text) {
+  CsvForm form;
+  form.marked = text.starts_with(kByteOrderMark);
   const std::string_view header = text.substr(0, text.find('\n'));
+  if (header.ends_with('\r')) form.line_break = "\r\n";
   const bool commas_only =
       header.find(';') == std::string_view::npos && header.find(',') != std::string_view::npos;
-  return commas_only ? ',' : ';';
+  if (commas_only) form.separator = ',';
+  return form;
 }
 
 std::string CsvLine(const std::vector<std::string>& cells, char separator) {

@@ -22,8 +22,18 @@ struct CsvRow {
 // closed and for text that is not UTF-8.
 std::vector<CsvRow> ReadCsv(std::string_view text, char separator);
 
-// The separator of a header line: ";" unless only "," occurs in it.
-char SeparatorOf(std::string_view text);
+// How a text of rows is written.
+struct CsvForm {
+  bool marked = false;  // with a byte order mark
+  char separator = kSeparator;
+  std::string line_break = "\n";
+
+  // The mark or nothing.
+  std::string Mark() const;
+};
+
+// As the header line shows it; the separator is ";" unless only "," occurs in it.
+CsvForm FormOf(std::string_view text);
 
 // The cells as one line; a cell is quoted where it needs to be.
 std::string CsvLine(const std::vector<std::string>& cells, char separator);

@@ -33,6 +33,8 @@ class Entry {
   }
 
   void Must(const ui::Outcome& outcome) {
+    // What is disabled here is so because of the chosen type.
+    if (outcome.hindrance == ui::Hindrance::Disabled) Refuse("bei diesem Vertragstyp gesperrt");
     if (outcome.kind == ui::Outcome::Kind::Impossible) Refuse(ui::Describe(outcome.hindrance));
     // A box refused to be left; its message says why.
     if (outcome.kind == ui::Outcome::Kind::FocusKept) throw Refused{};
@@ -76,6 +78,42 @@ void Choose(ui::Form& form, ui::Person& person, std::string_view column, std::st
   entry.Must(outcome);
 }
 
+std::string German(platform::Date date) {
+  return platform::FormatDate(date, platform::kGermanPattern);
+}
+
+// Which periods the list has instead, to go behind the sentence that it lacks one;
+// nothing where its dates can't be read.
+std::string NearestPeriods(const ui::ListBox& periods, platform::Date wanted) {
+  std::optional<platform::Date> before;
+  std::optional<platform::Date> after;
+  for (std::int32_t index = 0; index < periods.Count(); ++index) {
+    const std::string& text = periods.ItemText(index);
+    const auto start = platform::ParseDate(text.substr(0, text.find(' ')));
+    if (!start) return {};
+    if (*start < wanted) before = start;
+    if (*start > wanted && !after) after = start;
+  }
+  if (before && after)
+    return fmt::format(", aber am {} und am {}", German(*before), German(*after));
+  if (before) return fmt::format(", der letzte am {}", German(*before));
+  if (after) return fmt::format(", der erste am {}", German(*after));
+  return ", es gibt keinen";
+}
+
+// Two types of one name differ in what nobody sees in the list.
+void ChooseType(ui::Form& form, ui::Person& person, const std::string& type) {
+  constexpr std::string_view kColumn = "Vertragstyp";
+  constexpr std::string_view kTypes = "lvwBezeichnung";
+  Entry entry(form, kColumn);
+  const auto& types = entry.Get<ui::ListView>(kTypes);
+  std::int32_t count = 0;
+  for (std::int32_t row = 1; row <= types.RowCount(); ++row) count += types.Text(row) == type;
+  if (count == 0) entry.Refuse(fmt::format("kein freigegebener Vertragstyp \"{}\"", type));
+  if (count > 1) entry.Refuse(fmt::format("\"{}\" gibt es mehrmals", type));
+  Choose(form, person, kColumn, kTypes, type);
+}
+
 }  // namespace
 
 void TakeoverClerk::Begin(const TakeoverLine& line) {
@@ -87,7 +125,12 @@ void TakeoverClerk::Begin(const TakeoverLine& line) {
 
 std::string TakeoverClerk::JoinedMessages() const {
   std::string joined;
-  for (const std::string& message : messages_) joined += (joined.empty() ? "" : " | ") + message;
+  const std::string* before = nullptr;
+  for (const std::string& message : messages_) {
+    const bool again = before != nullptr && *before == message;
+    if (!again) joined += (joined.empty() ? "" : " | ") + message;
+    before = &message;
+  }
   return joined;
 }
 
@@ -118,7 +161,7 @@ void TakeoverClerk::ShowModal(ui::Form& form) {
 // the day of signature, which follows it.
 void TakeoverClerk::FillIn(ui::Form& form, ui::Person& person) {
   const TakeoverLine& line = *line_;
-  Choose(form, person, "Vertragstyp", "lvwBezeichnung", line.type);
+  ChooseType(form, person, line.type);
   PickDate(form, person, "Vertragsbeginn", "DTPVertragBeginn", line.begin);
   PickDate(form, person, "GeschlossenAm", "DTPGeschlossenAm", line.closed_on);
   if (!line.responsible.empty()) {
@@ -158,8 +201,8 @@ void TakeoverClerk::ChoosePeriod(ui::Form& form, ui::Person& person) {
     entry.Must(person.Choose(periods, index));
     return;
   }
-  entry.Refuse(fmt::format("kein Zeitraum beginnt am {}",
-                           platform::FormatDate(*line_->last_invoiced, platform::kGermanPattern)));
+  entry.Refuse(fmt::format("kein Zeitraum beginnt am {}{}", German(*line_->last_invoiced),
+                           NearestPeriods(periods, *line_->last_invoiced)));
 }
 
 }  // namespace pactora::automation

@@ -17,6 +17,8 @@
 namespace pactora::automation {
 namespace {
 
+constexpr const char* kRejectedEnding = ".abgelehnt.csv";
+
 std::string ReadAll(const TextSource& source) {
   const auto in = source.open();
   return {std::istreambuf_iterator<char>(*in), {}};
@@ -43,19 +45,32 @@ TakeoverOrder Checked(TakeoverOrder order) {
   if (order.list == kStandardStream) return order;
   if (IsSameFile(order.list, order.report))
     Raise(DoorError::BadInput, order.report + ": das ist die Liste selbst");
-  if (IsSameFile(order.list, rejected))
-    Raise(DoorError::BadInput,
-          rejected +
-              ": hierhin kommen die abgelehnten Zeilen; geben Sie der Liste einen anderen Namen");
   return order;
 }
 
 }  // namespace
 
-std::string RejectedFile(const std::string& report) { return report + ".abgelehnt.csv"; }
+std::string RejectedFile(const std::string& report) { return report + kRejectedEnding; }
+
+std::string UsualReport(const std::string& list) {
+  const std::string ending = kRejectedEnding;
+  if (list.size() > ending.size() && list.ends_with(ending))
+    return list.substr(0, list.size() - ending.size());
+  return list + ".bericht.csv";
+}
 
 TakeoverJob::TakeoverJob(TakeoverOrder order)
-    : order_(Checked(std::move(order))), list_(ReadList(order_.list)), report_(order_.report) {}
+    : order_(Checked(std::move(order))),
+      list_(ReadList(order_.list)),
+      report_(order_.report),
+      list_is_rejected_(order_.list != kStandardStream &&
+                        IsSameFile(order_.list, RejectedFile(order_.report))) {
+  // Only what a run of this report wrote may be replaced.
+  if (list_is_rejected_ && !report_.Resumed())
+    Raise(DoorError::BadInput,
+          order_.list +
+              ": hierhin kommen die abgelehnten Zeilen; geben Sie der Liste einen anderen Namen");
+}
 
 TakeoverRun::Count TakeoverJob::Run(const platform::Clock& clock,
                                     const std::function<void()>& after_line) {
@@ -78,7 +93,7 @@ TakeoverJob::OldRejected TakeoverJob::ReadOldRejected() const {
   const std::string file = RejectedFile(order_.report);
   OldRejected old = OldRejected::Known;
   std::error_code ignored;
-  if (!std::filesystem::exists(file, ignored)) return old;
+  if (list_is_rejected_ || !std::filesystem::exists(file, ignored)) return old;
   std::unordered_set<std::string_view> of_list;
   for (const TakeoverLine& line : list_.lines) of_list.insert(line.text);
   bool is_mine = true;
@@ -99,25 +114,38 @@ TakeoverJob::OldRejected TakeoverJob::ReadOldRejected() const {
   return old;
 }
 
-void TakeoverJob::WriteRejected(OldRejected old) const {
+void TakeoverJob::WriteRejected(OldRejected old) {
   const std::string file = RejectedFile(order_.report);
-  std::error_code ignored;
+  std::error_code failed;
   if (old == OldRejected::Changed) {
-    std::string kept = file + "~";
-    for (int i = 2; std::filesystem::exists(kept, ignored); ++i)
-      kept = fmt::format("{}~{}", file, i);
-    std::filesystem::rename(file, kept, ignored);
+    kept_ = file + "~";
+    for (int i = 2; std::filesystem::exists(kept_, failed); ++i)
+      kept_ = fmt::format("{}~{}", file, i);
+    std::filesystem::rename(file, kept_, failed);
+    if (failed) RaiseUnwritable(kept_);
   }
   std::unordered_map<std::size_t, const TakeoverLine*> lines;
   for (const TakeoverLine& line : list_.lines) lines[line.line] = &line;
-  std::string text;
+  std::vector<const TakeoverLine*> rejected;
   for (const ReportLine& line : report_.Lines())
-    if (IsRejected(line.outcome)) text += lines.at(line.line)->text + "\n";
-  if (!text.empty()) {
-    ReplaceFile(file, list_.header + "\n" + text);
+    if (IsRejected(line.outcome)) rejected.push_back(lines.at(line.line));
+  any_rejected_ = !rejected.empty();
+  if (any_rejected_) {
+    ReplaceFile(file, TextOf(list_, rejected));
   } else {
-    std::filesystem::remove(file, ignored);
+    std::filesystem::remove(file, failed);
   }
+}
+
+std::vector<std::string> TakeoverJob::FilesLeft() const {
+  std::vector<std::string> left;
+  const std::string rejected = RejectedFile(order_.report);
+  if (any_rejected_)
+    left.push_back(fmt::format(
+        "Abgelehnte Zeilen stehen in {}; verbessert sind sie die nächste Liste", rejected));
+  if (!kept_.empty())
+    left.push_back(fmt::format("Was vorher in {} stand, steht jetzt in {}", rejected, kept_));
+  return left;
 }
 
 }  // namespace pactora::automation

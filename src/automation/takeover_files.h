@@ -22,9 +22,13 @@ struct TakeoverOrder {
 };
 
 // The file of the lines that were not entered, as they stood in the list, ready to
-// be mended. Lines of an earlier run that are not in the list any more are kept
-// beside it, with a "~" behind the name.
+// be mended and then to be the list of the next run with this report. Lines of an
+// earlier run that are not in the list any more are kept beside it, with a "~"
+// behind the name.
 std::string RejectedFile(const std::string& report);
+// The report that a list has where nobody names one: rejected lines that of the
+// list they come from.
+std::string UsualReport(const std::string& list);
 
 class TakeoverJob {
  public:
@@ -42,6 +46,10 @@ class TakeoverJob {
   // an earlier run of this report did not write.
   TakeoverRun::Count Run(const platform::Clock& clock, const std::function<void()>& after_line);
 
+  // What a person should know of the files when the run has come to its end: a
+  // sentence a line.
+  std::vector<std::string> FilesLeft() const;
+
   // What became of the lines so far.
   const std::vector<ReportLine>& Lines() const { return report_.Lines(); }
   // The report as it stands, or for a rehearsal would stand, in its file.
@@ -54,11 +62,14 @@ class TakeoverJob {
     Changed,  // other lines: somebody may have begun to mend them there
   };
   OldRejected ReadOldRejected() const;
-  void WriteRejected(OldRejected old) const;
+  void WriteRejected(OldRejected old);
 
   const TakeoverOrder order_;
   const TakeoverList list_;
   TakeoverReport report_;
+  bool list_is_rejected_;  // the list stands where its rejected lines will
+  bool any_rejected_ = false;
+  std::string kept_;  // file of an earlier run's rejected lines, empty for none
 };
 
 }  // namespace pactora::automation

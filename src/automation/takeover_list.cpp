@@ -82,6 +82,8 @@ struct Column {
   void (*read)(TakeoverLine& line, const std::string& cell);
 };
 
+// Their order is that of a line's values: a new column goes to the end, or the
+// keys of reports from before are other ones.
 constexpr std::array kColumns = {
     Column{"Adresse", true, [](TakeoverLine& l, const std::string& c) { l.address = c; }},
     Column{"Vertragstyp", true, [](TakeoverLine& l, const std::string& c) { l.type = c; }},
@@ -107,12 +109,21 @@ constexpr std::array kColumns = {
 
 using Columns = std::vector<const Column*>;
 
-// How many cells there are up to the last one that says something: spreadsheets
-// end lines with empty ones.
-std::size_t CellsUsed(const CsvRow& row) {
-  std::size_t count = row.cells.size();
-  while (count > 0 && row.cells[count - 1].empty()) --count;
-  return count;
+// Without the empty cells at the end: spreadsheets end lines with them.
+std::vector<std::string> Used(std::vector<std::string> cells) {
+  while (!cells.empty() && cells.back().empty()) cells.pop_back();
+  return cells;
+}
+
+// What the line says, however a program that saved the list again ordered and
+// wrote it.
+std::string ValuesOf(const std::vector<std::string>& cells, const Columns& columns) {
+  // Which value is the one too many nobody can tell.
+  if (cells.size() > columns.size()) return CsvLine(cells, kSeparator);
+  std::vector<std::string> values(kColumns.size());
+  for (std::size_t i = 0; i < cells.size(); ++i)
+    values[static_cast<std::size_t>(columns[i] - kColumns.data())] = cells[i];
+  return CsvLine(Used(std::move(values)), kSeparator);
 }
 
 Columns ReadHeader(const CsvRow& header, const std::string& file) {
@@ -120,8 +131,7 @@ Columns ReadHeader(const CsvRow& header, const std::string& file) {
   const auto refuse = [&](const std::string& why) {
     Raise(DoorError::BadInput, fmt::format("{}, Zeile {}: {}", file, header.line, why));
   };
-  for (std::size_t i = 0; i < CellsUsed(header); ++i) {
-    const std::string& name = header.cells[i];
+  for (const std::string& name : Used(header.cells)) {
     const Column* known = nullptr;
     for (const Column& column : kColumns) {
       if (column.name == name) known = &column;
@@ -144,16 +154,14 @@ TakeoverLine ReadLine(const CsvRow& row, const Columns& columns) {
   TakeoverLine line;
   line.line = row.line;
   line.text = row.text;
-  // However a program that saved the list again wrote its values, they are the key.
-  const auto used = row.cells.begin() + static_cast<std::ptrdiff_t>(CellsUsed(row));
-  line.key = line.values = CsvLine({row.cells.begin(), used}, ';');
-  // Which value is the one too many nobody can tell.
-  if (CellsUsed(row) > columns.size()) line.refusal = "mehr Werte als Spalten";
+  const std::vector<std::string> cells = Used(row.cells);
+  line.key = line.values = ValuesOf(cells, columns);
+  if (cells.size() > columns.size()) line.refusal = "mehr Werte als Spalten";
   const auto refuse = [&](const Column& column, const std::string& why) {
     if (line.refusal.empty()) line.refusal = fmt::format("Spalte {}: {}", column.name, why);
   };
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    const std::string cell = i < row.cells.size() ? row.cells[i] : std::string();
+    const std::string cell = i < cells.size() ? cells[i] : std::string();
     if (cell.empty()) {
       if (columns[i]->required) refuse(*columns[i], "der Wert fehlt");
       continue;
@@ -171,18 +179,27 @@ TakeoverLine ReadLine(const CsvRow& row, const Columns& columns) {
 
 TakeoverList ReadTakeoverList(std::string_view text, const std::string& name) {
   TakeoverList list;
-  list.separator = SeparatorOf(text);
+  list.form = FormOf(text);
   std::vector<CsvRow> rows;
   try {
-    rows = ReadCsv(text, list.separator);
+    rows = ReadCsv(text, list.form.separator);
   } catch (const platform::Error& error) {
     Raise(DoorError::BadInput, fmt::format("{}, {}", name, error.Description()));
   }
+  // What Excel is told the separator with is no row.
+  if (!rows.empty() && rows.front().text == std::string("sep=") + list.form.separator)
+    rows.erase(rows.begin());
   if (rows.empty()) Raise(DoorError::BadInput, fmt::format("{}: die Liste ist leer", name));
   list.header = rows.front().text;
   const Columns columns = ReadHeader(rows.front(), name);
   for (std::size_t i = 1; i < rows.size(); ++i) list.lines.push_back(ReadLine(rows[i], columns));
   return list;
+}
+
+std::string TextOf(const TakeoverList& list, const std::vector<const TakeoverLine*>& lines) {
+  std::string text = list.form.Mark() + list.header + list.form.line_break;
+  for (const TakeoverLine* line : lines) text += line->text + list.form.line_break;
+  return text;
 }
 
 }  // namespace pactora::automation

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/csv.h"
 #include "platform/Date.h"
 
 namespace pactora::automation {
@@ -14,7 +15,7 @@ namespace pactora::automation {
 // One line of the list. What the user left empty has no value.
 struct TakeoverLine {
   std::size_t line = 0;  // in the file, from 1
-  std::string values;    // however they are quoted
+  std::string values;    // whatever their order in the file, however they are quoted
   std::string key;       // the caller's own, or the values
   std::string text;      // the line as it stands in the file
   std::string refusal;   // why its values can't be read, naming the column; or empty
@@ -32,7 +33,7 @@ struct TakeoverLine {
 };
 
 struct TakeoverList {
-  char separator = ';';
+  CsvForm form;
   std::string header;  // as it stands in the file
   std::vector<TakeoverLine> lines;
 };
@@ -41,5 +42,8 @@ struct TakeoverList {
 // text that is no such list: no header, a column that is unknown, missing or there
 // twice, more cells than columns. name is that of the file, for messages.
 TakeoverList ReadTakeoverList(std::string_view text, const std::string& name);
+
+// A list of some of its lines, written as the list is.
+std::string TextOf(const TakeoverList& list, const std::vector<const TakeoverLine*>& lines);
 
 }  // namespace pactora::automation

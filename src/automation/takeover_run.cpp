@@ -28,6 +28,10 @@ store::TableId AddressTable(const store::RecordStore& store) {
   return store.Catalog().FindTable(schema::table::Adressen).value();
 }
 
+const schema::Table& Contracts(const schema::Catalog& catalog) {
+  return catalog.tables[catalog.FindTable(schema::table::vv_Vertraege).value()];
+}
+
 }  // namespace
 
 TakeoverRun::TakeoverRun(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock)
@@ -36,6 +40,9 @@ TakeoverRun::TakeoverRun(std::unique_ptr<store::RecordStore> store, const platfo
                                                platform::kGermanPattern);
       }),
       session_(std::move(store), clerk_, clock) {
+  const schema::Table& contracts = Contracts(session_.Store().Catalog());
+  const auto number = contracts.FindField(schema::field::Vertragnummer);
+  number_size_ = static_cast<std::size_t>(contracts.fields[number.value()].size);
   ReadAddresses();
 }
 
@@ -167,6 +174,10 @@ ReportLine TakeoverRun::Enter(const TakeoverLine& line) {
   const FoundAddress address = FindAddress(line.address);
   if (!address.oid) {
     result.message = address.why_not;
+    return result;
+  }
+  if (platform::Length(line.number) > number_size_) {
+    result.message = fmt::format("Spalte Vertragsnummer: höchstens {} Zeichen", number_size_);
     return result;
   }
   try {

@@ -83,6 +83,7 @@ class TakeoverRun {
 
   TakeoverClerk clerk_;
   Session session_;
+  std::size_t number_size_;  // characters that a contract number may have
   std::string report_name_;
   std::unordered_map<std::string, std::vector<store::Oid>> addresses_;  // by name
   std::unordered_set<store::Oid> address_oids_;

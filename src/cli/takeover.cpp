@@ -34,8 +34,9 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   } catch (...) {
     bar.Clear();
     if (job.Lines().empty()) throw;
-    fmt::print(stderr, "{} von {} Zeilen bearbeitet; derselbe Aufruf setzt die Liste fort\n",
-               job.Lines().size(), job.Size());
+    fmt::print(stderr, "{} von {} Zeilen bearbeitet; {}\n", job.Lines().size(), job.Size(),
+               arguments.order.rehearsal ? "Probelauf, nichts geschrieben"
+                                         : "derselbe Aufruf setzt die Liste fort");
     throw;
   }
   bar.Clear();
@@ -44,6 +45,7 @@ Status RunTakeover(const TakeoverArguments& arguments) {
     fmt::print(stderr, "Probelauf, nichts geschrieben\n");
   }
   fmt::print(stderr, "{}\n", count.Text());
+  for (const std::string& sentence : job.FilesLeft()) fmt::print(stderr, "{}\n", sentence);
   if (count.Rejected() == 0) return Status::Done;
   return count.created + count.skipped > 0 ? Status::PartlyDone : Status::Refused;
 }

@@ -19,9 +19,13 @@ namespace {
 
 struct TakeoverJobs : testing::Test {
   TakeoverJobs() {
-    ImportDatabase(db, MemorySource("sample", std::string(SampleDataset())), Access::Write,
-                   [](std::size_t, std::size_t) {});
+    Import(db, std::string(SampleDataset()));
     WriteList(0, kLines);
+  }
+
+  static void Import(const std::string& file, const std::string& dataset) {
+    ImportDatabase(file, MemorySource("sample", dataset), Access::Write,
+                   [](std::size_t, std::size_t) {});
   }
 
   // Lines with the keys from first to before end.
@@ -70,6 +74,18 @@ TEST_F(TakeoverJobs, WhatTheDatabaseRemembersForOneOutlastsWhatItDoesForAnother)
   WriteList(0, kLines);
   Run("b.csv", [] {});
   EXPECT_EQ(CountContracts(), before + 2 * kLines + 1);
+}
+
+TEST_F(TakeoverJobs, ATypeWhoseNameAnotherOneHasIsNotGuessed) {
+  std::string dataset(SampleDataset());
+  const std::string other = "\"Stellfläche Rechenzentrum\"";
+  dataset.replace(dataset.rfind(other), other.size(), "\"Wartung Server\"");
+  const std::string twins = folder.File("zwillinge.db");
+  Import(twins, dataset);
+  const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  TakeoverJob job({twins, folder.File("liste.csv"), folder.File("a.csv")});
+  EXPECT_EQ(job.Run(clock, [] {}).refused, std::size_t{kLines});
+  EXPECT_EQ(job.Lines().front().message, "Spalte Vertragstyp: \"Wartung Server\" gibt es mehrmals");
 }
 
 TEST_F(TakeoverJobs, OneReportServesOneRunAtATime) {

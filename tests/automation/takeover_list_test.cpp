@@ -66,21 +66,23 @@ TEST(TakeoverList, DatesAndBooleansHaveTheirForms) {
 TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
   EXPECT_EQ(OneLine("Schlüssel", "K-7").key, "K-7");
   for (const char* cell : {"5", "\"5\"", " 5 ;;", "5\r\n"}) {
-    EXPECT_EQ(OneLine("Rabatt", cell).key, "A;T;01.02.2024;5") << cell;
+    EXPECT_EQ(OneLine("GeschlossenAm", cell).key, "A;T;01.02.2024;;;5") << cell;
   }
-  EXPECT_EQ(OneLine("Bearbeitungshinweis", "\"5;6\"").key, "A;T;01.02.2024;\"5;6\"");
+  EXPECT_EQ(OneLine("ZuletztFakturiert", "\"5;6\"").key, "A;T;01.02.2024;\"5;6\"");
+  EXPECT_EQ(OneLine("Rabatt;GeschlossenAm", "5;6").key, OneLine("GeschlossenAm;Rabatt", "6;5").key);
+  EXPECT_NE(OneLine("Rabatt", "5").key, OneLine("GeschlossenAm", "5").key);
 }
 
 TEST(TakeoverList, QuotesMarksAndCommasAreUnderstood) {
   const TakeoverList list = ReadTakeoverList(
-      "\xEF\xBB\xBFVertragstyp,Adresse,Vertragsbeginn,Bearbeitungshinweis\r\n"
+      "\xEF\xBB\xBFsep=,\r\nVertragstyp,Adresse,Vertragsbeginn,Bearbeitungshinweis\r\n"
       "\"T, \"\"neu\"\"\",A,2024-01-31,\"zwei\nZeilen\"\r\n\r\n T2 ,B,01.01.2024,\r\n",
       "liste.csv");
   ASSERT_EQ(list.lines.size(), 2u);
   EXPECT_EQ(list.lines[0].type, "T, \"neu\"");
   EXPECT_EQ(list.lines[0].memo, "zwei\nZeilen");
   EXPECT_EQ(list.lines[1].type, "T2");
-  EXPECT_EQ(list.lines[1].line, 5u);
+  EXPECT_EQ(list.lines[1].line, 6u);
   EXPECT_EQ(ReadCsv(CsvLine({"a;b", "\"", " c", "d"}, ';'), ';').at(0).cells,
             (std::vector<std::string>{"a;b", "\"", " c", "d"}));
 }
@@ -100,7 +102,8 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
                 "liste.csv, Zeile 1: unbekannte Spalte \"\""},
            Case{header + "\na;\"b",
                 "liste.csv, Zeile 2: das Anführungszeichen ist nicht geschlossen"},
-           Case{header + "\na;\xFF", "liste.csv, Zeile 2: kein UTF-8"},
+           Case{header + "\na;\xFF",
+                "liste.csv, Zeile 2: kein UTF-8; speichern Sie die Datei als \"CSV UTF-8\""},
        }) {
     try {
       ReadTakeoverList(c.text, "liste.csv");

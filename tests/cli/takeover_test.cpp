@@ -70,8 +70,11 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   const auto row = [&](std::size_t i) { return rows[i].cells[2] + ": " + rows[i].cells[4]; };
   EXPECT_EQ(row(1), "angelegt: ");
   EXPECT_EQ(row(2), "abgelehnt: Spalte Adresse: keine Adresse \"Niemand\"");
-  EXPECT_EQ(row(3), "abgelehnt: Spalte Vertragstyp: \"Wartung Schiff\" steht nicht zur Wahl");
-  EXPECT_EQ(row(4), "abgelehnt: Spalte ZuletztFakturiert: kein Zeitraum beginnt am 02.01.2023");
+  EXPECT_EQ(row(3),
+            "abgelehnt: Spalte Vertragstyp: kein freigegebener Vertragstyp \"Wartung Schiff\"");
+  EXPECT_EQ(row(4),
+            "abgelehnt: Spalte ZuletztFakturiert: kein Zeitraum beginnt am 02.01.2023, aber am "
+            "01.01.2023 und am 01.04.2023");
   EXPECT_EQ(row(5), "abgelehnt: Rabatt darf nicht größer 99% sein!");
   EXPECT_THAT(row(6), HasSubstr("Spalte Rabatt: \"1.5\" ist keine Zahl"));
   EXPECT_THAT(row(7), HasSubstr("abgelehnt: Das für diesen Vertrag erforderliche Adressmerkmal"));
@@ -130,10 +133,36 @@ TEST_F(Takeover, NoCorrectionOfTheRefusedLinesIsReplaced) {
     ASSERT_EQ(Pactora(folder, Call()).status, 1);
     Write(rejected, std::string(kHeader) + "K1;1;Wartung Server;" + date + ";;\n");
   }
-  ASSERT_EQ(Pactora(folder, Call()).status, 1);
+  const Ended last = Pactora(folder, Call());
+  ASSERT_EQ(last.status, 1);
+  EXPECT_THAT(last.error, HasSubstr("steht jetzt in " + rejected + "~3\n"));
   EXPECT_THAT(Contents(rejected + "~"), HasSubstr("01.02.2023"));
   EXPECT_THAT(Contents(rejected + "~2"), HasSubstr("02.02.2023"));
   EXPECT_THAT(Contents(rejected + "~3"), HasSubstr("03.02.2023"));
+}
+
+TEST_F(Takeover, TheRefusedLinesAreMendedInTheirPlaceAndRunAgain) {
+  const std::string good = "1;Wartung Server;01.01.2023;101;\r\n";
+  const std::string header =
+      "\xEF\xBB\xBF"
+      "Adresse;Vertragstyp;Vertragsbeginn;Rabatt;Vertragsnummer\r\n";
+  Write(list, header + "1;Wartung Server;01.01.2023;5;\r\n" + good +
+                  "1;Wartung Server;01.01.2023;6;123456789012345678901\r\n");
+  const std::size_t before = CountContracts();
+  EXPECT_THAT(Pactora(folder, Call()).error, HasSubstr("Abgelehnte Zeilen stehen in " + rejected));
+  EXPECT_EQ(Report()[3].cells[4], "Spalte Vertragsnummer: höchstens 20 Zeichen");
+  std::string mended = Contents(rejected);
+  ASSERT_EQ(mended, header + good + "1;Wartung Server;01.01.2023;6;123456789012345678901\r\n");
+  mended.replace(mended.find("101"), 3, "100");
+  Write(rejected, mended);
+  const std::vector<std::string> again = {"takeover", db, rejected, "--report", report};
+  EXPECT_EQ(Pactora(folder, again).status, 3);
+  EXPECT_EQ(CountContracts(), before + 2);
+  EXPECT_EQ(automation::ReadCsv(Contents(rejected), ';').size(), 2u);
+  Write(rejected, header);
+  EXPECT_EQ(Pactora(folder, again).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(rejected));
+  EXPECT_EQ(CountContracts(), before + 2);
 }
 
 TEST_F(Takeover, TheReportKnowsTheContractsOfEveryListItWasUsedFor) {

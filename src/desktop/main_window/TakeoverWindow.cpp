@@ -103,9 +103,11 @@ QWidget* TakeoverWindow::MakeFiles() {
 }
 
 void TakeoverWindow::SetList(const QString& file) {
-  const QString ending = QStringLiteral(".bericht.csv");
-  if (report_.text().isEmpty() || report_.text() == list_.text() + ending)
-    report_.setText(file + ending);
+  const auto usual = [](const QString& list) {
+    return ToQt(automation::UsualReport(FromQt(list)));
+  };
+  if (report_.text().isEmpty() || report_.text() == usual(list_.text()))
+    report_.setText(usual(file));
   list_.setText(file);
 }
 
@@ -159,17 +161,16 @@ void TakeoverWindow::Run(automation::TakeoverJob& job) {
     ShowLines(job);
     QString text = ToQt(count.Text());
     if (rehearsal_.isChecked()) text += QStringLiteral(" (Probelauf, nichts geschrieben)");
-    if (count.Rejected() > 0 && !rehearsal_.isChecked()) {
-      text += QStringLiteral("\nAbgelehnte Zeilen stehen in %1")
-                  .arg(ToQt(automation::RejectedFile(FromQt(report_.text()))));
-    }
+    for (const std::string& sentence : job.FilesLeft()) text += QChar(u'\n') + ToQt(sentence);
     outcome_.setText(text);
   } catch (const platform::Error& error) {
     ShowLines(job);
-    outcome_.setText(QStringLiteral("Angehalten nach %1 von %2 Zeilen; ein neuer Start setzt die "
-                                    "Liste fort")
+    outcome_.setText(QStringLiteral("Angehalten nach %1 von %2 Zeilen; %3")
                          .arg(job.Lines().size())
-                         .arg(job.Size()));
+                         .arg(job.Size())
+                         .arg(rehearsal_.isChecked()
+                                  ? QStringLiteral("Probelauf, nichts geschrieben")
+                                  : QStringLiteral("ein neuer Start setzt die Liste fort")));
     if (error.Number() != automation::Number(automation::DoorError::Interrupted)) throw;
   }
 }
