@@ -25,13 +25,21 @@ icaltimetype Day(platform::Date date) {
   return day;
 }
 
-std::string Summary(const Deadline& deadline) {
-  if (deadline.kind == Deadline::Kind::End) {
-    return fmt::format("Vertrag {} endet: {}, {}", deadline.number, deadline.name,
-                       deadline.address);
+std::string What(const Deadline& deadline) {
+  switch (deadline.kind) {
+    case Deadline::Kind::Notice:
+      return fmt::format("Kündigung Vertrag {} muss heute zugehen", deadline.number);
+    case Deadline::Kind::TermEnd:
+      return fmt::format("Laufzeit von Vertrag {} endet, ohne Kündigung verlängert er sich",
+                         deadline.number);
+    case Deadline::Kind::End:
+      return fmt::format("Vertrag {} endet", deadline.number);
   }
-  return fmt::format("Kündigung Vertrag {} muss heute zugehen: {}, {}", deadline.number,
-                     deadline.name, deadline.address);
+  return {};
+}
+
+std::string Summary(const Deadline& deadline) {
+  return fmt::format("{}: {}, {}", What(deadline), deadline.name, deadline.address);
 }
 
 std::string Description(const Deadline& deadline) {
@@ -44,7 +52,7 @@ std::string Description(const Deadline& deadline) {
 }
 
 icalcomponent* Event(const Deadline& deadline, const std::string& database, icaltimetype stamp) {
-  const platform::Date day = deadline.safe_receipt.value_or(deadline.date);
+  const platform::Date day = deadline.ActBy();
   const bool notice = deadline.kind == Deadline::Kind::Notice;
   const std::string uid =
       fmt::format("{}-{}-{}@pactora", database, deadline.contract, notice ? "kuendigung" : "ende");
@@ -54,6 +62,15 @@ icalcomponent* Event(const Deadline& deadline, const std::string& database, ical
                              icalproperty_new_summary(Summary(deadline).c_str()),
                              icalproperty_new_description(Description(deadline).c_str()),
                              icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT), nullptr);
+}
+
+// A calendar needs one component at least; this one shows nothing.
+icalcomponent* UniversalTime() {
+  icalcomponent* standard = icalcomponent_vanew(
+      ICAL_XSTANDARD_COMPONENT, icalproperty_new_dtstart(icaltime_from_string("19700101T000000")),
+      icalproperty_new_tzoffsetfrom(0), icalproperty_new_tzoffsetto(0), nullptr);
+  return icalcomponent_vanew(ICAL_VTIMEZONE_COMPONENT, icalproperty_new_tzid("UTC"), standard,
+                             nullptr);
 }
 
 }  // namespace
@@ -72,6 +89,7 @@ std::string CalendarText(const std::vector<Deadline>& deadlines, const std::stri
   for (const Deadline& deadline : deadlines) {
     icalcomponent_add_component(calendar.get(), Event(deadline, database, stamp));
   }
+  if (deadlines.empty()) icalcomponent_add_component(calendar.get(), UniversalTime());
   char* text = icalcomponent_as_ical_string_r(calendar.get());
   std::string result = text;
   icalmemory_free_buffer(text);

@@ -1,6 +1,10 @@
 #include "automation/deadlines.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
 #include <tuple>
 
 #include "automation/database.h"
@@ -23,6 +27,7 @@ class ContractRow {
       : schema_(schema), record_(record) {}
 
   std::string Text(std::string_view name) const { return host::ToText(Cell(name)); }
+  std::int32_t Long(std::string_view name) const { return host::ToLong(Cell(name)); }
   // Nothing where there is no date.
   std::optional<platform::Date> Date(std::string_view name) const {
     const platform::Date date = host::ToDate(Cell(name));
@@ -47,10 +52,29 @@ std::string AddressName(store::RecordStore& store, store::Oid oid) {
   return host::ToText(record.cells[schema.FindField(field::Name).value()]);
 }
 
+// Calendars are written again and again; any other file is not replaced.
+void RequireCalendarOrNothing(const std::string& path) {
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(path, ignored)) return;
+  constexpr std::string_view kBegin = "BEGIN:VCALENDAR";
+  std::string begin(kBegin.size(), '\0');
+  std::ifstream in(path, std::ios::binary);
+  in.read(begin.data(), static_cast<std::streamsize>(begin.size()));
+  if (in.gcount() > 0 && begin != kBegin) RaiseTaken(path);
+}
+
 }  // namespace
 
 std::string Text(Deadline::Kind kind) {
-  return kind == Deadline::Kind::Notice ? "Kündigung" : "Ende";
+  switch (kind) {
+    case Deadline::Kind::Notice:
+      return "Kündigung";
+    case Deadline::Kind::TermEnd:
+      return "Laufzeitende";
+    case Deadline::Kind::End:
+      return "Ende";
+  }
+  return {};
 }
 
 std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::Record& contract,
@@ -72,20 +96,27 @@ std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::R
     deadlines.push_back(std::move(deadline));
   };
   add(Deadline::Kind::Notice, row.Date(field::KuendfristDatum));
-  add(Deadline::Kind::End, row.Date(field::VertragEnde));
+  const bool renews = row.Long(field::Art) == schema::kArtRenewable;
+  add(renews ? Deadline::Kind::TermEnd : Deadline::Kind::End, row.Date(field::VertragEnde));
   return deadlines;
+}
+
+platform::Date LastDayWithin(platform::Date today, std::int32_t weeks) {
+  const std::int64_t room = platform::kLastDay - platform::WholeDay(today);
+  constexpr std::int64_t kDaysPerWeek = 7;
+  return contract::AddDays(today, static_cast<std::int32_t>(std::min(room, weeks * kDaysPerWeek)));
 }
 
 std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date today,
                                     std::optional<std::int32_t> weeks) {
   std::optional<platform::Date> last;
-  if (weeks) last = contract::AddWeeks(today, *weeks);
+  if (weeks) last = LastDayWithin(today, *weeks);
   const store::TableId contracts = store.Catalog().FindTable(table::vv_Vertraege).value();
   const schema::Table& schema = store.Catalog().tables[contracts];
   std::vector<Deadline> deadlines;
   ForEachRow(store, contracts, [&](const store::Record& record) {
     for (Deadline& deadline : DeadlinesOf(schema, record, {}, today)) {
-      if (last && deadline.date > *last) continue;
+      if (last && deadline.ActBy() > *last) continue;
       deadline.address = AddressName(store, record.parent);
       deadlines.push_back(std::move(deadline));
     }
@@ -100,6 +131,7 @@ std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date to
 void WriteCalendar(const std::vector<Deadline>& deadlines, const std::string& database,
                    store::RecordStore& store, platform::Date today, const std::string& file) {
   RequireOutside(database, file);
+  RequireCalendarOrNothing(file);
   WriteOutput(file, [&](std::ostream& out) {
     out << CalendarText(deadlines, store.ReadProfile().name, today);
   });

@@ -16,7 +16,11 @@ namespace pactora::automation {
 inline constexpr std::int32_t kMostWeeks = 5000;  // that anybody may ask for
 
 struct Deadline {
-  enum class Kind { Notice, End };
+  enum class Kind {
+    Notice,
+    TermEnd,  // of a contract that goes on unless notice is given
+    End,
+  };
 
   Kind kind = Kind::Notice;
   store::Oid contract = 0;
@@ -28,17 +32,23 @@ struct Deadline {
   std::string name;  // of the contract
   std::string side;  // "D" or "K"
   std::string responsible;
+
+  // The last day on which to act: a notice must have arrived by then.
+  platform::Date ActBy() const { return safe_receipt.value_or(date); }
 };
 
-// "Kündigung" or "Ende".
+// "Kündigung", "Laufzeitende" or "Ende".
 std::string Text(Deadline::Kind kind);
 
 // Those of one contract from today on; address is the name of its address.
 std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::Record& contract,
                                   const std::string& address, platform::Date today);
 
-// All from today on, with weeks only those up to so many weeks from today; by
-// date, then by contract.
+// The last day of so many weeks from today, the calendar's last at most.
+platform::Date LastDayWithin(platform::Date today, std::int32_t weeks);
+
+// All from today on, with weeks only those to be acted on within so many weeks
+// from today; by date, then by contract.
 std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date today,
                                     std::optional<std::int32_t> weeks);
 
@@ -54,7 +64,7 @@ std::string CalendarText(const std::vector<Deadline>& deadlines, const std::stri
                          platform::Date today);
 
 // Writes them into a file, or to standard output for "-". Raises DoorError::BadInput
-// for a file that is the database itself.
+// for the database itself and for a file that is no calendar.
 void WriteCalendar(const std::vector<Deadline>& deadlines, const std::string& database,
                    store::RecordStore& store, platform::Date today, const std::string& file);
 

@@ -194,6 +194,10 @@ Status RunList(const ListArguments& arguments) {
     Complain("Kalenderdateien sind in diesem Programm nicht enthalten");
     return Status::BadInput;
   }
+  if (arguments.json && arguments.calendar == automation::kStandardStream) {
+    Complain("--json und --ical - gehen nicht zusammen: beides käme auf die Standardausgabe");
+    return Status::BadInput;
+  }
   const auto store = automation::OpenDatabase(arguments.database, automation::Access::Read);
   for (const auto& [name, make] : kLists) {
     if (arguments.what != name) continue;

@@ -33,7 +33,7 @@ std::unique_ptr<store::RecordStore> Store(const std::string& tables) {
 
 std::unique_ptr<store::RecordStore> Contracts() {
   return Store(R"("Adressen": [{"@oid": "1", "Name": "Muster", "vv_Vertraege": [
-    {"@oid": "7", "Vertragnummer": "1", "KuendfristDatum": "2024-05-01", "VertragEnde": "2024-06-30"},
+    {"@oid": "7", "Vertragnummer": "1", "Art": 1, "KuendfristDatum": "2024-05-01", "VertragEnde": "2024-06-30"},
     {"@oid": "8", "Vertragnummer": "2", "VertragEnde": "2024-05-01", "Bezeichnung": "x"},
     {"@oid": "9", "Vertragnummer": "3", "VertragEnde": 0},
     {"@oid": "10", "Vertragnummer": "4", "VertragEnde": "2024-04-30"}]}])");
@@ -52,9 +52,13 @@ TEST(Deadlines, AreThoseFromTodayOnByDateAndANoticeNamesItsSafeDay) {
     return lines;
   };
   EXPECT_THAT(texts({}), ElementsAre("Kündigung 1 2024-05-01 2024-04-30", "Ende 2 2024-05-01 -",
-                                     "Ende 1 2024-06-30 -"));
+                                     "Laufzeitende 1 2024-06-30 -"));
   EXPECT_EQ(texts(8).size(), 2u);
   EXPECT_EQ(texts(9).size(), 3u) << "30.06. is 60 days away";
+  // A notice counts by the day on which it must have arrived.
+  const auto week_before = platform::FromCivil(2024, 4, 23);
+  EXPECT_EQ(ReadDeadlines(*store, week_before, 1).size(), 2u);
+  EXPECT_EQ(ReadDeadlines(*store, platform::Date{platform::kLastDay - 1.0}, kMostWeeks).size(), 0u);
 }
 
 TEST(Deadlines, StandInACalendarOnTheSafeDay) {
@@ -66,6 +70,7 @@ TEST(Deadlines, StandInACalendarOnTheSafeDay) {
                               "DTSTART;VALUE=DATE:20240430\r\nDTEND;VALUE=DATE:20240501\r\n"));
   EXPECT_THAT(text, HasSubstr("UID:F-8-ende@pactora"));
   EXPECT_THAT(text, Not(HasSubstr("F-7-ende")));
+  EXPECT_THAT(CalendarText({}, "F", today), HasSubstr("BEGIN:VTIMEZONE\r\nTZID:UTC\r\n"));
 }
 
 // A type of which nothing is to be said, with some of its fields replaced.

@@ -19,7 +19,6 @@
 #include "automation/database.h"
 #include "automation/dataset_files.h"
 #include "automation/deadlines.h"
-#include "contract/dates.h"
 #include "desktop/MessageBox.h"
 #include "desktop/main_window/Progress.h"
 #include "desktop/main_window/TakeoverWindow.h"
@@ -38,7 +37,7 @@ constexpr int kFirstWeeks = 26;
 
 // For a date column: whether it lies so many weeks ahead at most; 0 is any time.
 bool Within(const host::Value& date, platform::Date today, int weeks) {
-  return weeks == 0 || host::ToDate(date) <= contract::AddWeeks(today, weeks);
+  return weeks == 0 || host::ToDate(date) <= automation::LastDayWithin(today, weeks);
 }
 
 QSpinBox* WeekBox(const QString& name) {
@@ -202,7 +201,8 @@ void MainWindow::MakeDeadlinePage() {
   const auto select = [this, weeks] {
     const platform::Date today = desk_.Clock().Today();
     deadlines_.SetCondition([today, limit = weeks->value()](const ListRow& row) {
-      return Within(row.cells[kDeadlineDateColumn], today, limit);
+      const host::Value& receipt = row.cells[kDeadlineReceiptColumn];
+      return Within(receipt.IsEmpty() ? row.cells[kDeadlineDateColumn] : receipt, today, limit);
     });
   };
   connect(weeks, &QSpinBox::valueChanged, this, select);

@@ -88,7 +88,7 @@ ReadRows ReadDeadlines(Desk& desk) {
             automation::DeadlinesOf(desk.Store().Catalog().tables[contracts], record,
                                     host::ToText(addresses.Of(record.parent)), today);
         for (const automation::Deadline& deadline : deadlines) {
-          const bool is_end = deadline.kind == automation::Deadline::Kind::End;
+          const bool is_end = deadline.kind != automation::Deadline::Kind::Notice;
           rows.push_back(
               {2 * record.oid + (is_end ? 1 : 0),
                record.oid,

@@ -29,6 +29,7 @@ const ListKind& TypeList();
 // row stands for the contract.
 const ListKind& DeadlineList();
 inline constexpr int kDeadlineDateColumn = 0;
+inline constexpr int kDeadlineReceiptColumn = 2;
 
 // The appointments of all contracts. A row stands for the appointment; it is strong
 // when it is due and not done.
