@@ -31,7 +31,11 @@ MadeContract ContractMaker::Make(const ContractOrder& order) {
   if (!address)
     Raise(DoorError::NotCarriedOut,
           fmt::format("address: keine Adresse mit {}", Describe(order.address)));
-  session_.GoTo(addresses, *address);
+  if (!address->only)
+    Raise(DoorError::NotCarriedOut,
+          fmt::format("address: mehrere Adressen mit {}; nennen Sie die Oid",
+                      Describe(order.address)));
+  session_.GoTo(addresses, address->oid);
   const auto contracts = session_.Host().Table(schema::table::vv_Vertraege);
   const std::string oid_before = contracts->Oid();
 

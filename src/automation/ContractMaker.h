@@ -26,7 +26,8 @@ class ContractMaker {
 
   // Makes the contract in a unit of work of its own. Raises the add-on's refusal or
   // failure, the text of a message that it showed as DoorError::NotCarriedOut, and
-  // likewise an address that there is not and a call that left no contract.
+  // likewise an address that there is not or not only once and a call that left no
+  // contract.
   // What was stored before a failure stays.
   MadeContract Make(const ContractOrder& order);
 

@@ -30,10 +30,11 @@ std::string Describe(const RowChoice& choice) {
   return text;
 }
 
-std::optional<store::Oid> RowFinder::Find(store::TableId table, const RowChoice& choice) {
+std::optional<RowFinder::Found> RowFinder::Find(store::TableId table, const RowChoice& choice) {
   if (choice.oid) {
     store::Record record;
-    return store_.Read(table, *choice.oid, record) ? choice.oid : std::nullopt;
+    if (!store_.Read(table, *choice.oid, record)) return std::nullopt;
+    return Found{*choice.oid};
   }
   std::vector<std::size_t> fields;
   std::string wanted;
@@ -52,15 +53,19 @@ std::optional<store::Oid> RowFinder::Find(store::TableId table, const RowChoice&
       std::string found;
       for (const std::size_t field : fields) found += OneLine(ToJson(record.cells[field])) + '\n';
       if (!asked_before && found != wanted) return true;
-      const std::pair row(record.order, record.oid);
-      const auto [place, is_new] = known.rows.try_emplace(std::move(found), row);
-      if (!is_new && row < place->second) place->second = row;
+      const auto [place, is_new] =
+          known.rows.try_emplace(std::move(found), Known::Row{record.order, {record.oid}});
+      Known::Row& row = place->second;
+      if (is_new) return true;
+      if (std::pair(record.order, record.oid) < std::pair(row.order, row.found.oid))
+        row = {record.order, {record.oid}};
+      row.found.only = false;
       return true;
     });
     known.complete = asked_before;
   }
   const auto found = known.rows.find(wanted);
-  return found == known.rows.end() ? std::nullopt : std::optional(found->second.second);
+  return found == known.rows.end() ? std::nullopt : std::optional(found->second.found);
 }
 
 }  // namespace pactora::automation

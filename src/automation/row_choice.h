@@ -35,14 +35,22 @@ class RowFinder {
  public:
   explicit RowFinder(store::RecordStore& store) : store_(store) {}
 
-  // The first row in record order that the choice names; nothing where there is
-  // none, or where the table of this database lacks the field.
-  std::optional<store::Oid> Find(store::TableId table, const RowChoice& choice);
+  struct Found {
+    store::Oid oid = 0;  // of the first row in record order that the choice names
+    bool only = true;    // no other row is named
+  };
+  // Nothing where there is no such row, or where the table of this database lacks
+  // the field.
+  std::optional<Found> Find(store::TableId table, const RowChoice& choice);
 
  private:
   struct Known {
     bool complete = false;
-    std::unordered_map<std::string, std::pair<std::int64_t, store::Oid>> rows;  // order, Oid
+    struct Row {
+      std::int64_t order = 0;
+      Found found;
+    };
+    std::unordered_map<std::string, Row> rows;  // by their values
   };
 
   store::RecordStore& store_;

@@ -104,9 +104,9 @@ class Run {
       const auto table = Table(step.table);
       if (!table) return;
       if (!step.row) return session_.GoNowhere(*table);
-      const auto oid = RowFinder(session_.Store()).Find(*table, *step.row);
-      if (!oid) return Fail(fmt::format("{}: keine Zeile mit {}", step.table, Describe(*step.row)));
-      session_.GoTo(*table, *oid);
+      const auto row = RowFinder(session_.Store()).Find(*table, *step.row);
+      if (!row) return Fail(fmt::format("{}: keine Zeile mit {}", step.table, Describe(*step.row)));
+      session_.GoTo(*table, row->oid);
     });
   }
 

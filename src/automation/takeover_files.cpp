@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <iterator>
+#include <memory>
 #include <string_view>
 #include <system_error>
 #include <unordered_map>
@@ -73,10 +74,18 @@ TakeoverJob::TakeoverJob(TakeoverOrder order)
 }
 
 TakeoverRun::Count TakeoverJob::Run(const platform::Clock& clock,
-                                    const std::function<void()>& after_line) {
+                                    const std::function<void()>& after_line,
+                                    const std::function<void(WrittenRows&)>& show) {
   return Naming(order_.database, [&] {
-    TakeoverRun run(
-        OpenDatabase(order_.database, order_.rehearsal ? Access::Rehearsal : Access::Write), clock);
+    auto store =
+        OpenDatabase(order_.database, order_.rehearsal ? Access::Rehearsal : Access::Write);
+    WrittenRows* written = nullptr;
+    if (show) {
+      auto watching = std::make_unique<WrittenRows>(std::move(store));
+      written = watching.get();
+      store = std::move(watching);
+    }
+    TakeoverRun run(std::move(store), clock);
     const OldRejected old = ReadOldRejected();
     if (!order_.rehearsal) report_.Open();
     const std::string name =
@@ -84,6 +93,7 @@ TakeoverRun::Count TakeoverJob::Run(const platform::Clock& clock,
     const TakeoverRun::Count count = run.Run(list_, report_, name, after_line);
     if (!order_.rehearsal) WriteRejected(old);
     run.Finish(report_);
+    if (show) show(*written);
     return count;
   });
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/WrittenRows.h"
 #include "automation/database.h"
 #include "automation/takeover_report.h"
 #include "automation/takeover_run.h"
@@ -43,8 +44,10 @@ class TakeoverJob {
   // report then holds what was done so far and the same order goes on from there.
   // Raises what concerns the database or the report as a whole, and
   // DoorError::BadInput where a file stands in the place of the rejected lines that
-  // an earlier run of this report did not write.
-  TakeoverRun::Count Run(const platform::Clock& clock, const std::function<void()>& after_line);
+  // an earlier run of this report did not write. show gets what was written into the
+  // database when the list is done, of a rehearsal too.
+  TakeoverRun::Count Run(const platform::Clock& clock, const std::function<void()>& after_line,
+                         const std::function<void(WrittenRows&)>& show = {});
 
   // What a person should know of the files when the run has come to its end: a
   // sentence a line.
@@ -54,6 +57,7 @@ class TakeoverJob {
   const std::vector<ReportLine>& Lines() const { return report_.Lines(); }
   // The report as it stands, or for a rehearsal would stand, in its file.
   std::string ReportText() const { return report_.Text(); }
+  void WriteReport(JsonWriter& out) const { report_.Write(out); }
 
  private:
   // What stands in the place of the rejected lines.

@@ -19,8 +19,8 @@
 namespace pactora::automation {
 namespace {
 
-constexpr std::string_view kHeader = "Zeile;Schlüssel;Ergebnis;Vertragsnummer;Meldung";
-constexpr std::size_t kHeaderColumns = 5;
+constexpr std::array<std::string_view, 5> kColumns = {"Zeile", "Schlüssel", "Ergebnis",
+                                                      "Vertragsnummer", "Meldung"};
 constexpr const char* kOfEarlierList = "aus einer früheren Liste";
 
 constexpr std::array<std::pair<TakeoverOutcome, std::string_view>, 4> kTexts = {{
@@ -30,12 +30,17 @@ constexpr std::array<std::pair<TakeoverOutcome, std::string_view>, 4> kTexts = {
     {TakeoverOutcome::Skipped, "übersprungen"},
 }};
 
-std::string LineText(const ReportLine& line) {
-  const std::string number = line.line == 0 ? std::string() : std::to_string(line.line);
-  return CsvLine({number, line.key, std::string(Text(line.outcome)), line.number, line.message},
-                 kSeparator) +
-         "\n";
+const std::string& Header() {
+  static const std::string header = CsvLine({kColumns.begin(), kColumns.end()}, kSeparator);
+  return header;
 }
+
+std::vector<std::string> Cells(const ReportLine& line) {
+  return {line.line == 0 ? std::string() : std::to_string(line.line), line.key,
+          std::string(Text(line.outcome)), line.number, line.message};
+}
+
+std::string LineText(const ReportLine& line) { return CsvLine(Cells(line), kSeparator) + "\n"; }
 
 }  // namespace
 
@@ -66,7 +71,7 @@ void TakeoverReport::Open() {
     Raise(DoorError::NotCarriedOut, path_ + ": mit diesem Bericht läuft schon eine Übernahme");
   if (::ftruncate(fileno(file_), static_cast<off_t>(whole_)) != 0) RaiseUnwritable(path_);
   if (resumed_) return;
-  std::fputs((std::string(kHeader) + "\n").c_str(), file_);
+  std::fputs((Header() + "\n").c_str(), file_);
   Sync();
 }
 
@@ -80,8 +85,8 @@ void TakeoverReport::Load() {
   // Without its line break the last line may be half written.
   const std::size_t whole = text.rfind('\n');
   const std::string kept = whole == std::string::npos ? std::string() : text.substr(0, whole + 1);
-  const bool is_half_begun = kept.empty() && std::string_view(kHeader).starts_with(text);
-  if (!is_half_begun && !kept.starts_with(kHeader)) {
+  const bool is_half_begun = kept.empty() && Header().starts_with(text);
+  if (!is_half_begun && !kept.starts_with(Header())) {
     Raise(DoorError::BadInput, fmt::format("{}: kein Bericht einer Übernahme", path_));
   }
   resumed_ = !is_half_begun;
@@ -91,7 +96,7 @@ void TakeoverReport::Load() {
 }
 
 void TakeoverReport::LoadLine(const std::vector<std::string>& cells) {
-  if (cells.size() != kHeaderColumns) return;
+  if (cells.size() != kColumns.size()) return;
   const std::string& key = cells[1];
   const std::string& number = cells[3];
   const auto is = [&](TakeoverOutcome outcome) { return cells[2] == automation::Text(outcome); };
@@ -137,16 +142,38 @@ void TakeoverReport::Finish() {
   ReplaceFile(path_, Text());
 }
 
-std::string TakeoverReport::Text() const {
-  std::string text = std::string(kHeader) + "\n";
+std::vector<ReportLine> TakeoverReport::AllLines() const {
+  std::vector<ReportLine> lines = lines_;
   std::unordered_set<std::string_view> keys;
-  for (const ReportLine& line : lines_) {
-    text += LineText(line);
-    keys.insert(line.key);
-  }
+  for (const ReportLine& line : lines_) keys.insert(line.key);
   for (const ReportLine& line : earlier_)
-    if (!keys.contains(line.key)) text += LineText(line);
+    if (!keys.contains(line.key)) lines.push_back(line);
+  return lines;
+}
+
+std::string TakeoverReport::Text() const {
+  std::string text = Header() + "\n";
+  for (const ReportLine& line : AllLines()) text += LineText(line);
   return text;
+}
+
+void TakeoverReport::Write(JsonWriter& out) const {
+  out.BeginArray();
+  for (const ReportLine& line : AllLines()) {
+    const std::vector<std::string> cells = Cells(line);
+    out.BeginObject();
+    for (std::size_t i = 0; i < kColumns.size(); ++i) {
+      out.Key(kColumns[i]);
+      if (i == 0 && line.line == 0)
+        out.Null();
+      else if (i == 0)
+        out.Integer(static_cast<std::int64_t>(line.line));
+      else
+        out.Text(cells[i]);
+    }
+    out.EndObject();
+  }
+  out.EndArray();
 }
 
 }  // namespace pactora::automation

@@ -16,6 +16,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "automation/JsonWriter.h"
+
 namespace pactora::automation {
 
 enum class TakeoverOutcome {
@@ -71,10 +73,13 @@ class TakeoverReport {
 
   // The lines of this run.
   const std::vector<ReportLine>& Lines() const { return lines_; }
-  // What stands in the file when the run has come to its end.
+  // What stands in the file when the run has come to its end, and its lines.
   std::string Text() const;
+  // The same as an array with an object for each line.
+  void Write(JsonWriter& out) const;
 
  private:
+  std::vector<ReportLine> AllLines() const;
   void Load();
   void LoadLine(const std::vector<std::string>& cells);
 

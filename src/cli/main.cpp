@@ -4,10 +4,13 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <iostream>
+#include <memory>
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "automation/errors.h"
@@ -23,6 +26,23 @@ namespace {
 
 constexpr std::array kCommands = {AddInit,     AddImport, AddExport, AddNewContract, AddRun,
                                   AddTakeover, AddList,   AddTypes,  AddCheck,       AddDesktop};
+
+constexpr std::string_view kOptions = "[Optionen]";
+
+// Names the options without which a command is not complete in its first line.
+class HelpText final : public CLI::Formatter {
+ public:
+  std::string make_usage(const CLI::App* app, std::string name) const override {
+    std::string usage = Formatter::make_usage(app, std::move(name));
+    std::string required;
+    for (const CLI::Option* option : app->get_options())
+      if (option->get_required() && !option->get_positional())
+        required += fmt::format(" {} {}", option->get_name(), option->get_type_name());
+    const std::size_t options = usage.find(kOptions);
+    if (options != std::string::npos) usage.insert(options + kOptions.size(), required);
+    return usage;
+  }
+};
 
 std::string Joined(const std::vector<std::string>& words) {
   std::string text;
@@ -72,10 +92,11 @@ int Main(int argc, char** argv) {
   app.set_version_flag("--version", "pactora " PACTORA_VERSION, "Die Version")->group(kOptionGroup);
   app.require_subcommand(1);
   app.option_defaults()->disable_flag_override();
+  app.formatter(std::make_shared<HelpText>());
   app.get_formatter()->column_width(28);
   app.get_formatter()->label("Usage", "Aufruf");
   app.get_formatter()->label("REQUIRED", "");
-  app.get_formatter()->label("TEXT", "TEXT");
+  app.get_formatter()->label("TEXT", "");
   app.get_formatter()->label("SUBCOMMAND", "BEFEHL");
   app.get_formatter()->label("OPTIONS", "Optionen");
   app.get_formatter()->label("Positionals", "Argumente");

@@ -66,7 +66,9 @@ class Bulk {
     bar.Clear();
     if (written) PrintRows(*written);
     if (made_ == total_) return Status::Done;
-    if (total_ > 1) fmt::print(stderr, "{} von {} Verträgen angelegt\n", made_, total_);
+    if (total_ > 1)
+      fmt::print(stderr, "{} von {} Verträgen {}\n", made_, total_,
+                 arguments_.dry_run ? "wären angelegt" : "angelegt");
     return made_ > 0 ? Status::PartlyDone : Status::Refused;
   }
 
@@ -87,14 +89,16 @@ class Bulk {
   }
 
   void Print(const automation::ContractOrder& order, const automation::MadeContract& made) {
+    const std::string contract = fmt::format("Oid {} ({})", made.oid, order.source);
     if (arguments_.json) {
       std::cout << automation::OneLine({{"source", order.source},
                                         {"Vertragnummer", made.number},
                                         {"oid", made.oid}})
                 << '\n';
+    } else if (arguments_.dry_run) {
+      fmt::print(stderr, "Vertrag {} wäre angelegt, {}\n", made.number, contract);
     } else {
-      std::cout << fmt::format("Vertrag {} angelegt, Oid {} ({})\n", made.number, made.oid,
-                               order.source);
+      std::cout << fmt::format("Vertrag {} angelegt, {}\n", made.number, contract);
     }
     // The contract is stored: whatever happens next, it has been said.
     std::cout.flush();
@@ -131,7 +135,9 @@ void AddNewContract(CLI::App& app, Run& run) {
                    "Vertragsdateien, auch mit einem Vertrag je Zeile; - ist die Standardeingabe")
       ->required();
   AddToday(*command, arguments->today);
-  AddDryRun(*command, arguments->dry_run);
+  AddDryRun(*command, arguments->dry_run,
+            "Probelauf: alles läuft wirklich, nichts wird geschrieben; die Zeilen, die entstanden "
+            "wären, kommen als JSON auf die Standardausgabe");
   AddJson(*command, arguments->json);
   command->callback([&run, arguments] { run = [arguments] { return Bulk(*arguments).Run(); }; });
 }

@@ -17,14 +17,12 @@ void AddDatabase(CLI::App& command, std::string& name) {
       ->required();
 }
 
-void AddDryRun(CLI::App& command, bool& dry_run) {
-  command
-      .add_flag("--dry-run", dry_run, "Probelauf: alles läuft wirklich, nichts wird geschrieben")
-      ->group(kOptionGroup);
+void AddDryRun(CLI::App& command, bool& dry_run, const std::string& description) {
+  command.add_flag("--dry-run", dry_run, description)->group(kOptionGroup);
 }
 
-void AddJson(CLI::App& command, bool& json) {
-  command.add_flag("--json", json, "Ausgabe als JSON")->group(kOptionGroup);
+void AddJson(CLI::App& command, bool& json, const std::string& description) {
+  command.add_flag("--json", json, description)->group(kOptionGroup);
 }
 
 void AddToday(CLI::App& command, std::optional<platform::Date>& today) {

@@ -17,8 +17,10 @@ inline constexpr const char* kOptionGroup = "Optionen";
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description);
 
 void AddDatabase(CLI::App& command, std::string& name);
-void AddDryRun(CLI::App& command, bool& dry_run);
-void AddJson(CLI::App& command, bool& json);
+void AddDryRun(
+    CLI::App& command, bool& dry_run,
+    const std::string& description = "Probelauf: alles läuft wirklich, nichts wird geschrieben");
+void AddJson(CLI::App& command, bool& json, const std::string& description = "Ausgabe als JSON");
 // A date as "2024-03-15"; anything else is wrong usage.
 void AddToday(CLI::App& command, std::optional<platform::Date>& today);
 

@@ -58,7 +58,9 @@ void AddRun(CLI::App& app, Run& run) {
   command->add_option("SKRIPT", arguments->script, "Das Skript; - ist die Standardeingabe")
       ->required();
   AddToday(*command, arguments->today);
-  AddDryRun(*command, arguments->dry_run);
+  AddDryRun(*command, arguments->dry_run,
+            "Probelauf: alles läuft wirklich, nichts wird geschrieben; als letztes Ereignis kommen "
+            "die Zeilen, die entstanden wären");
   command->callback([&run, arguments] { run = [arguments] { return RunScriptFile(*arguments); }; });
 }
 

@@ -19,7 +19,20 @@ namespace {
 struct TakeoverArguments {
   automation::TakeoverOrder order;
   std::optional<platform::Date> today;
+  bool json = false;
 };
+
+// The report, and what was or would be written.
+void PrintJson(const automation::TakeoverJob& job, automation::WrittenRows& written) {
+  automation::JsonWriter out(std::cout, automation::JsonWriter::Layout::OneLine);
+  out.BeginObject();
+  out.Key("lines");
+  job.WriteReport(out);
+  out.Key("tables");
+  written.Write(out);
+  out.EndObject();
+  std::cout << '\n';
+}
 
 Status RunTakeover(const TakeoverArguments& arguments) {
   automation::TakeoverJob job(arguments.order);
@@ -27,10 +40,17 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   ProgressBar bar(job.Size());
   automation::TakeoverRun::Count count;
   try {
-    count = job.Run(*clock, [&] {
+    const auto after_line = [&] {
       bar.Advance();
       RaiseIfInterrupted();
-    });
+    };
+    std::function<void(automation::WrittenRows&)> show;
+    if (arguments.json)
+      show = [&](automation::WrittenRows& written) {
+        bar.Clear();
+        PrintJson(job, written);
+      };
+    count = job.Run(*clock, after_line, show);
   } catch (...) {
     bar.Clear();
     if (job.Lines().empty()) throw;
@@ -41,7 +61,7 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   }
   bar.Clear();
   if (arguments.order.rehearsal) {
-    std::cout << job.ReportText();
+    if (!arguments.json) std::cout << job.ReportText();
     fmt::print(stderr, "Probelauf, nichts geschrieben\n");
   }
   fmt::print(stderr, "{}\n", count.Text());
@@ -68,7 +88,11 @@ void AddTakeover(CLI::App& app, Run& run) {
       ->type_name("BERICHT")
       ->group(kOptionGroup);
   AddToday(*command, arguments->today);
-  AddDryRun(*command, arguments->order.rehearsal);
+  AddDryRun(*command, arguments->order.rehearsal,
+            "Probelauf: alles läuft wirklich, nichts wird geschrieben; der Bericht kommt auf die "
+            "Standardausgabe");
+  AddJson(*command, arguments->json,
+          "Ausgabe als JSON: der Bericht und die geschriebenen Zeilen der Datenbank");
   command->callback([&run, arguments] { run = [arguments] { return RunTakeover(*arguments); }; });
 }
 

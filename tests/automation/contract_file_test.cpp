@@ -113,6 +113,18 @@ TEST_F(ContractMakerTest, GivesNumberAndOidOfTheContractAndGoesOnAfterARefusal) 
   EXPECT_EQ(Make(orders[3]), "address: keine Adresse mit Oid 9");
   EXPECT_THAT(Make(orders[4]), testing::StartsWith("00000003/"));
 
+  // Of two addresses of one name nobody knows which is meant.
+  std::string twins = support::kCompany;
+  const std::string other = "Beispiel AG";
+  for (std::size_t at = twins.find(other); at != std::string::npos; at = twins.find(other))
+    twins.replace(at, other.size(), "Muster GmbH");
+  ContractMaker among_twins(StoreWith(twins), clock);
+  const auto error =
+      ErrorOf([&] { among_twins.Make(ReadFile(Order(R"({"Name": "Muster GmbH"})"))[0]); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Description(),
+            "address: mehrere Adressen mit Name = \"Muster GmbH\"; nennen Sie die Oid");
+
   store::RecordStore& store = maker.Store();
   const auto contracts = store.Catalog().FindTable("vv_Vertraege").value();
   EXPECT_FALSE(store.InUnit());

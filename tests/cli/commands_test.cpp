@@ -164,10 +164,10 @@ TEST_F(Commands, ARehearsalLeavesEveryByte) {
   const std::string order = File("v.json", kOrder);
   const std::string script = File("s.json", R"({"steps": [{"persistVar": "x", "value": "y"}]})");
   const std::string before = Contents(db);
-  const Ended made = Run({"new-contract", db, order, "--dry-run", "--json"});
+  const Ended made = Run({"new-contract", db, order, "--dry-run"});
   EXPECT_EQ(made.status, 0) << made.error;
-  const std::string rows = made.out.substr(made.out.find('\n') + 1);
-  EXPECT_EQ(json::parse(rows)["tables"]["vv_Vertraege"].size(), 1u);
+  EXPECT_THAT(made.error, HasSubstr("Vertrag 00000001 wäre angelegt"));
+  EXPECT_EQ(json::parse(made.out)["tables"]["vv_Vertraege"].size(), 1u);
   EXPECT_EQ(Run({"run", db, script, "--dry-run"}).status, 0);
   EXPECT_EQ(Contents(db), before);
 

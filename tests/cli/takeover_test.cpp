@@ -62,8 +62,14 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   EXPECT_EQ(rehearsed.status, 3) << rehearsed.error;
   EXPECT_EQ(CountContracts(), before);
 
-  const Ended ended = Pactora(folder, Call());
+  const nlohmann::json shown =
+      nlohmann::json::parse(Pactora(folder, Call({"--dry-run", "--json"})).out);
+
+  const Ended ended = Pactora(folder, Call({"--json"}));
   EXPECT_EQ(ended.status, 3) << ended.error;
+  EXPECT_EQ(nlohmann::json::parse(ended.out), shown);
+  EXPECT_EQ(shown["tables"]["vv_Vertraege"].size(), 1u);
+  EXPECT_EQ(shown["lines"][0]["Ergebnis"], "angelegt");
   EXPECT_EQ(rehearsed.out, Contents(report));
   const std::vector<CsvRow> rows = Report();
   ASSERT_EQ(rows.size(), 11u);
