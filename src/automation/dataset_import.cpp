@@ -3,8 +3,6 @@
 #include <fmt/format.h>
 
 #include <fstream>
-#include <iostream>
-#include <iterator>
 #include <sstream>
 #include <utility>
 
@@ -24,9 +22,7 @@ TextSource MemorySource(const std::string& name, std::string text) {
 }
 
 TextSource FileSource(const std::string& path) {
-  if (path == kStandardStream)
-    return MemorySource("Standardeingabe",
-                        std::string(std::istreambuf_iterator<char>(std::cin), {}));
+  if (path == kStandardStream) return MemorySource("Standardeingabe", ReadStandardInput());
   const auto open = [path]() -> std::unique_ptr<std::istream> {
     auto in = std::make_unique<std::ifstream>(path, std::ios::binary);
     // A folder can be opened, but not read.

@@ -2,9 +2,11 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -77,6 +79,20 @@ void ReplaceFile(const std::string& path, const std::function<void(std::ostream&
   if (!Make(beside.Path(), exists ? &now : nullptr) || !Write(beside.Path(), fill) ||
       !Sync(beside.Path()) || !beside.ReplaceTarget()) {
     RaiseUnwritable(path);
+  }
+}
+
+std::string ReadStandardInput() {
+  std::string text;
+  std::array<char, 1 << 16> buffer{};
+  for (;;) {
+    // Unlike reading, waiting is not taken up again after a signal.
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    if (::poll(&input, 1, -1) < 0) Raise(DoorError::Interrupted, "abgebrochen");
+    const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+    if (count < 0) Raise(DoorError::BadInput, "Standardeingabe: sie kann nicht gelesen werden");
+    if (count == 0) return text;
+    text.append(buffer.data(), static_cast<std::size_t>(count));
   }
 }
 

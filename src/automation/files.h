@@ -19,6 +19,10 @@ void ReplaceFile(const std::string& path, const std::function<void(std::ostream&
 // The name that stands for standard input or output.
 inline constexpr const char* kStandardStream = "-";
 
+// All of standard input. Raises DoorError::Interrupted when a signal that the
+// program catches comes while it waits, DoorError::BadInput when it can't be read.
+std::string ReadStandardInput();
+
 // What fill writes goes to standard output for that name, else into the file.
 void WriteOutput(const std::string& path, const std::function<void(std::ostream&)>& fill);
 

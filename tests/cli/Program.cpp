@@ -31,13 +31,13 @@ void Write(const std::string& path, const std::string& text) {
 }
 
 Child::Child(const support::TemporaryFolder& folder, const std::vector<std::string>& arguments,
-             const std::string& input) {
+             const std::string& input, const std::string& file) {
   static int children = 0;
   const std::string name = "child-" + std::to_string(++children);
-  const std::string in = folder.File(name + ".in");
+  const std::string in = file.empty() ? folder.File(name + ".in") : file;
   out_ = folder.File(name + ".out");
   error_ = folder.File(name + ".err");
-  Write(in, input);
+  if (file.empty()) Write(in, input);
   std::vector<char*> argv;
   static std::string program = PACTORA_PROGRAM;
   argv.push_back(program.data());

@@ -19,9 +19,10 @@ struct Ended {
 // A child that runs; waited for at the latest when the object goes.
 class Child {
  public:
-  // Output goes into files of the folder.
+  // Output goes into files of the folder. Reads the input, or the file where one is
+  // named.
   Child(const support::TemporaryFolder& folder, const std::vector<std::string>& arguments,
-        const std::string& input = {});
+        const std::string& input = {}, const std::string& file = {});
   ~Child();
   Child(const Child&) = delete;
   Child& operator=(const Child&) = delete;

@@ -1,7 +1,10 @@
 // Several processes on one database, and processes that die.
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -112,6 +115,23 @@ TEST_F(Processes, ThatAreInterruptedEndBetweenTwoContracts) {
   EXPECT_THAT(ended.error, HasSubstr("von 2000 angelegt"));
   EXPECT_EQ(Announced(ended.out), Numbers());
   ExpectSound();
+}
+
+TEST_F(Processes, ThatWaitForTheirInputAreInterruptedAndDoNothing) {
+  const std::string pipe = folder.File("rohr");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const int end = ::open(pipe.c_str(), O_RDWR);
+  const std::string orders = Orders(1);
+  ASSERT_EQ(::write(end, orders.data(), orders.size()), static_cast<ssize_t>(orders.size()));
+  Child child(folder, {"new-contract", db, "-"}, {}, pipe);
+  const auto moment = [] { std::this_thread::sleep_for(std::chrono::milliseconds(20)); };
+  for (int unread = 1; unread > 0; moment()) ASSERT_EQ(::ioctl(end, FIONREAD, &unread), 0);
+  child.Signal(SIGINT);
+  const Ended ended = child.Wait();
+  ::close(end);
+  EXPECT_EQ(ended.status, 130);
+  EXPECT_EQ(ended.error, "pactora: abgebrochen\n");
+  EXPECT_TRUE(Numbers().empty());
 }
 
 TEST_F(Processes, TakeAwayWhatAKilledOneLeftHalfMade) {
