@@ -57,17 +57,18 @@ void TakeoverRun::ReadAddresses() {
   });
 }
 
-// A name wins over an Oid that reads the same.
 TakeoverRun::FoundAddress TakeoverRun::FindAddress(const std::string& name) const {
-  const auto found = addresses_.find(name);
-  if (found != addresses_.end()) {
-    if (found->second.size() == 1) return {found->second.front(), {}};
-    return {std::nullopt,
-            fmt::format("Spalte Adresse: \"{}\" gibt es mehrmals; nennen Sie die Oid", name)};
-  }
-  const auto oid = store::ParseOid(name);
-  if (oid && address_oids_.contains(*oid)) return {oid, {}};
-  return {std::nullopt, fmt::format("Spalte Adresse: keine Adresse \"{}\"", name)};
+  const auto cannot = [&](const char* why) -> FoundAddress {
+    return {std::nullopt, fmt::format("Spalte Adresse: \"{}\" {}", name, why)};
+  };
+  std::optional<store::Oid> oid = store::ParseOid(name);
+  if (oid && !address_oids_.contains(*oid)) oid.reset();
+  const auto named = addresses_.find(name);
+  if (named == addresses_.end()) return oid ? FoundAddress{oid, {}} : cannot("gibt es nicht");
+  if (named->second.size() > 1) return cannot("gibt es mehrmals; nennen Sie die Oid");
+  if (oid && *oid != named->second.front())
+    return cannot("ist der Name einer Adresse und die Oid einer anderen");
+  return {named->second.front(), {}};
 }
 
 TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& report,

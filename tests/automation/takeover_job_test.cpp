@@ -1,10 +1,12 @@
 // Takeover lists that run at the same time.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <fstream>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "automation/company.h"
 #include "automation/dataset_files.h"
@@ -74,6 +76,31 @@ TEST_F(TakeoverJobs, WhatTheDatabaseRemembersForOneOutlastsWhatItDoesForAnother)
   WriteList(0, kLines);
   Run("b.csv", [] {});
   EXPECT_EQ(CountContracts(), before + 2 * kLines + 1);
+}
+
+TEST_F(TakeoverJobs, AnAddressIsNamedByNameOrOidAndNotGuessed) {
+  const std::string dataset(R"({"tables": {"Adressen": [{"@oid": "1", "Name": "Muster"},
+    {"@oid": "2", "Name": "Muster"}, {"@oid": "3", "Name": "4"}, {"@oid": "4", "Name": "x"},
+    {"@oid": "5", "Name": "5"}]}})");
+  const std::string named = folder.File("namen.db");
+  Import(named, dataset);
+  std::ofstream(folder.File("liste.csv")) << "Adresse;Vertragstyp;Vertragsbeginn\n"
+                                          << "x;T;01.01.2024\n1;T;01.01.2024\n5;T;01.01.2024\n"
+                                          << "Muster;T;01.01.2024\n4;T;01.01.2024\n"
+                                          << "9;T;01.01.2024\n";
+  const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  TakeoverJob job({named, folder.File("liste.csv"), folder.File("a.csv")});
+  job.Run(clock, [] {});
+  std::vector<std::string> messages;
+  for (const ReportLine& line : job.Lines()) messages.push_back(line.message);
+  const std::string found = messages[0];
+  EXPECT_THAT(found, testing::Not(testing::HasSubstr("Adresse")));
+  EXPECT_THAT(
+      messages,
+      testing::ElementsAre(
+          found, found, found, "Spalte Adresse: \"Muster\" gibt es mehrmals; nennen Sie die Oid",
+          "Spalte Adresse: \"4\" ist der Name einer Adresse und die Oid einer anderen",
+          "Spalte Adresse: \"9\" gibt es nicht"));
 }
 
 TEST_F(TakeoverJobs, ATypeWhoseNameAnotherOneHasIsNotGuessed) {

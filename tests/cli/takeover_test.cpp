@@ -75,7 +75,7 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   ASSERT_EQ(rows.size(), 11u);
   const auto row = [&](std::size_t i) { return rows[i].cells[2] + ": " + rows[i].cells[4]; };
   EXPECT_EQ(row(1), "angelegt: ");
-  EXPECT_EQ(row(2), "abgelehnt: Spalte Adresse: keine Adresse \"Niemand\"");
+  EXPECT_EQ(row(2), "abgelehnt: Spalte Adresse: \"Niemand\" gibt es nicht");
   EXPECT_EQ(row(3),
             "abgelehnt: Spalte Vertragstyp: kein freigegebener Vertragstyp \"Wartung Schiff\"");
   EXPECT_EQ(row(4),
