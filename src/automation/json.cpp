@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "automation/errors.h"
+#include "platform/Text.h"
 
 namespace pactora::automation {
 
@@ -149,6 +150,7 @@ bool JsonEvents::parse_error(std::size_t position, const std::string& token,
                                          : fmt::format("Zeile {}, Spalte {}: ", line, column);
   const bool ended = text.find("unexpected end of input") != std::string_view::npos;
   const std::string read = ended                                ? " (der Text endet zu früh)"
+                           : !platform::IsValidUtf8(token)      ? " (kein UTF-8)"
                            : token.empty() || token.size() > 60 ? std::string()
                                                                 : fmt::format(" (bei „{}“)", token);
   Raise(DoorError::BadInput, fmt::format("{}: {}kein gültiges JSON{}", source_, where, read));

@@ -25,7 +25,8 @@ void AddJson(CLI::App& command, bool& json, const std::string& description) {
   command.add_flag("--json", json, description)->group(kOptionGroup);
 }
 
-void AddToday(CLI::App& command, std::optional<platform::Date>& today) {
+void AddToday(CLI::App& command, std::optional<platform::Date>& today,
+              const std::string& description) {
   command
       .add_option_function<std::string>(
           "--today",
@@ -34,7 +35,7 @@ void AddToday(CLI::App& command, std::optional<platform::Date>& today) {
             if (!today || platform::TimeOfDay(*today) != 0)
               throw CLI::ValidationError("--today", "ein Datum wie 2024-03-15 wird erwartet");
           },
-          "Das Datum, das für heute gilt (JJJJ-MM-TT)")
+          description)
       ->type_name("DATUM")
       ->group(kOptionGroup);
 }

@@ -22,7 +22,8 @@ void AddDryRun(
     const std::string& description = "Probelauf: alles läuft wirklich, nichts wird geschrieben");
 void AddJson(CLI::App& command, bool& json, const std::string& description = "Ausgabe als JSON");
 // A date as "2024-03-15"; anything else is wrong usage.
-void AddToday(CLI::App& command, std::optional<platform::Date>& today);
+void AddToday(CLI::App& command, std::optional<platform::Date>& today,
+              const std::string& description = "Das Datum, das für heute gilt (JJJJ-MM-TT)");
 
 automation::Access AccessFor(bool dry_run);
 

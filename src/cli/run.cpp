@@ -57,7 +57,8 @@ void AddRun(CLI::App& app, Run& run) {
   AddDatabase(*command, arguments->database);
   command->add_option("SKRIPT", arguments->script, "Das Skript; - ist die Standardeingabe")
       ->required();
-  AddToday(*command, arguments->today);
+  AddToday(*command, arguments->today,
+           "Das Datum, das für heute gilt (JJJJ-MM-TT), statt dem des Skripts");
   AddDryRun(*command, arguments->dry_run,
             "Probelauf: alles läuft wirklich, nichts wird geschrieben; als letztes Ereignis kommen "
             "die Zeilen, die entstanden wären");

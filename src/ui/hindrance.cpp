@@ -27,7 +27,7 @@ std::string Describe(Hindrance hindrance) {
     case Hindrance::NotInList:
       return "hat keinen solchen Eintrag";
     case Hindrance::DateNeeded:
-      return "braucht ein Datum";
+      return "braucht ein Datum wie 2024-03-15";
   }
   return {};
 }

@@ -55,6 +55,7 @@ TEST(ContractFile, HoldsOneObjectOrOneALine) {
 
 TEST(ContractFile, FaultsNameTheirPlace) {
   const std::pair<std::string, const char*> cases[] = {
+      {"{\"\xFC\"", "v.json: Zeile 1, Spalte 3: kein gültiges JSON (kein UTF-8)"},
       {"", "v.json: Zeile 1, Spalte 1: kein gültiges JSON (der Text endet zu früh)"},
       {"[]", "v.json, Zeile 1: ein Objekt wird erwartet"},
       {"{}", "v.json, Zeile 1: „address“ fehlt"},
