@@ -186,7 +186,7 @@ TakeoverList ReadTakeoverList(std::string_view text, const std::string& name) {
   } catch (const platform::Error& error) {
     Raise(DoorError::BadInput, fmt::format("{}, {}", name, error.Description()));
   }
-  // What Excel is told the separator with is no row.
+  // A line that tells spreadsheets the separator is no row.
   if (!rows.empty() && rows.front().text == std::string("sep=") + list.form.separator)
     rows.erase(rows.begin());
   if (rows.empty()) Raise(DoorError::BadInput, fmt::format("{}: die Liste ist leer", name));
