@@ -8,6 +8,7 @@
 #include "platform/Date.h"
 #include "platform/Locale.h"
 #include "platform/Text.h"
+#include "schema/names.h"
 #include "ui/Form.h"
 #include "ui/Person.h"
 #include "ui/controls.h"
@@ -82,6 +83,15 @@ std::string German(platform::Date date) {
   return platform::FormatDate(date, platform::kGermanPattern);
 }
 
+// Whether no two days look alike: a pattern may leave out the day, or the century.
+bool TellsDaysApart(const std::string& pattern) {
+  const auto text = [&](std::int32_t year, std::int32_t month, std::int32_t day) {
+    return platform::FormatDate(platform::FromCivil(year, month, day), pattern);
+  };
+  const std::string one = text(2001, 2, 3);
+  return one != text(2001, 2, 4) && one != text(2001, 3, 3) && one != text(1901, 2, 3);
+}
+
 // Which periods the list has instead, to go behind the sentence that it lacks one;
 // nothing where its dates can't be read.
 std::string NearestPeriods(const ui::ListBox& periods, platform::Date wanted) {
@@ -89,7 +99,7 @@ std::string NearestPeriods(const ui::ListBox& periods, platform::Date wanted) {
   std::optional<platform::Date> after;
   for (std::int32_t index = 0; index < periods.Count(); ++index) {
     const std::string& text = periods.ItemText(index);
-    const auto start = platform::ParseDate(text.substr(0, text.find(' ')));
+    const auto start = platform::ParseDate(text.substr(0, text.find(" - ")));
     if (!start) return {};
     if (*start < wanted) before = start;
     if (*start > wanted && !after) after = start;
@@ -195,7 +205,11 @@ void TakeoverClerk::ChoosePeriod(ui::Form& form, ui::Person& person) {
   SetCheck(form, person, kColumn, "chkOldContract", true);
   Entry entry(form, kColumn);
   auto& periods = entry.Get<ui::ListBox>("lstInvoices");
-  const std::string start = platform::FormatDate(*line_->last_invoiced, date_pattern_()) + " - ";
+  const std::string pattern = date_pattern_();
+  if (!TellsDaysApart(pattern))
+    entry.Refuse(fmt::format("{} \"{}\" zeigt Daten nicht ganz, der Zeitraum ist nicht zu erkennen",
+                             schema::setting::g_DateFormat, pattern));
+  const std::string start = platform::FormatDate(*line_->last_invoiced, pattern) + " - ";
   for (std::int32_t index = 0; index < periods.Count(); ++index) {
     if (!periods.ItemText(index).starts_with(start)) continue;
     entry.Must(person.Choose(periods, index));

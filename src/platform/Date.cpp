@@ -129,6 +129,7 @@ std::string FormatDate(Date date, std::string_view pattern) {
   const auto seconds = static_cast<std::int32_t>(std::lround(moment.time * kSecondsOfDay));
   std::string out;
   out.reserve(pattern.size() + 8);
+  bool after_hour = false;
   for (std::size_t i = 0; i < pattern.size();) {
     const char letter = pattern[i];
     const std::size_t end = std::min(pattern.find_first_not_of(letter, i), pattern.size());
@@ -146,9 +147,10 @@ std::string FormatDate(Date date, std::string_view pattern) {
         break;
       case 'H':
         AppendNumber(out, seconds / 3600, count);
+        after_hour = true;
         break;
       case 'm':
-        AppendNumber(out, seconds / 60 % 60, count);
+        AppendNumber(out, after_hour ? seconds / 60 % 60 : civil.month, count);
         break;
       case 's':
         AppendNumber(out, seconds % 60, count);

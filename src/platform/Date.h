@@ -60,7 +60,8 @@ Date FromDayAndSeconds(std::int32_t day, std::int32_t seconds);
 // Formats a date, to the nearest second. The pattern's letters d, M, y, H, m, s
 // stand for day, month, year, hour, minute and second ("dd" two digits, "d" at
 // least one, "yy" the last two digits of the year, "yyyy" four); all else is
-// copied.
+// copied. Where no hour stands before it, m is the month too: "dd.mm.yyyy" is what
+// people write.
 std::string FormatDate(Date date, std::string_view pattern);
 
 inline constexpr std::string_view kSortPattern = "yyyyMMdd";

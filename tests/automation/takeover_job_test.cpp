@@ -103,6 +103,27 @@ TEST_F(TakeoverJobs, AnAddressIsNamedByNameOrOidAndNotGuessed) {
           "Spalte Adresse: \"9\" gibt es nicht"));
 }
 
+// 01.01.2124 is not taken for 01.01.2024 where the user's pattern shows both as "24".
+TEST_F(TakeoverJobs, APeriodIsKnownByItsWholeDate) {
+  std::ofstream(folder.File("liste.csv"))
+      << "Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert\n"
+      << "1;Wartung Server;01.01.2024;01.01.2024\n1;Wartung Server;01.01.2024;01.01.2124\n";
+  const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  struct {
+    std::string pattern;
+    std::size_t created;
+  } const cases[] = {{"dd.mm.yyyy", 1}, {"d. M. yyyy", 1}, {"dd.MM.yy", 0}, {"MM/yyyy", 0}};
+  for (const auto& c : cases) {
+    std::string dataset(SampleDataset());
+    const std::string usual = "dd.MM.yyyy";
+    dataset.replace(dataset.find(usual), usual.size(), c.pattern);
+    const std::string name = folder.File(std::to_string(&c - cases) + ".db");
+    Import(name, dataset);
+    TakeoverJob job({name, folder.File("liste.csv"), name + ".csv"});
+    EXPECT_EQ(job.Run(clock, [] {}).created, c.created) << c.pattern;
+  }
+}
+
 TEST_F(TakeoverJobs, ATypeWhoseNameAnotherOneHasIsNotGuessed) {
   std::string dataset(SampleDataset());
   const std::string other = "\"Stellfläche Rechenzentrum\"";

@@ -107,6 +107,7 @@ TEST(Dates, PatternsFormat) {
     std::string_view pattern;
     std::string_view text;
   } const rows[] = {
+      {morning, "dd.mm.yyyy HH:mm", "05.03.2024 09:07"},
       {morning, kSortPattern, "20240305"},
       {morning, kIsoPattern, "2024-03-05"},
       {morning, kGermanPattern, "05.03.2024"},
