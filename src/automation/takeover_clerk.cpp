@@ -16,8 +16,10 @@
 namespace pactora::automation {
 namespace {
 
-// Raised when a line can't be entered; the text says why.
+// Raised when a line can't be entered. The reason is empty where the dialog's message
+// is the reason.
 struct Refused {
+  std::string_view column;
   std::string reason;
 };
 
@@ -38,12 +40,10 @@ class Entry {
     if (outcome.hindrance == ui::Hindrance::Disabled) Refuse("bei diesem Vertragstyp gesperrt");
     if (outcome.kind == ui::Outcome::Kind::Impossible) Refuse(ui::Describe(outcome.hindrance));
     // A box refused to be left; its message says why.
-    if (outcome.kind == ui::Outcome::Kind::FocusKept) throw Refused{};
+    if (outcome.kind == ui::Outcome::Kind::FocusKept) throw Refused{column_, {}};
   }
 
-  [[noreturn]] void Refuse(const std::string& why) {
-    throw Refused{fmt::format("Spalte {}: {}", column_, why)};
-  }
+  [[noreturn]] void Refuse(const std::string& why) { throw Refused{column_, why}; }
 
  private:
   ui::Form& form_;
@@ -156,7 +156,8 @@ void TakeoverClerk::ShowModal(ui::Form& form) {
     try {
       FillIn(form, person);
     } catch (const Refused& refused) {
-      refusal_ = refused.reason;
+      refusal_ = fmt::format("Spalte {}: {}", refused.column,
+                             refused.reason.empty() ? JoinedMessages() : refused.reason);
     }
     if (const auto* number = form.Find<ui::TextBox>("txtVertragnummer")) number_ = number->Text();
     if (form.Visible()) person.Close();

@@ -81,7 +81,7 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   EXPECT_EQ(row(4),
             "abgelehnt: Spalte ZuletztFakturiert: kein Zeitraum beginnt am 02.01.2023, aber am "
             "01.01.2023 und am 01.04.2023");
-  EXPECT_EQ(row(5), "abgelehnt: Rabatt darf nicht größer 99% sein!");
+  EXPECT_EQ(row(5), "abgelehnt: Spalte Rabatt: Rabatt darf nicht größer 99% sein!");
   EXPECT_THAT(row(6), HasSubstr("Spalte Rabatt: \"1.5\" ist keine Zahl"));
   EXPECT_THAT(row(7), HasSubstr("abgelehnt: Das für diesen Vertrag erforderliche Adressmerkmal"));
   EXPECT_EQ(row(8), "übersprungen: dasselbe steht in Zeile 2");
