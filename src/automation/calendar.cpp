@@ -6,6 +6,7 @@
 #include <string>
 
 #include "automation/deadlines.h"
+#include "automation/errors.h"
 #include "platform/Date.h"
 
 namespace pactora::automation {
@@ -39,7 +40,7 @@ std::string What(const Deadline& deadline) {
 }
 
 std::string Summary(const Deadline& deadline) {
-  return fmt::format("{}: {}, {}", What(deadline), deadline.name, deadline.address);
+  return SingleLine(fmt::format("{}: {}, {}", What(deadline), deadline.name, deadline.address));
 }
 
 std::string Description(const Deadline& deadline) {
@@ -48,7 +49,7 @@ std::string Description(const Deadline& deadline) {
     text = fmt::format("Kündigungsfrist läuft am {} aus.\n",
                        platform::FormatDate(deadline.date, platform::kGermanPattern));
   }
-  return text + fmt::format("Verantwortlich: {}", deadline.responsible);
+  return text + SingleLine(fmt::format("Verantwortlich: {}", deadline.responsible));
 }
 
 icalcomponent* Event(const Deadline& deadline, const std::string& database, icaltimetype stamp) {

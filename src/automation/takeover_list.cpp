@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstddef>
@@ -116,13 +117,15 @@ std::vector<std::string> Used(std::vector<std::string> cells) {
 }
 
 // What the line says, however a program that saved the list again ordered and
-// wrote it.
+// wrote it, line breaks within a cell included.
 std::string ValuesOf(const std::vector<std::string>& cells, const Columns& columns) {
-  // Which value is the one too many nobody can tell.
-  if (cells.size() > columns.size()) return CsvLine(cells, kSeparator);
-  std::vector<std::string> values(kColumns.size());
-  for (std::size_t i = 0; i < cells.size(); ++i)
-    values[static_cast<std::size_t>(columns[i] - kColumns.data())] = cells[i];
+  const bool overfull = cells.size() > columns.size();
+  std::vector<std::string> values(std::max(kColumns.size(), cells.size()));
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const auto place = overfull ? i : static_cast<std::size_t>(columns[i] - kColumns.data());
+    for (const char c : cells[i])
+      if (c != '\r') values[place] += c;
+  }
   return CsvLine(Used(std::move(values)), kSeparator);
 }
 
@@ -136,7 +139,12 @@ Columns ReadHeader(const CsvRow& header, const std::string& file) {
     for (const Column& column : kColumns) {
       if (column.name == name) known = &column;
     }
-    if (known == nullptr) refuse(fmt::format("unbekannte Spalte \"{}\"", name));
+    if (known == nullptr) {
+      std::string all;
+      for (const Column& column : kColumns)
+        all += (all.empty() ? "" : ", ") + std::string(column.name);
+      refuse(fmt::format("unbekannte Spalte \"{}\"; es gibt {}", name, all));
+    }
     for (const Column* column : columns) {
       if (column == known) refuse(fmt::format("die Spalte \"{}\" steht zweimal da", name));
     }
@@ -156,7 +164,11 @@ TakeoverLine ReadLine(const CsvRow& row, const Columns& columns) {
   line.text = row.text;
   const std::vector<std::string> cells = Used(row.cells);
   line.key = line.values = ValuesOf(cells, columns);
-  if (cells.size() > columns.size()) line.refusal = "mehr Werte als Spalten";
+  line.overfull = cells.size() > columns.size();
+  if (line.overfull) {
+    line.refusal = "mehr Werte als Spalten";
+    return line;
+  }
   const auto refuse = [&](const Column& column, const std::string& why) {
     if (line.refusal.empty()) line.refusal = fmt::format("Spalte {}: {}", column.name, why);
   };

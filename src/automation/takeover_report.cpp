@@ -40,6 +40,20 @@ std::vector<std::string> Cells(const ReportLine& line) {
           std::string(Text(line.outcome)), line.number, line.message};
 }
 
+// Whether a line without a line break has all its cells: an editor may have taken
+// the break away, a killed program may have left the line half written.
+bool IsWhole(const std::string& line) {
+  try {
+    const std::vector<CsvRow> rows = ReadCsv(line, kSeparator);
+    return rows.size() == 1 && rows.front().cells.size() == kColumns.size();
+  } catch (const platform::Error&) {
+    return false;
+  }
+}
+
+// Whether the line stands for a contract.
+bool HasContract(const ReportLine& line) { return !line.number.empty(); }
+
 std::string LineText(const ReportLine& line) { return CsvLine(Cells(line), kSeparator) + "\n"; }
 
 }  // namespace
@@ -70,6 +84,7 @@ void TakeoverReport::Open() {
   if (!is_mine)
     Raise(DoorError::NotCarriedOut, path_ + ": mit diesem Bericht läuft schon eine Übernahme");
   if (::ftruncate(fileno(file_), static_cast<off_t>(whole_)) != 0) RaiseUnwritable(path_);
+  if (lacks_break_) std::fputc('\n', file_);
   if (resumed_) return;
   std::fputs((Header() + "\n").c_str(), file_);
   Sync();
@@ -82,17 +97,15 @@ TakeoverReport::~TakeoverReport() {
 void TakeoverReport::Load() {
   const auto in = FileSource(path_).open();
   const std::string text{std::istreambuf_iterator<char>(*in), {}};
-  // Without its line break the last line may be half written.
-  const std::size_t whole = text.rfind('\n');
-  const std::string kept = whole == std::string::npos ? std::string() : text.substr(0, whole + 1);
-  const bool is_half_begun = kept.empty() && Header().starts_with(text);
-  if (!is_half_begun && !kept.starts_with(Header())) {
-    Raise(DoorError::BadInput, fmt::format("{}: kein Bericht einer Übernahme", path_));
-  }
-  resumed_ = !is_half_begun;
-  for (const CsvRow& row : ReadCsv(kept, kSeparator)) LoadLine(row.cells);
   size_ = text.size();
-  whole_ = kept.size();
+  if (Header().starts_with(text)) return;  // hardly begun
+  if (!text.starts_with(Header()))
+    Raise(DoorError::BadInput, fmt::format("{}: kein Bericht einer Übernahme", path_));
+  resumed_ = true;
+  const std::size_t last = text.rfind('\n') + 1;  // 0 where there is no break
+  lacks_break_ = IsWhole(text.substr(last));
+  whole_ = lacks_break_ ? size_ : last;
+  for (const CsvRow& row : ReadCsv(text.substr(0, whole_), kSeparator)) LoadLine(row.cells);
 }
 
 void TakeoverReport::LoadLine(const std::vector<std::string>& cells) {
@@ -100,9 +113,15 @@ void TakeoverReport::LoadLine(const std::vector<std::string>& cells) {
   const std::string& key = cells[1];
   const std::string& number = cells[3];
   const auto is = [&](TakeoverOutcome outcome) { return cells[2] == automation::Text(outcome); };
-  if (is(TakeoverOutcome::Refused) || is(TakeoverOutcome::Failed)) rejected_.insert(key);
+  if (is(TakeoverOutcome::Refused) || is(TakeoverOutcome::Failed)) {
+    rejected_.insert(key);
+    if (created_.contains(key)) doubled_.insert(key);
+  }
   const bool is_created = is(TakeoverOutcome::Created) || is(TakeoverOutcome::Skipped);
   if (!is_created || number.empty() || !created_.try_emplace(key, number).second) return;
+  // What stands behind the lines of the list is from before it.
+  const bool is_earlier = cells[0].empty();
+  if (is_earlier && rejected_.contains(key)) doubled_.insert(key);
   AddEarlier(key, number);
 }
 
@@ -145,7 +164,8 @@ void TakeoverReport::Finish() {
 std::vector<ReportLine> TakeoverReport::AllLines() const {
   std::vector<ReportLine> lines = lines_;
   std::unordered_set<std::string_view> keys;
-  for (const ReportLine& line : lines_) keys.insert(line.key);
+  for (const ReportLine& line : lines_)
+    if (HasContract(line)) keys.insert(line.key);
   for (const ReportLine& line : earlier_)
     if (!keys.contains(line.key)) lines.push_back(line);
   return lines;

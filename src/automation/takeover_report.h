@@ -64,6 +64,8 @@ class TakeoverReport {
   void AddEarlier(const std::string& key, const std::string& number);
   // Whether an earlier run could not enter the key.
   bool WasRejected(const std::string& key) const { return rejected_.contains(key); }
+  // Whether it could not because another line with the key was entered.
+  bool WasDoubled(const std::string& key) const { return doubled_.contains(key); }
 
   void Add(const ReportLine& line);
   // Returns when all lines added so far are safe from a power cut.
@@ -87,9 +89,11 @@ class TakeoverReport {
   bool resumed_ = false;
   std::size_t size_ = 0;                                  // bytes of the file as it was read
   std::size_t whole_ = 0;                                 // of these, up to the last whole line
+  bool lacks_break_ = false;                              // behind that line
   std::unordered_map<std::string, std::string> created_;  // key, contract number
   std::vector<ReportLine> earlier_;                       // the same, of earlier runs, in order
   std::unordered_set<std::string> rejected_;              // keys
+  std::unordered_set<std::string> doubled_;               // of these
   std::vector<ReportLine> lines_;                         // of this run
   std::FILE* file_ = nullptr;
 };

@@ -75,7 +75,7 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
                                     const std::string& report_name,
                                     const std::function<void()>& after_line) {
   report_name_ = report_name;
-  ReadGone(report);
+  ReadContracts(report);
   const std::vector<Remembered> mine = ReadRemembered();
   // Without the report this list begins anew.
   if (report.Resumed()) kept_ = mine;
@@ -85,17 +85,19 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
   Count count;
   std::map<std::string_view, const TakeoverLine*> first_of_key;
   for (const TakeoverLine& line : list.lines) {
-    ReportLine result{line.line, line.key, TakeoverOutcome::Skipped, {}, {}};
-    const TakeoverLine& first = *first_of_key.try_emplace(line.key, &line).first->second;
-    if (first.values != line.values) {
-      result.outcome = TakeoverOutcome::Refused;
+    ReportLine result{line.line, line.key, TakeoverOutcome::Refused, {}, line.refusal};
+    const TakeoverLine& first =
+        line.overfull ? line : *first_of_key.try_emplace(line.key, &line).first->second;
+    if (line.overfull) {
+      // Nobody knows its key.
+    } else if (first.values != line.values) {
       result.message = fmt::format("der Schlüssel steht schon in Zeile {}", first.line);
     } else if (const std::string* number = report.CreatedFor(line.key)) {
-      Skip(result, *number);
-      if (&first != &line) result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
+      result = AgainOrAnother(line, report, *number);
+      if (&first != &line && result.outcome == TakeoverOutcome::Skipped)
+        result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
     } else if (const Remembered* contract = Recovered(line.key)) {
-      result.outcome = TakeoverOutcome::Created;
-      result.number = contract->number;
+      result = {line.line, line.key, TakeoverOutcome::Created, contract->number, {}};
     } else {
       if (recent_.size() >= kMostRemembered) {
         report.Sync();
@@ -139,19 +141,20 @@ void TakeoverRun::Finish(TakeoverReport& report) {
   session_.Host().EndUnit();
 }
 
-void TakeoverRun::ReadGone(const TakeoverReport& report) {
-  if (report.Earlier().empty()) return;
-  for (const ReportLine& line : report.Earlier()) gone_.insert(line.number);
-  const std::size_t of_report = gone_.size();
-  const store::TableId table =
-      session_.Store().Catalog().FindTable(schema::table::vv_Vertraege).value();
-  const std::size_t number =
-      session_.Store().Catalog().tables[table].FindField(schema::field::Vertragnummer).value();
-  ForEachRow(session_.Store(), table, [&](const store::Record& row) {
-    gone_.erase(host::ToText(row.cells[number]));
+void TakeoverRun::ReadContracts(const TakeoverReport& report) {
+  store::RecordStore& store = session_.Store();
+  const schema::Table& schema = Contracts(store.Catalog());
+  const std::size_t number = schema.FindField(schema::field::Vertragnummer).value();
+  const std::size_t name = schema.FindField(schema::field::Bezeichnung).value();
+  const std::size_t begin = schema.FindField(schema::field::VertragBeginn).value();
+  ForEachRow(store, store.Catalog().FindTable(schema.name).value(), [&](const store::Record& row) {
+    contracts_.emplace(
+        host::ToText(row.cells[number]),
+        Known{row.parent, host::ToText(row.cells[name]), host::ToDate(row.cells[begin])});
     return true;
   });
-  if (gone_.size() == of_report)
+  const auto is_gone = [&](const ReportLine& line) { return !contracts_.contains(line.number); };
+  if (!report.Earlier().empty() && std::ranges::all_of(report.Earlier(), is_gone))
     Raise(DoorError::BadInput,
           report.Path() +
               ": der Bericht gehört zu einer anderen Datenbank, keinen seiner Verträge "
@@ -164,9 +167,24 @@ const TakeoverRun::Remembered* TakeoverRun::Recovered(const std::string& key) co
   return found == kept_.end() ? nullptr : &*found;
 }
 
-void TakeoverRun::Skip(ReportLine& result, const std::string& number) const {
-  result.number = number;
-  if (gone_.contains(number)) result.message = "den Vertrag gibt es nicht mehr";
+ReportLine TakeoverRun::AgainOrAnother(const TakeoverLine& line, const TakeoverReport& report,
+                                       const std::string& number) const {
+  ReportLine result{line.line, line.key, TakeoverOutcome::Skipped, number, {}};
+  const auto [first, end] = contracts_.equal_range(number);
+  if (first == end) result.message = "den Vertrag gibt es nicht mehr";
+  if (!report.WasDoubled(line.key)) return result;
+  // Two lines of one list had the key: this may be the one that was not entered.
+  const std::optional<store::Oid> address = FindAddress(line.address).oid;
+  const bool is_the_one = std::any_of(first, end, [&](const auto& entry) {
+    const Known& contract = entry.second;
+    return contract.address == address && contract.type == line.type &&
+           contract.begin == line.begin;
+  });
+  if (is_the_one) return result;
+  result.outcome = TakeoverOutcome::Refused;
+  result.number.clear();
+  result.message = fmt::format("der Schlüssel gehört schon zu Vertrag {}", number);
+  return result;
 }
 
 ReportLine TakeoverRun::Enter(const TakeoverLine& line) {
@@ -207,6 +225,11 @@ void TakeoverRun::EnterContract(const TakeoverLine& line, ReportLine& result) {
     session_.Host().EndUnit();
     result.outcome = TakeoverOutcome::Created;
     result.number = clerk_.ContractNumber();
+    if (contracts_.contains(result.number)) {
+      result.message += result.message.empty() ? "" : " | ";
+      result.message += "die Vertragsnummer hat schon ein anderer Vertrag";
+    }
+    contracts_.emplace(result.number, Known{});
     return;
   }
   // Nothing half made stays behind: the line can be mended and entered again.

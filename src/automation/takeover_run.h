@@ -59,11 +59,13 @@ class TakeoverRun {
   };
 
   void ReadAddresses();
-  void ReadGone(const TakeoverReport& report);
+  // The contracts that there are, as far as the report's are to be found among them.
+  void ReadContracts(const TakeoverReport& report);
+  // What becomes of a line whose key an earlier run entered.
+  ReportLine AgainOrAnother(const TakeoverLine& line, const TakeoverReport& report,
+                            const std::string& number) const;
   // The contract that an interrupted run made for the key, or null.
   const Remembered* Recovered(const std::string& key) const;
-  // Of a line that was entered before.
-  void Skip(ReportLine& result, const std::string& number) const;
   // The address of that name or Oid, or why there is none.
   struct FoundAddress {
     std::optional<store::Oid> oid;
@@ -87,11 +89,17 @@ class TakeoverRun {
   std::string report_name_;
   std::unordered_map<std::string, std::vector<store::Oid>> addresses_;  // by name
   std::unordered_set<store::Oid> address_oids_;
-  std::unordered_set<std::string> gone_;  // numbers of the report that no contract has
-  std::string remembered_;                // by the database, as last read or written
-  std::string of_others_;                 // the lines of other reports in it
-  std::vector<Remembered> kept_;          // of an interrupted run, until this one is over
-  std::vector<Remembered> recent_;        // of this run, since the report was last made safe
+  // Contract by number; numbers that people type may be there twice.
+  struct Known {
+    store::Oid address = 0;
+    std::string type;
+    platform::Date begin;
+  };
+  std::unordered_multimap<std::string, Known> contracts_;
+  std::string remembered_;          // by the database, as last read or written
+  std::string of_others_;           // the lines of other reports in it
+  std::vector<Remembered> kept_;    // of an interrupted run, until this one is over
+  std::vector<Remembered> recent_;  // of this run, since the report was last made safe
 };
 
 }  // namespace pactora::automation

@@ -70,6 +70,8 @@ TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
   }
   EXPECT_EQ(OneLine("ZuletztFakturiert", "\"5;6\"").key, "A;T;01.02.2024;\"5;6\"");
   EXPECT_EQ(OneLine("Rabatt;GeschlossenAm", "5;6").key, OneLine("GeschlossenAm;Rabatt", "6;5").key);
+  EXPECT_EQ(OneLine("Bearbeitungshinweis", "\"a\r\nb\"").key,
+            OneLine("Bearbeitungshinweis", "\"a\nb\"").key);
   EXPECT_NE(OneLine("Rabatt", "5").key, OneLine("GeschlossenAm", "5").key);
 }
 
@@ -95,11 +97,12 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
   const std::string header = "Adresse;Vertragstyp;Vertragsbeginn";
   for (const Case& c : {
            Case{"", "liste.csv: die Liste ist leer"},
-           Case{header + ";Preis", "liste.csv, Zeile 1: unbekannte Spalte \"Preis\""},
+           Case{header + ";Preis",
+                "liste.csv, Zeile 1: unbekannte Spalte \"Preis\"; es gibt Adresse, "},
            Case{"Adresse;Vertragstyp", "liste.csv, Zeile 1: die Spalte \"Vertragsbeginn\" fehlt"},
            Case{header + ";Adresse", "liste.csv, Zeile 1: die Spalte \"Adresse\" steht zweimal da"},
            Case{"Adresse;;Vertragstyp;Vertragsbeginn",
-                "liste.csv, Zeile 1: unbekannte Spalte \"\""},
+                "liste.csv, Zeile 1: unbekannte Spalte \"\"; es gibt Adresse, "},
            Case{header + "\na;\"b",
                 "liste.csv, Zeile 2: das Anführungszeichen ist nicht geschlossen"},
            Case{header + "\na;\xFF",
@@ -109,7 +112,7 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
       ReadTakeoverList(c.text, "liste.csv");
       ADD_FAILURE() << c.fault;
     } catch (const platform::Error& error) {
-      EXPECT_EQ(error.Description(), c.fault);
+      EXPECT_TRUE(error.Description().starts_with(c.fault)) << error.Description();
     }
   }
 }

@@ -171,6 +171,71 @@ TEST_F(Takeover, TheRefusedLinesAreMendedInTheirPlaceAndRunAgain) {
   EXPECT_EQ(CountContracts(), before + 2);
 }
 
+TEST_F(Takeover, ALineOfADoubledKeyStaysRefusedWhereverItIsRunAgain) {
+  const std::string one = "K1;1;Wartung Server;01.01.2023;;\n";
+  const std::string other = "K1;2;Wartung Server;01.01.2023;;\n";
+  Write(list, kHeader + one + other);
+  const std::size_t before = CountContracts();
+  const std::string whole = Contents(list);
+  ASSERT_EQ(Pactora(folder, Call()).status, 3);
+  for (int round = 0; round < 2; ++round) {
+    for (const std::string& again : {rejected, list}) {
+      Write(list, whole);
+      const Ended ended = Pactora(folder, {"takeover", db, again, "--report", report});
+      EXPECT_EQ(ended.status, again == list ? 3 : 1) << ended.error;
+      EXPECT_THAT(Contents(report), HasSubstr("K1;abgelehnt;;der Schlüssel "));
+      EXPECT_EQ(Contents(rejected), kHeader + other);
+    }
+    // The one that was entered is known from it where it stands alone.
+    Write(list, kHeader + one);
+    EXPECT_EQ(Pactora(folder, Call({"--dry-run"})).status, 0);
+  }
+  EXPECT_EQ(CountContracts(), before + 1);
+  std::string mended = Contents(rejected);
+  mended.replace(mended.find("K1"), 2, "K2");
+  Write(rejected, mended);
+  EXPECT_EQ(Pactora(folder, {"takeover", db, rejected, "--report", report}).status, 0);
+  EXPECT_EQ(CountContracts(), before + 2);
+}
+
+TEST_F(Takeover, AReportThatAnEditorTookTheLastBreakFromKnowsItsLastLine) {
+  Write(list, std::string(kHeader) + "K1;1;Wartung Server;01.01.2023;;\nK2;1;Wartung Server;x;;\n");
+  const std::size_t before = CountContracts();
+  ASSERT_EQ(Pactora(folder, Call()).status, 3);
+  const std::string text = Contents(report);
+  const std::string whole = text.substr(0, text.rfind("3;K2"));
+  for (const std::string tail : {"", "3;K2;abge", "3;K2;\"abge"}) {
+    Write(report, whole.substr(0, whole.size() - (tail.empty() ? 1 : 0)) + tail);
+    std::filesystem::remove(rejected);
+    EXPECT_EQ(Pactora(folder, Call()).status, 3) << tail;
+    EXPECT_EQ(Report()[1].cells[2], "übersprungen") << tail;
+    EXPECT_EQ(Report().size(), 3u) << tail;
+  }
+  EXPECT_EQ(CountContracts(), before + 1);
+}
+
+TEST_F(Takeover, WhatAShiftedLineHasInTheColumnOfItsKeyIsNoKey) {
+  const std::string header = "Adresse,Vertragstyp,Vertragsbeginn,Rabatt,Schlüssel\n";
+  Write(list, header + "3,Wartung Server,01.02.2024,10,5\n");
+  ASSERT_EQ(Pactora(folder, Call()).status, 0);
+  Write(list, header + "4,Wartung Server,01.03.2024,2,5,6\n4,Wartung Server,01.04.2024,2,5,7\n");
+  EXPECT_EQ(Pactora(folder, Call()).status, 1);
+  for (const std::size_t i : {1u, 2u}) EXPECT_EQ(Report()[i].cells[4], "mehr Werte als Spalten");
+  EXPECT_EQ(automation::ReadCsv(Contents(rejected), ',').size(), 3u);
+}
+
+TEST_F(Takeover, ANumberThatAnotherContractHasIsTold) {
+  Write(list,
+        "Adresse;Vertragstyp;Vertragsbeginn;Vertragsnummer\n"
+        "1;Wartung Server;01.02.2024;00000002\n1;Wartung Server;01.03.2024;A-1\n"
+        "1;Wartung Server;01.04.2024;A-1\n");
+  EXPECT_EQ(Pactora(folder, Call()).status, 0);
+  const std::string told = "die Vertragsnummer hat schon ein anderer Vertrag";
+  EXPECT_EQ(Report()[1].cells[4], told);
+  EXPECT_EQ(Report()[2].cells[4], "");
+  EXPECT_EQ(Report()[3].cells[4], told);
+}
+
 TEST_F(Takeover, TheReportKnowsTheContractsOfEveryListItWasUsedFor) {
   const std::string good = "K1;1;Wartung Server;01.01.2023;;\n";
   Write(list, kHeader + good + "K2;1;Wartung Server;01.01.2023;;101\n");
