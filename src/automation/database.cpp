@@ -15,6 +15,7 @@
 #include "store/errors.h"
 #include "store/memory/MemoryStore.h"
 #ifdef PACTORA_HAS_SQLITE
+#include "store/sqlite/Connection.h"
 #include "store/sqlite/SqliteStore.h"
 #endif
 
@@ -68,6 +69,13 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
   static_cast<void>(access);
   return store::CreateMemoryStore(schema::ContractCatalog(true),
                                   DefaultProfile(DefaultDatabaseName(name)));
+}
+
+void GiveUpWaitingWhen(bool (*asked)()) {
+#ifdef PACTORA_HAS_SQLITE
+  store::sqlite::GiveUpWaitingWhen(asked);
+#endif
+  static_cast<void>(asked);
 }
 
 void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,

@@ -24,6 +24,10 @@ std::string DefaultDatabaseName(const std::string& name);
 // Whether there is something under that name; never for ":memory:".
 bool DatabaseExists(const std::string& name);
 
+// While any database is waited for because other users keep it, asked again and
+// again: true ends the wait, which raises StoreError::Locked.
+void GiveUpWaitingWhen(bool (*asked)());
+
 // Opens a database; ":memory:" is a new, empty one. Raises what the store raises,
 // and DoorError::NotAvailable for a kind that this build can't open.
 std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access access);

@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "automation/database.h"
 #include "automation/errors.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -119,7 +120,10 @@ int Main(int argc, char** argv) {
   }
 
   CatchInterrupt();
-  return static_cast<int>(WithOutputWritten(run()));
+  automation::GiveUpWaitingWhen(InterruptAsked);
+  const Status status = WithOutputWritten(run());
+  return static_cast<int>(status != Status::Done && InterruptAsked() ? Status::Interrupted
+                                                                     : status);
 }
 
 }  // namespace
@@ -131,8 +135,9 @@ int main(int argc, char** argv) {
   try {
     return cli::Main(argc, argv);
   } catch (const pactora::platform::Error& error) {
-    cli::Complain(pactora::automation::Describe(error));
-    return static_cast<int>(cli::StatusOf(error));
+    const bool interrupted = cli::InterruptAsked();
+    cli::Complain(interrupted ? "abgebrochen" : pactora::automation::Describe(error));
+    return static_cast<int>(interrupted ? cli::Status::Interrupted : cli::StatusOf(error));
   } catch (const std::bad_alloc&) {
     cli::Complain("der Arbeitsspeicher reicht nicht");
   } catch (const std::exception& error) {

@@ -17,6 +17,7 @@
 #include <thread>
 
 #include "cli/Program.h"
+#include "store/sqlite/Connection.h"
 #include "support/company_text.h"
 
 namespace pactora::cli {
@@ -132,6 +133,22 @@ TEST_F(Processes, ThatWaitForTheirInputAreInterruptedAndDoNothing) {
   EXPECT_EQ(ended.status, 130);
   EXPECT_EQ(ended.error, "pactora: abgebrochen\n");
   EXPECT_TRUE(Numbers().empty());
+}
+
+TEST_F(Processes, ThatWaitForALockAreInterrupted) {
+  store::sqlite::Connection other(db, store::sqlite::Access::ReadWrite, std::chrono::seconds(20));
+  other.Run("BEGIN EXCLUSIVE");
+  const auto begin = std::chrono::steady_clock::now();
+  Child listing(folder, {"list", db, "contracts"});
+  Child making(folder, {"new-contract", db, "-"}, Orders(2));
+  std::this_thread::sleep_for(std::chrono::seconds(1));
+  for (Child* child : {&listing, &making}) {
+    child->Signal(SIGINT);
+    const Ended ended = child->Wait();
+    EXPECT_EQ(ended.status, 130) << ended.error;
+    EXPECT_EQ(ended.error, "pactora: abgebrochen\n");
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
 }
 
 TEST_F(Processes, TakeAwayWhatAKilledOneLeftHalfMade) {

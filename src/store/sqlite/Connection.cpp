@@ -1,7 +1,9 @@
 #include "store/sqlite/Connection.h"
 
 #include <algorithm>
+#include <atomic>
 #include <limits>
+#include <thread>
 
 #include "store/errors.h"
 #include "store/sqlite/Statement.h"
@@ -75,9 +77,17 @@ std::string PlainName(const std::string& path) {
   return path.starts_with("file:") ? "./" + path : path;
 }
 
+constexpr std::chrono::milliseconds kLongestTimeout(std::numeric_limits<int>::max());
+constexpr int kLongestPause = 50;  // milliseconds, between two tries for a lock
+
+std::atomic<bool (*)()> give_up = nullptr;
+
 }  // namespace
 
-Connection::Connection(const std::string& path, Access access, std::chrono::milliseconds timeout) {
+void GiveUpWaitingWhen(bool (*asked)()) { give_up = asked; }
+
+Connection::Connection(const std::string& path, Access access, std::chrono::milliseconds timeout)
+    : timeout_(std::min(timeout, kLongestTimeout)) {
   // SQLite takes an empty name for a temporary database.
   if (path.empty()) Raise(StoreError::NotReachable, "kein Dateiname");
   const int code = sqlite3_open_v2(PlainName(path).c_str(), &database_, OpenFlags(access), nullptr);
@@ -85,8 +95,19 @@ Connection::Connection(const std::string& path, Access access, std::chrono::mill
     sqlite3_close(database_);
     Raise(StoreError::NotReachable);
   }
-  const auto longest = std::chrono::milliseconds(std::numeric_limits<int>::max());
-  sqlite3_busy_timeout(database_, static_cast<int>(std::min(timeout, longest).count()));
+  sqlite3_busy_handler(database_, OnBusy, this);
+}
+
+int Connection::OnBusy(void* connection, int times) {
+  auto& waiting = *static_cast<Connection*>(connection);
+  const auto now = std::chrono::steady_clock::now();
+  if (times == 0) waiting.until_ = now + waiting.timeout_;
+  bool (*const asked)() = give_up;
+  if (now >= waiting.until_ || (asked != nullptr && asked())) return 0;
+  // Soon again at first: most units of work are short.
+  const auto pause = std::chrono::milliseconds(std::min(1 + times * 2, kLongestPause));
+  std::this_thread::sleep_for(pause);
+  return 1;
 }
 
 Connection::~Connection() {
@@ -94,7 +115,7 @@ Connection::~Connection() {
   // does that when no other user is writing, and it is harmless if it stays: nobody
   // is waited for.
   if (!InTransaction()) {
-    sqlite3_busy_timeout(database_, 0);
+    sqlite3_busy_handler(database_, nullptr, nullptr);
     sqlite3_exec(database_, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
   }
   sqlite3_close(database_);

@@ -13,6 +13,10 @@ enum class Access { ReadOnly, ReadWrite, Create };
 
 inline constexpr const char* kInMemory = ":memory:";
 
+// While a statement of any connection waits for other users, asked again and again:
+// true ends the wait as one that was too long. At first nobody is asked.
+void GiveUpWaitingWhen(bool (*asked)());
+
 class Connection {
  public:
   // Opens the file. Raises StoreError::NotReachable if that fails; whether it is
@@ -40,7 +44,12 @@ class Connection {
   [[noreturn]] void Fail(int code) const;
 
  private:
+  // Asked by SQLite while another user keeps the database; 0 gives up.
+  static int OnBusy(void* connection, int times);
+
   sqlite3* database_ = nullptr;
+  std::chrono::milliseconds timeout_;
+  std::chrono::steady_clock::time_point until_;  // of the wait that is under way
 };
 
 }  // namespace pactora::store::sqlite
