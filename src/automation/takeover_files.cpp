@@ -87,7 +87,7 @@ TakeoverRun::Count TakeoverJob::Run(const platform::Clock& clock,
     }
     TakeoverRun run(std::move(store), clock);
     const OldRejected old = ReadOldRejected();
-    if (!order_.rehearsal) report_.Open();
+    order_.rehearsal ? report_.RequireWritable() : report_.Open();
     const std::string name =
         std::filesystem::weakly_canonical(std::filesystem::absolute(order_.report)).string();
     const TakeoverRun::Count count = run.Run(list_, report_, name, after_line);

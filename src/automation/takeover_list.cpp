@@ -139,12 +139,8 @@ Columns ReadHeader(const CsvRow& header, const std::string& file) {
     for (const Column& column : kColumns) {
       if (column.name == name) known = &column;
     }
-    if (known == nullptr) {
-      std::string all;
-      for (const Column& column : kColumns)
-        all += (all.empty() ? "" : ", ") + std::string(column.name);
-      refuse(fmt::format("unbekannte Spalte \"{}\"; es gibt {}", name, all));
-    }
+    if (known == nullptr)
+      refuse(fmt::format("unbekannte Spalte \"{}\"; es gibt {}", name, TakeoverColumns()));
     for (const Column* column : columns) {
       if (column == known) refuse(fmt::format("die Spalte \"{}\" steht zweimal da", name));
     }
@@ -206,6 +202,13 @@ TakeoverList ReadTakeoverList(std::string_view text, const std::string& name) {
   const Columns columns = ReadHeader(rows.front(), name);
   for (std::size_t i = 1; i < rows.size(); ++i) list.lines.push_back(ReadLine(rows[i], columns));
   return list;
+}
+
+std::string TakeoverColumns() {
+  std::string names;
+  for (const Column& column : kColumns)
+    names += (names.empty() ? "" : ", ") + std::string(column.name);
+  return names;
 }
 
 std::string TextOf(const TakeoverList& list, const std::vector<const TakeoverLine*>& lines) {

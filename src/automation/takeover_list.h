@@ -44,6 +44,9 @@ struct TakeoverList {
 // twice, more cells than columns. name is that of the file, for messages.
 TakeoverList ReadTakeoverList(std::string_view text, const std::string& name);
 
+// The names of all columns, in one line; those that must be there first.
+std::string TakeoverColumns();
+
 // A list of some of its lines, written as the list is.
 std::string TextOf(const TakeoverList& list, const std::vector<const TakeoverLine*>& lines);
 

@@ -90,6 +90,13 @@ void TakeoverReport::Open() {
   Sync();
 }
 
+void TakeoverReport::RequireWritable() const {
+  const std::filesystem::path folder = std::filesystem::absolute(path_).parent_path();
+  std::error_code ignored;
+  const bool exists = std::filesystem::exists(path_, ignored);
+  if (::access(exists ? path_.c_str() : folder.c_str(), W_OK) != 0) RaiseUnwritable(path_);
+}
+
 TakeoverReport::~TakeoverReport() {
   if (file_ != nullptr) std::fclose(file_);
 }

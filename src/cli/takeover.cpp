@@ -76,6 +76,11 @@ void AddTakeover(CLI::App& app, Run& run) {
   const auto arguments = std::make_shared<TakeoverArguments>();
   CLI::App* command =
       AddCommand(app, "takeover", "Übernimmt laufende Verträge aus einer Liste (CSV)");
+  command->footer(fmt::format(
+      "Spalten der Liste: {}.\nDie ersten drei müssen da sein, die Reihenfolge ist beliebig. "
+      "Getrennt mit ; oder , und in UTF-8.\nDaten wie 31.12.2024 oder 2024-12-31, Zahlen wie "
+      "1234,56, ja oder nein.",
+      automation::TakeoverColumns()));
   AddDatabase(*command, arguments->order.database);
   command->add_option("LISTE", arguments->order.list, "Die Liste; - ist die Standardeingabe")
       ->required()

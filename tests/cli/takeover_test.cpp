@@ -62,6 +62,8 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   EXPECT_EQ(rehearsed.status, 3) << rehearsed.error;
   EXPECT_EQ(CountContracts(), before);
 
+  const std::string nowhere = folder.File("fehlt/bericht.csv");
+  EXPECT_EQ(Pactora(folder, {"takeover", db, list, "--report", nowhere, "--dry-run"}).status, 1);
   const nlohmann::json shown =
       nlohmann::json::parse(Pactora(folder, Call({"--dry-run", "--json"})).out);
 
