@@ -85,26 +85,11 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
   Count count;
   std::map<std::string_view, const TakeoverLine*> first_of_key;
   for (const TakeoverLine& line : list.lines) {
-    ReportLine result{line.line, line.key, TakeoverOutcome::Refused, {}, line.refusal};
-    const TakeoverLine& first =
-        line.overfull ? line : *first_of_key.try_emplace(line.key, &line).first->second;
-    if (line.overfull) {
-      // Nobody knows its key.
-    } else if (first.values != line.values) {
-      result.message = fmt::format("der Schlüssel steht schon in Zeile {}", first.line);
-    } else if (const std::string* number = report.CreatedFor(line.key)) {
-      result = AgainOrAnother(line, report, *number);
-      if (&first != &line && result.outcome == TakeoverOutcome::Skipped)
-        result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
-    } else if (const Remembered* contract = Recovered(line.key)) {
-      result = {line.line, line.key, TakeoverOutcome::Created, contract->number, {}};
-    } else {
-      if (recent_.size() >= kMostRemembered) {
-        report.Sync();
-        recent_.clear();
-      }
-      result = Enter(line);
-    }
+    // Of a line with too many values nobody knows the key; it is refused.
+    const ReportLine result =
+        line.overfull
+            ? Enter(line)
+            : Take(line, *first_of_key.try_emplace(line.key, &line).first->second, report);
     report.Add(result);
     switch (result.outcome) {
       case TakeoverOutcome::Created:
@@ -123,6 +108,29 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
     after_line();
   }
   return count;
+}
+
+ReportLine TakeoverRun::Take(const TakeoverLine& line, const TakeoverLine& first,
+                             TakeoverReport& report) {
+  if (first.values != line.values)
+    return {line.line,
+            line.key,
+            TakeoverOutcome::Refused,
+            {},
+            fmt::format("der Schlüssel steht schon in Zeile {}", first.line)};
+  if (const std::string* number = report.CreatedFor(line.key)) {
+    ReportLine result = AgainOrAnother(line, report, *number);
+    if (&first != &line && result.outcome == TakeoverOutcome::Skipped)
+      result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
+    return result;
+  }
+  if (const Remembered* contract = Recovered(line.key))
+    return {line.line, line.key, TakeoverOutcome::Created, contract->number, {}};
+  if (recent_.size() >= kMostRemembered) {
+    report.Sync();
+    recent_.clear();
+  }
+  return Enter(line);
 }
 
 std::string TakeoverRun::Count::Text() const {

@@ -61,6 +61,8 @@ class TakeoverRun {
   void ReadAddresses();
   // The contracts that there are, as far as the report's are to be found among them.
   void ReadContracts(const TakeoverReport& report);
+  // What becomes of a line; first is the first one of the list with its key.
+  ReportLine Take(const TakeoverLine& line, const TakeoverLine& first, TakeoverReport& report);
   // What becomes of a line whose key an earlier run entered.
   ReportLine AgainOrAnother(const TakeoverLine& line, const TakeoverReport& report,
                             const std::string& number) const;
@@ -72,7 +74,7 @@ class TakeoverRun {
     std::string why_not;
   };
   FoundAddress FindAddress(const std::string& name) const;
-  // What becomes of the line; a contract that it makes is durable.
+  // What becomes of a line that is new; a contract that it makes is durable.
   ReportLine Enter(const TakeoverLine& line);
   void EnterContract(const TakeoverLine& line, ReportLine& result);
   // Raises an error that a message told of if it concerns the whole database.
