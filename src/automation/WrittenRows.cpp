@@ -4,6 +4,13 @@
 
 namespace pactora::automation {
 
+WrittenRows& WrittenRows::Watch(std::unique_ptr<store::RecordStore>& store) {
+  auto watching = std::make_unique<WrittenRows>(std::move(store));
+  WrittenRows& written = *watching;
+  store = std::move(watching);
+  return written;
+}
+
 void WrittenRows::Write(JsonWriter& out) {
   out.BeginObject();
   store::Record record;

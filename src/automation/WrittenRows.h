@@ -16,6 +16,9 @@ class WrittenRows final : public ForwardingStore {
  public:
   using ForwardingStore::ForwardingStore;
 
+  // Puts one between the store and whoever uses it; lives as long as the store.
+  static WrittenRows& Watch(std::unique_ptr<store::RecordStore>& store);
+
   // The rows that were inserted or updated and are still there, in the order of
   // their first write, under their tables' names as in a dataset.
   void Write(JsonWriter& out);

@@ -16,6 +16,9 @@ namespace pactora::automation {
 
 using Access = store::OpenMode;
 
+// What is said at the end of a rehearsal.
+inline constexpr const char* kRehearsed = "Probelauf, nichts geschrieben";
+
 inline constexpr const char* kMemoryName = ":memory:";
 
 // The name that a database gets when nobody names it: that of its file.

@@ -11,6 +11,8 @@ void Raise(DoorError error, const std::string& text) {
   throw platform::Error(Number(error), text, kErrorSource);
 }
 
+void RaiseInterrupted() { Raise(DoorError::Interrupted, kInterrupted); }
+
 std::string SingleLine(std::string_view text) {
   std::string line;
   for (const char c : text) {

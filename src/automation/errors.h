@@ -27,6 +27,11 @@ inline constexpr const char* kErrorSource = "Pactora";
 // names the place.
 [[noreturn]] void Raise(DoorError error, const std::string& text);
 
+// What is said when the user asked to stop.
+inline constexpr const char* kInterrupted = "abgebrochen";
+// Raises DoorError::Interrupted with that text.
+[[noreturn]] void RaiseInterrupted();
+
 // Line breaks and other control characters become blanks.
 std::string SingleLine(std::string_view text);
 

@@ -88,7 +88,7 @@ std::string ReadStandardInput() {
   for (;;) {
     // Unlike reading, waiting is not taken up again after a signal.
     pollfd input{STDIN_FILENO, POLLIN, 0};
-    if (::poll(&input, 1, -1) < 0) Raise(DoorError::Interrupted, "abgebrochen");
+    if (::poll(&input, 1, -1) < 0) RaiseInterrupted();
     const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
     if (count < 0) Raise(DoorError::BadInput, "Standardeingabe: sie kann nicht gelesen werden");
     if (count == 0) return text;

@@ -219,11 +219,7 @@ RunResult RunScript(const Script& script, std::unique_ptr<store::RecordStore> st
                     const platform::Clock& clock, std::ostream& transcript,
                     const RunOptions& options) {
   WrittenRows* written = nullptr;
-  if (options.dump_written) {
-    auto watching = std::make_unique<WrittenRows>(std::move(store));
-    written = watching.get();
-    store = std::move(watching);
-  }
+  if (options.dump_written) written = &WrittenRows::Watch(store);
   Run run(std::move(store), clock, transcript);
   RunResult result = run.Steps(script, options.pause);
   if (written) run.Dump([written](JsonWriter& out) { written->Write(out); });

@@ -1,7 +1,9 @@
 #include "automation/takeover_clerk.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "automation/errors.h"
@@ -134,14 +136,9 @@ void TakeoverClerk::Begin(const TakeoverLine& line) {
 }
 
 std::string TakeoverClerk::JoinedMessages() const {
-  std::string joined;
-  const std::string* before = nullptr;
-  for (const std::string& message : messages_) {
-    const bool again = before != nullptr && *before == message;
-    if (!again) joined += (joined.empty() ? "" : " | ") + message;
-    before = &message;
-  }
-  return joined;
+  std::vector<std::string> different = messages_;
+  different.erase(std::unique(different.begin(), different.end()), different.end());
+  return fmt::format("{}", fmt::join(different, " | "));
 }
 
 ui::Answer TakeoverClerk::ShowMessage(const ui::Message& message) {

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <iterator>
 #include <memory>
@@ -80,11 +81,7 @@ TakeoverRun::Count TakeoverJob::Run(const platform::Clock& clock,
     auto store =
         OpenDatabase(order_.database, order_.rehearsal ? Access::Rehearsal : Access::Write);
     WrittenRows* written = nullptr;
-    if (show) {
-      auto watching = std::make_unique<WrittenRows>(std::move(store));
-      written = watching.get();
-      store = std::move(watching);
-    }
+    if (show) written = &WrittenRows::Watch(store);
     TakeoverRun run(std::move(store), clock);
     const OldRejected old = ReadOldRejected();
     order_.rehearsal ? report_.RequireWritable() : report_.Open();
@@ -139,18 +136,17 @@ void TakeoverJob::WriteRejected(OldRejected old) {
   std::vector<const TakeoverLine*> rejected;
   for (const ReportLine& line : report_.Lines())
     if (IsRejected(line.outcome)) rejected.push_back(lines.at(line.line));
-  any_rejected_ = !rejected.empty();
-  if (any_rejected_) {
-    ReplaceFile(file, TextOf(list_, rejected));
-  } else {
+  if (rejected.empty())
     std::filesystem::remove(file, failed);
-  }
+  else
+    ReplaceFile(file, TextOf(list_, rejected));
 }
 
 std::vector<std::string> TakeoverJob::FilesLeft() const {
   std::vector<std::string> left;
   const std::string rejected = RejectedFile(order_.report);
-  if (any_rejected_)
+  const auto is_rejected = [](const ReportLine& line) { return IsRejected(line.outcome); };
+  if (!order_.rehearsal && std::ranges::any_of(report_.Lines(), is_rejected))
     left.push_back(fmt::format(
         "Abgelehnte Zeilen stehen in {}; verbessert sind sie die nächste Liste", rejected));
   if (!kept_.empty())

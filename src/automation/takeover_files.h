@@ -71,9 +71,8 @@ class TakeoverJob {
   const TakeoverOrder order_;
   const TakeoverList list_;
   TakeoverReport report_;
-  bool list_is_rejected_;  // the list stands where its rejected lines will
-  bool any_rejected_ = false;
-  std::string kept_;  // file of an earlier run's rejected lines, empty for none
+  const bool list_is_rejected_;  // the list stands where its rejected lines will
+  std::string kept_;             // file of an earlier run's rejected lines, empty for none
 };
 
 }  // namespace pactora::automation

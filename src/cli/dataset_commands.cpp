@@ -26,7 +26,8 @@ struct DatasetArguments {
 };
 
 void Tell(const std::string& done, bool dry_run) {
-  fmt::print(stderr, "{}{}\n", done, dry_run ? " (Probelauf, nichts geschrieben)" : "");
+  fmt::print(stderr, "{}{}\n", done,
+             dry_run ? fmt::format(" ({})", automation::kRehearsed) : std::string());
 }
 
 automation::Pause StopOnInterrupt() {

@@ -22,7 +22,7 @@ void CatchInterrupt() { std::signal(SIGINT, OnInterrupt); }
 bool InterruptAsked() { return asked != 0; }
 
 void RaiseIfInterrupted() {
-  if (InterruptAsked()) automation::Raise(automation::DoorError::Interrupted, "abgebrochen");
+  if (InterruptAsked()) automation::RaiseInterrupted();
 }
 
 }  // namespace pactora::cli

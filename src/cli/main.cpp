@@ -136,7 +136,8 @@ int main(int argc, char** argv) {
     return cli::Main(argc, argv);
   } catch (const pactora::platform::Error& error) {
     const bool interrupted = cli::InterruptAsked();
-    cli::Complain(interrupted ? "abgebrochen" : pactora::automation::Describe(error));
+    cli::Complain(interrupted ? pactora::automation::kInterrupted
+                              : pactora::automation::Describe(error));
     return static_cast<int>(interrupted ? cli::Status::Interrupted : cli::StatusOf(error));
   } catch (const std::bad_alloc&) {
     cli::Complain("der Arbeitsspeicher reicht nicht");

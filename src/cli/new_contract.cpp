@@ -43,11 +43,7 @@ class Bulk {
     const auto clock = ClockFor(arguments_.today);
     auto store = automation::OpenDatabase(arguments_.database, AccessFor(arguments_.dry_run));
     automation::WrittenRows* written = nullptr;
-    if (arguments_.dry_run) {
-      auto watching = std::make_unique<automation::WrittenRows>(std::move(store));
-      written = watching.get();
-      store = std::move(watching);
-    }
+    if (arguments_.dry_run) written = &automation::WrittenRows::Watch(store);
     automation::ContractMaker maker(std::move(store), *clock);
     ProgressBar bar(total_);
     bar_ = &bar;
@@ -114,7 +110,7 @@ class Bulk {
     written.Write(out);
     out.EndObject();
     std::cout << '\n';
-    fmt::print(stderr, "Probelauf, nichts geschrieben\n");
+    fmt::print(stderr, "{}\n", automation::kRehearsed);
   }
 
   const NewContractArguments& arguments_;
@@ -136,7 +132,7 @@ void AddNewContract(CLI::App& app, Run& run) {
       ->required();
   AddToday(*command, arguments->today);
   AddDryRun(*command, arguments->dry_run,
-            "Probelauf: alles läuft wirklich, nichts wird geschrieben; die Zeilen, die entstanden "
+            "; die Zeilen, die entstanden "
             "wären, kommen als JSON auf die Standardausgabe");
   AddJson(*command, arguments->json);
   command->callback([&run, arguments] { run = [arguments] { return Bulk(*arguments).Run(); }; });

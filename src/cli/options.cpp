@@ -17,16 +17,18 @@ void AddDatabase(CLI::App& command, std::string& name) {
       ->required();
 }
 
-void AddDryRun(CLI::App& command, bool& dry_run, const std::string& description) {
-  command.add_flag("--dry-run", dry_run, description)->group(kOptionGroup);
+void AddDryRun(CLI::App& command, bool& dry_run, const std::string& more) {
+  command
+      .add_flag("--dry-run", dry_run,
+                "Probelauf: alles läuft wirklich, nichts wird geschrieben" + more)
+      ->group(kOptionGroup);
 }
 
-void AddJson(CLI::App& command, bool& json, const std::string& description) {
-  command.add_flag("--json", json, description)->group(kOptionGroup);
+void AddJson(CLI::App& command, bool& json, const std::string& more) {
+  command.add_flag("--json", json, "Ausgabe als JSON" + more)->group(kOptionGroup);
 }
 
-void AddToday(CLI::App& command, std::optional<platform::Date>& today,
-              const std::string& description) {
+void AddToday(CLI::App& command, std::optional<platform::Date>& today, const std::string& more) {
   command
       .add_option_function<std::string>(
           "--today",
@@ -35,7 +37,7 @@ void AddToday(CLI::App& command, std::optional<platform::Date>& today,
             if (!today || platform::TimeOfDay(*today) != 0)
               throw CLI::ValidationError("--today", "ein Datum wie 2024-03-15 wird erwartet");
           },
-          description)
+          "Das Datum, das für heute gilt (JJJJ-MM-TT)" + more)
       ->type_name("DATUM")
       ->group(kOptionGroup);
 }

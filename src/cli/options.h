@@ -17,13 +17,12 @@ inline constexpr const char* kOptionGroup = "Optionen";
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description);
 
 void AddDatabase(CLI::App& command, std::string& name);
-void AddDryRun(
-    CLI::App& command, bool& dry_run,
-    const std::string& description = "Probelauf: alles läuft wirklich, nichts wird geschrieben");
-void AddJson(CLI::App& command, bool& json, const std::string& description = "Ausgabe als JSON");
+// more says what is special about the option in this command.
+void AddDryRun(CLI::App& command, bool& dry_run, const std::string& more = {});
+void AddJson(CLI::App& command, bool& json, const std::string& more = {});
 // A date as "2024-03-15"; anything else is wrong usage.
 void AddToday(CLI::App& command, std::optional<platform::Date>& today,
-              const std::string& description = "Das Datum, das für heute gilt (JJJJ-MM-TT)");
+              const std::string& more = {});
 
 automation::Access AccessFor(bool dry_run);
 

@@ -43,7 +43,7 @@ Status RunScriptFile(const RunArguments& arguments) {
     Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
   if (result.outage && result.problems.empty())
     Complain(fmt::format("{}: {}", arguments.database, store::Text(*result.outage)));
-  if (arguments.dry_run) fmt::print(stderr, "Probelauf, nichts geschrieben\n");
+  if (arguments.dry_run) fmt::print(stderr, "{}\n", automation::kRehearsed);
   if (result.outage) return StatusOf(*result.outage);
   return result.problems.empty() ? Status::Done : Status::Refused;
 }
@@ -57,10 +57,9 @@ void AddRun(CLI::App& app, Run& run) {
   AddDatabase(*command, arguments->database);
   command->add_option("SKRIPT", arguments->script, "Das Skript; - ist die Standardeingabe")
       ->required();
-  AddToday(*command, arguments->today,
-           "Das Datum, das für heute gilt (JJJJ-MM-TT), statt dem des Skripts");
+  AddToday(*command, arguments->today, ", statt dem des Skripts");
   AddDryRun(*command, arguments->dry_run,
-            "Probelauf: alles läuft wirklich, nichts wird geschrieben; als letztes Ereignis kommen "
+            "; als letztes Ereignis kommen "
             "die Zeilen, die entstanden wären");
   command->callback([&run, arguments] { run = [arguments] { return RunScriptFile(*arguments); }; });
 }

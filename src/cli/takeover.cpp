@@ -55,14 +55,14 @@ Status RunTakeover(const TakeoverArguments& arguments) {
     bar.Clear();
     if (job.Lines().empty()) throw;
     fmt::print(stderr, "{} von {} Zeilen bearbeitet; {}\n", job.Lines().size(), job.Size(),
-               arguments.order.rehearsal ? "Probelauf, nichts geschrieben"
+               arguments.order.rehearsal ? automation::kRehearsed
                                          : "derselbe Aufruf setzt die Liste fort");
     throw;
   }
   bar.Clear();
   if (arguments.order.rehearsal) {
     if (!arguments.json) std::cout << job.ReportText();
-    fmt::print(stderr, "Probelauf, nichts geschrieben\n");
+    fmt::print(stderr, "{}\n", automation::kRehearsed);
   }
   fmt::print(stderr, "{}\n", count.Text());
   for (const std::string& sentence : job.FilesLeft()) fmt::print(stderr, "{}\n", sentence);
@@ -94,10 +94,9 @@ void AddTakeover(CLI::App& app, Run& run) {
       ->group(kOptionGroup);
   AddToday(*command, arguments->today);
   AddDryRun(*command, arguments->order.rehearsal,
-            "Probelauf: alles läuft wirklich, nichts wird geschrieben; der Bericht kommt auf die "
+            "; der Bericht kommt auf die "
             "Standardausgabe");
-  AddJson(*command, arguments->json,
-          "Ausgabe als JSON: der Bericht und die geschriebenen Zeilen der Datenbank");
+  AddJson(*command, arguments->json, ": der Bericht und die geschriebenen Zeilen der Datenbank");
   command->callback([&run, arguments] { run = [arguments] { return RunTakeover(*arguments); }; });
 }
 

@@ -30,7 +30,7 @@ automation::Pause Progress::Pause() {
     const double part = all == 0 ? 0 : static_cast<double>(done) / static_cast<double>(all);
     // Less than the whole: the last part is the writing to the disk.
     dialog_.setValue(static_cast<int>(part * (kParts - 1)));
-    if (dialog_.wasCanceled()) automation::Raise(automation::DoorError::Interrupted, "abgebrochen");
+    if (dialog_.wasCanceled()) automation::RaiseInterrupted();
   };
 }
 

@@ -154,13 +154,13 @@ void TakeoverWindow::Run(automation::TakeoverJob& job) {
       QApplication::processEvents();
       since.restart();
     }
-    if (stop_asked_) automation::Raise(automation::DoorError::Interrupted, "abgebrochen");
+    if (stop_asked_) automation::RaiseInterrupted();
   };
   try {
     const auto count = job.Run(clock_, after_line);
     ShowLines(job);
     QString text = ToQt(count.Text());
-    if (rehearsal_.isChecked()) text += QStringLiteral(" (Probelauf, nichts geschrieben)");
+    if (rehearsal_.isChecked()) text += QStringLiteral(" (%1)").arg(ToQt(automation::kRehearsed));
     for (const std::string& sentence : job.FilesLeft()) text += QChar(u'\n') + ToQt(sentence);
     outcome_.setText(text);
   } catch (const platform::Error& error) {
@@ -169,7 +169,7 @@ void TakeoverWindow::Run(automation::TakeoverJob& job) {
                          .arg(job.Lines().size())
                          .arg(job.Size())
                          .arg(rehearsal_.isChecked()
-                                  ? QStringLiteral("Probelauf, nichts geschrieben")
+                                  ? ToQt(automation::kRehearsed)
                                   : QStringLiteral("ein neuer Start setzt die Liste fort")));
     if (error.Number() != automation::Number(automation::DoorError::Interrupted)) throw;
   }
