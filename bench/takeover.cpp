@@ -3,11 +3,11 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "automation/dataset_import.h"
-#include "automation/sample/sample.h"
-#include "automation/takeover_list.h"
-#include "automation/takeover_report.h"
-#include "automation/takeover_run.h"
+#include "automation/dataset/dataset_import.h"
+#include "automation/dataset/sample/sample.h"
+#include "automation/takeover/takeover_list.h"
+#include "automation/takeover/takeover_report.h"
+#include "automation/takeover/takeover_run.h"
 
 namespace pactora::bench {
 namespace {
@@ -22,8 +22,8 @@ std::string List() {
 }
 
 std::unique_ptr<store::RecordStore> Filled(std::unique_ptr<store::RecordStore> store) {
-  const auto source = automation::MemorySource("sample", std::string(automation::SampleDataset()));
-  automation::ImportDataset(*store, source, automation::SurveyDataset(source), "FIRMA");
+  const auto source = formats::MemorySource("sample", std::string(dataset::SampleDataset()));
+  dataset::ImportDataset(*store, source, dataset::SurveyDataset(source), "FIRMA");
   return store;
 }
 
@@ -34,8 +34,8 @@ struct TakeoverOffice::Parts {
       : run(Filled(std::move(store)), clock) {}
 
   platform::FixedClock clock{platform::FromCivil(2026, 3, 15)};
-  automation::TakeoverList list = automation::ReadTakeoverList(List(), "list");
-  automation::TakeoverRun run;
+  takeover::TakeoverList list = takeover::ReadTakeoverList(List(), "list");
+  takeover::TakeoverRun run;
 };
 
 TakeoverOffice::TakeoverOffice(std::unique_ptr<store::RecordStore> store)
@@ -44,7 +44,7 @@ TakeoverOffice::TakeoverOffice(std::unique_ptr<store::RecordStore> store)
 TakeoverOffice::~TakeoverOffice() = default;
 
 void TakeoverOffice::TakeOver() {
-  automation::TakeoverReport report;
+  takeover::TakeoverReport report;
   const auto count = parts_->run.Run(parts_->list, report, "bench", [] {});
   parts_->run.Finish(report);
   if (count.created == kLines) return;

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <limits>
 
-#include "automation/JsonWriter.h"
-#include "automation/errors.h"
-#include "automation/values.h"
+#include "automation/dataset/values.h"
+#include "automation/formats/JsonWriter.h"
+#include "automation/formats/errors.h"
 #include "cli/status.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
@@ -26,7 +26,7 @@ std::string CellText(const host::Value& value) {
       if (value.AsDate() == platform::kNoInvoiceDate) return "keine";
       return host::ToText(value);
     default:
-      return automation::SingleLine(host::ToText(value));
+      return formats::SingleLine(host::ToText(value));
   }
 }
 
@@ -86,13 +86,13 @@ void TextTable::PrintText(std::ostream& out) const {
 }
 
 void TextTable::PrintJson(std::ostream& out) const {
-  automation::JsonWriter writer(out, automation::JsonWriter::Layout::Indented);
+  formats::JsonWriter writer(out, formats::JsonWriter::Layout::Indented);
   writer.BeginArray();
   for (const auto& row : rows_) {
     writer.BeginObject();
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       writer.Key(columns_[i].key);
-      writer.Value(automation::ToJson(row[i]));
+      writer.Value(dataset::ToJson(row[i]));
     }
     writer.EndObject();
   }

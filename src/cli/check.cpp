@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "automation/check.h"
-#include "automation/database.h"
-#include "automation/errors.h"
+#include "automation/checks/check.h"
+#include "automation/formats/errors.h"
+#include "automation/workspace/database.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
 #include "cli/options.h"
@@ -21,12 +21,12 @@ Status RunCheck(const std::string& database) {
   std::size_t faults = 0;
   const auto found = [&faults](const std::string& text) {
     ++faults;
-    std::cout << automation::SingleLine(text) << '\n';
+    std::cout << formats::SingleLine(text) << '\n';
   };
-  const auto store = automation::OpenDatabase(database, automation::Access::Read);
-  for (const std::string& fault : automation::CheckStorage(database)) found(fault);
-  const auto contracts = automation::Naming(database, [&] {
-    automation::CheckDatabase(*store, found, RaiseIfInterrupted);
+  const auto store = workspace::OpenDatabase(database, workspace::Access::Read);
+  for (const std::string& fault : workspace::CheckStorage(database)) found(fault);
+  const auto contracts = workspace::Naming(database, [&] {
+    checks::CheckDatabase(*store, found, RaiseIfInterrupted);
     return store->Count(store->Catalog().FindTable(schema::table::vv_Vertraege).value());
   });
   fmt::print(stderr, "{} {} geprüft, {} {}\n", contracts, contracts == 1 ? "Vertrag" : "Verträge",

@@ -4,12 +4,12 @@
 #include <memory>
 #include <string>
 
-#include "automation/database.h"
-#include "automation/dataset_files.h"
-#include "automation/dataset_head.h"
-#include "automation/dataset_import.h"
-#include "automation/files.h"
-#include "automation/sample/sample.h"
+#include "automation/dataset/dataset_files.h"
+#include "automation/dataset/dataset_import.h"
+#include "automation/dataset/dataset_profile.h"
+#include "automation/dataset/sample/sample.h"
+#include "automation/formats/files.h"
+#include "automation/workspace/database.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
 #include "cli/options.h"
@@ -27,39 +27,39 @@ struct DatasetArguments {
 
 void Tell(const std::string& done, bool dry_run) {
   fmt::print(stderr, "{}{}\n", done,
-             dry_run ? fmt::format(" ({})", automation::kRehearsed) : std::string());
+             dry_run ? fmt::format(" ({})", workspace::kRehearsed) : std::string());
 }
 
-automation::Pause StopOnInterrupt() {
+dataset::Pause StopOnInterrupt() {
   return [](std::size_t, std::size_t) { RaiseIfInterrupted(); };
 }
 
 Status RunInit(const DatasetArguments& arguments) {
-  if (automation::DatabaseExists(arguments.database)) automation::RaiseTaken(arguments.database);
+  if (workspace::DatabaseExists(arguments.database)) formats::RaiseTaken(arguments.database);
   if (arguments.sample) {
-    automation::ImportDatabase(
+    dataset::ImportDatabase(
         arguments.database,
-        automation::MemorySource("Beispieldaten", std::string(automation::SampleDataset())),
+        formats::MemorySource("Beispieldaten", std::string(dataset::SampleDataset())),
         AccessFor(arguments.dry_run), StopOnInterrupt());
   } else {
-    const std::string name = automation::DefaultDatabaseName(arguments.database);
-    automation::MakeDatabase(arguments.database, true, automation::DefaultProfile(name),
-                             AccessFor(arguments.dry_run), [](store::RecordStore&) {});
+    const std::string name = workspace::DefaultDatabaseName(arguments.database);
+    workspace::MakeDatabase(arguments.database, true, workspace::DefaultProfile(name),
+                            AccessFor(arguments.dry_run), [](store::RecordStore&) {});
   }
   Tell(fmt::format("{} angelegt", arguments.database), arguments.dry_run);
   return Status::Done;
 }
 
 Status RunImport(const DatasetArguments& arguments) {
-  const automation::TextSource source = automation::FileSource(arguments.file);
-  automation::ImportDatabase(arguments.database, source, AccessFor(arguments.dry_run),
-                             StopOnInterrupt());
+  const formats::TextSource source = formats::FileSource(arguments.file);
+  dataset::ImportDatabase(arguments.database, source, AccessFor(arguments.dry_run),
+                          StopOnInterrupt());
   Tell(fmt::format("{} eingelesen in {}", source.name, arguments.database), arguments.dry_run);
   return Status::Done;
 }
 
 Status RunExport(const DatasetArguments& arguments) {
-  automation::ExportDatabase(arguments.database, arguments.file, StopOnInterrupt());
+  dataset::ExportDatabase(arguments.database, arguments.file, StopOnInterrupt());
   return Status::Done;
 }
 
@@ -90,7 +90,7 @@ void AddImport(CLI::App& app, Run& run) {
 
 void AddExport(CLI::App& app, Run& run) {
   const auto arguments = std::make_shared<DatasetArguments>();
-  arguments->file = automation::kStandardStream;
+  arguments->file = formats::kStandardStream;
   CLI::App* command = AddCommand(app, "export", "Schreibt den Datenbestand einer Datenbank");
   AddDatabase(*command, arguments->database);
   command->add_option("DATEI", arguments->file,

@@ -2,7 +2,7 @@
 
 #include <csignal>
 
-#include "automation/errors.h"
+#include "automation/formats/errors.h"
 
 namespace pactora::cli {
 
@@ -22,7 +22,7 @@ void CatchInterrupt() { std::signal(SIGINT, OnInterrupt); }
 bool InterruptAsked() { return asked != 0; }
 
 void RaiseIfInterrupted() {
-  if (InterruptAsked()) automation::RaiseInterrupted();
+  if (InterruptAsked()) formats::RaiseInterrupted();
 }
 
 }  // namespace pactora::cli

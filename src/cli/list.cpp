@@ -13,10 +13,10 @@
 #include <utility>
 #include <vector>
 
-#include "automation/database.h"
-#include "automation/dataset_export.h"
-#include "automation/deadlines.h"
-#include "automation/files.h"
+#include "automation/deadlines/deadlines.h"
+#include "automation/formats/files.h"
+#include "automation/workspace/database.h"
+#include "automation/workspace/row_walk.h"
 #include "cli/TextTable.h"
 #include "cli/commands.h"
 #include "cli/options.h"
@@ -55,7 +55,7 @@ TextTable ListTable(store::RecordStore& store, std::string_view name, std::vecto
                     const std::vector<FieldColumn>& fields, const Before& before) {
   TextTable list(Columns(std::move(first), fields));
   const store::TableId id = store.Catalog().FindTable(name).value();
-  automation::ForEachRow(store, id, [&](const store::Record& record) {
+  workspace::ForEachRow(store, id, [&](const store::Record& record) {
     std::vector<host::Value> row = before(record);
     AddFields(store.Catalog().tables[id], record, fields, row);
     list.Add(std::move(row));
@@ -142,7 +142,7 @@ struct ListArguments {
 
 constexpr const char* kDeadlines = "deadlines";
 
-TextTable DeadlineTable(const std::vector<automation::Deadline>& deadlines) {
+TextTable DeadlineTable(const std::vector<deadlines::Deadline>& found) {
   TextTable list({{"Datum", "Datum"},
                   {"Frist", "Frist"},
                   {"Zugang spätestens", "Zugang"},
@@ -152,8 +152,8 @@ TextTable DeadlineTable(const std::vector<automation::Deadline>& deadlines) {
                   {"Typ", "Typ"},
                   {"Verantwortlich", "Verantwortlich"},
                   {"Oid", "oid"}});
-  for (const automation::Deadline& deadline : deadlines) {
-    list.Add({deadline.date, automation::Text(deadline.kind),
+  for (const deadlines::Deadline& deadline : found) {
+    list.Add({deadline.date, deadlines::Text(deadline.kind),
               deadline.safe_receipt ? host::Value(*deadline.safe_receipt) : host::Value(),
               deadline.address, deadline.number, deadline.name, deadline.side, deadline.responsible,
               std::to_string(deadline.contract)});
@@ -163,10 +163,10 @@ TextTable DeadlineTable(const std::vector<automation::Deadline>& deadlines) {
 
 TextTable Deadlines(store::RecordStore& store, const ListArguments& arguments) {
   const platform::Date today = ClockFor(arguments.today)->Today();
-  const auto deadlines = automation::ReadDeadlines(store, today, arguments.within);
+  const auto found = deadlines::ReadDeadlines(store, today, arguments.within);
   if (!arguments.calendar.empty())
-    automation::WriteCalendar(deadlines, arguments.database, store, today, arguments.calendar);
-  return DeadlineTable(deadlines);
+    deadlines::WriteCalendar(found, arguments.database, store, today, arguments.calendar);
+  return DeadlineTable(found);
 }
 
 template <TextTable (*kMake)(store::RecordStore&)>
@@ -190,20 +190,20 @@ Status RunList(const ListArguments& arguments) {
     Complain("--within und --ical gibt es nur zu deadlines");
     return Status::BadInput;
   }
-  if (!arguments.calendar.empty() && !automation::HasCalendars()) {
+  if (!arguments.calendar.empty() && !deadlines::HasCalendars()) {
     Complain("Kalenderdateien sind in diesem Programm nicht enthalten");
     return Status::BadInput;
   }
-  if (arguments.json && arguments.calendar == automation::kStandardStream) {
+  if (arguments.json && arguments.calendar == formats::kStandardStream) {
     Complain("--json und --ical - gehen nicht zusammen: beides käme auf die Standardausgabe");
     return Status::BadInput;
   }
-  const auto store = automation::OpenDatabase(arguments.database, automation::Access::Read);
+  const auto store = workspace::OpenDatabase(arguments.database, workspace::Access::Read);
   for (const auto& [name, make] : kLists) {
     if (arguments.what != name) continue;
-    const TextTable list = automation::Naming(arguments.database,
-                                              [&, make = make] { return make(*store, arguments); });
-    if (arguments.calendar == automation::kStandardStream) break;
+    const TextTable list =
+        workspace::Naming(arguments.database, [&, make = make] { return make(*store, arguments); });
+    if (arguments.calendar == formats::kStandardStream) break;
     arguments.json ? list.PrintJson(std::cout) : list.PrintText(std::cout);
   }
   return Status::Done;
@@ -213,9 +213,9 @@ std::int32_t ReadWeeks(const std::string& text) {
   std::int32_t weeks = 0;
   const char* const end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, weeks);
-  if (error != std::errc() || stop != end || weeks < 0 || weeks > automation::kMostWeeks) {
+  if (error != std::errc() || stop != end || weeks < 0 || weeks > deadlines::kMostWeeks) {
     throw CLI::ValidationError("--within", fmt::format("eine ganze Zahl von 0 bis {} wird erwartet",
-                                                       automation::kMostWeeks));
+                                                       deadlines::kMostWeeks));
   }
   return weeks;
 }

@@ -13,8 +13,8 @@
 #include <utility>
 #include <vector>
 
-#include "automation/database.h"
-#include "automation/errors.h"
+#include "automation/formats/errors.h"
+#include "automation/workspace/database.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
 #include "cli/options.h"
@@ -120,7 +120,7 @@ int Main(int argc, char** argv) {
   }
 
   CatchInterrupt();
-  automation::GiveUpWaitingWhen(InterruptAsked);
+  workspace::GiveUpWaitingWhen(InterruptAsked);
   const Status status = WithOutputWritten(run());
   return static_cast<int>(status != Status::Done && InterruptAsked() ? Status::Interrupted
                                                                      : status);
@@ -136,8 +136,7 @@ int main(int argc, char** argv) {
     return cli::Main(argc, argv);
   } catch (const pactora::platform::Error& error) {
     const bool interrupted = cli::InterruptAsked();
-    cli::Complain(interrupted ? pactora::automation::kInterrupted
-                              : pactora::automation::Describe(error));
+    cli::Complain(interrupted ? pactora::formats::kInterrupted : pactora::formats::Describe(error));
     return static_cast<int>(interrupted ? cli::Status::Interrupted : cli::StatusOf(error));
   } catch (const std::bad_alloc&) {
     cli::Complain("der Arbeitsspeicher reicht nicht");

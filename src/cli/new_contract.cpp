@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "automation/ContractMaker.h"
-#include "automation/JsonWriter.h"
-#include "automation/WrittenRows.h"
-#include "automation/contract_file.h"
-#include "automation/database.h"
-#include "automation/errors.h"
+#include "automation/dataset/ContractMaker.h"
+#include "automation/dataset/WrittenRows.h"
+#include "automation/dataset/contract_file.h"
+#include "automation/formats/JsonWriter.h"
+#include "automation/formats/errors.h"
+#include "automation/workspace/database.h"
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -33,28 +33,28 @@ struct NewContractArguments {
 class Bulk {
  public:
   explicit Bulk(const NewContractArguments& arguments) : arguments_(arguments) {
-    for (const std::string& file : arguments.files) files_.push_back(automation::FileSource(file));
+    for (const std::string& file : arguments.files) files_.push_back(formats::FileSource(file));
     // All files are looked through before anything is done.
     for (const auto& file : files_)
-      automation::ForEachContract(file, [this](const automation::ContractOrder&) { ++total_; });
+      dataset::ForEachContract(file, [this](const dataset::ContractOrder&) { ++total_; });
   }
 
   Status Run() {
     const auto clock = ClockFor(arguments_.today);
-    auto store = automation::OpenDatabase(arguments_.database, AccessFor(arguments_.dry_run));
-    automation::WrittenRows* written = nullptr;
-    if (arguments_.dry_run) written = &automation::WrittenRows::Watch(store);
-    automation::ContractMaker maker(std::move(store), *clock);
+    auto store = workspace::OpenDatabase(arguments_.database, AccessFor(arguments_.dry_run));
+    dataset::WrittenRows* written = nullptr;
+    if (arguments_.dry_run) written = &dataset::WrittenRows::Watch(store);
+    dataset::ContractMaker maker(std::move(store), *clock);
     ProgressBar bar(total_);
     bar_ = &bar;
     try {
       for (const auto& file : files_)
-        automation::ForEachContract(
-            file, [&](const automation::ContractOrder& order) { Make(maker, order); });
+        dataset::ForEachContract(file,
+                                 [&](const dataset::ContractOrder& order) { Make(maker, order); });
     } catch (const platform::Error& error) {
       // The rest is not tried: the database is out of reach or the user stops.
       bar.Clear();
-      const std::string why = automation::Describe(automation::Named(arguments_.database, error));
+      const std::string why = formats::Describe(workspace::Named(arguments_.database, error));
       Complain(total_ > 1 ? fmt::format("{} ({} von {} angelegt)", why, made_, total_) : why);
       const Status status = StatusOf(error);
       return status == Status::Interrupted || made_ == 0 ? status : Status::PartlyDone;
@@ -69,27 +69,27 @@ class Bulk {
   }
 
  private:
-  void Make(automation::ContractMaker& maker, const automation::ContractOrder& order) {
+  void Make(dataset::ContractMaker& maker, const dataset::ContractOrder& order) {
     RaiseIfInterrupted();
     try {
-      const automation::MadeContract made = maker.Make(order);
+      const dataset::MadeContract made = maker.Make(order);
       ++made_;
       bar_->ClearForOutput();
       Print(order, made);
     } catch (const platform::Error& error) {
       if (StatusOf(error) != Status::Refused) throw;
       bar_->Clear();
-      Complain(fmt::format("{}: {}", order.source, automation::Describe(error)));
+      Complain(fmt::format("{}: {}", order.source, formats::Describe(error)));
     }
     bar_->Advance();
   }
 
-  void Print(const automation::ContractOrder& order, const automation::MadeContract& made) {
+  void Print(const dataset::ContractOrder& order, const dataset::MadeContract& made) {
     const std::string contract = fmt::format("Oid {} ({})", made.oid, order.source);
     if (arguments_.json) {
-      std::cout << automation::OneLine({{"source", order.source},
-                                        {"Vertragnummer", made.number},
-                                        {"oid", made.oid}})
+      std::cout << formats::OneLine({{"source", order.source},
+                                     {"Vertragnummer", made.number},
+                                     {"oid", made.oid}})
                 << '\n';
     } else if (arguments_.dry_run) {
       fmt::print(stderr, "Vertrag {} wäre angelegt, {}\n", made.number, contract);
@@ -101,8 +101,8 @@ class Bulk {
   }
 
   // What the rehearsal would have written.
-  void PrintRows(automation::WrittenRows& written) const {
-    using automation::JsonWriter;
+  void PrintRows(dataset::WrittenRows& written) const {
+    using formats::JsonWriter;
     JsonWriter out(std::cout,
                    arguments_.json ? JsonWriter::Layout::OneLine : JsonWriter::Layout::Indented);
     out.BeginObject();
@@ -110,11 +110,11 @@ class Bulk {
     written.Write(out);
     out.EndObject();
     std::cout << '\n';
-    fmt::print(stderr, "{}\n", automation::kRehearsed);
+    fmt::print(stderr, "{}\n", workspace::kRehearsed);
   }
 
   const NewContractArguments& arguments_;
-  std::vector<automation::TextSource> files_;
+  std::vector<formats::TextSource> files_;
   std::size_t total_ = 0;
   std::size_t made_ = 0;
   ProgressBar* bar_ = nullptr;

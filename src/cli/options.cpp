@@ -42,8 +42,8 @@ void AddToday(CLI::App& command, std::optional<platform::Date>& today, const std
       ->group(kOptionGroup);
 }
 
-automation::Access AccessFor(bool dry_run) {
-  return dry_run ? automation::Access::Rehearsal : automation::Access::Write;
+workspace::Access AccessFor(bool dry_run) {
+  return dry_run ? workspace::Access::Rehearsal : workspace::Access::Write;
 }
 
 std::unique_ptr<platform::Clock> ClockFor(const std::optional<platform::Date>& today) {

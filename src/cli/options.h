@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "automation/database.h"
+#include "automation/workspace/database.h"
 #include "platform/Clock.h"
 
 namespace pactora::cli {
@@ -24,7 +24,7 @@ void AddJson(CLI::App& command, bool& json, const std::string& more = {});
 void AddToday(CLI::App& command, std::optional<platform::Date>& today,
               const std::string& more = {});
 
-automation::Access AccessFor(bool dry_run);
+workspace::Access AccessFor(bool dry_run);
 
 // The day that the program takes for today: the given one or the machine's.
 std::unique_ptr<platform::Clock> ClockFor(const std::optional<platform::Date>& today);

@@ -6,11 +6,11 @@
 #include <optional>
 #include <string>
 
-#include "automation/JsonWriter.h"
-#include "automation/WrittenRows.h"
-#include "automation/database.h"
-#include "automation/dataset_import.h"
-#include "automation/script_run.h"
+#include "automation/dataset/WrittenRows.h"
+#include "automation/formats/JsonWriter.h"
+#include "automation/formats/TextSource.h"
+#include "automation/scripts/script_run.h"
+#include "automation/workspace/database.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
 #include "cli/options.h"
@@ -27,23 +27,23 @@ struct RunArguments {
 };
 
 Status RunScriptFile(const RunArguments& arguments) {
-  const automation::TextSource source = automation::FileSource(arguments.script);
-  const automation::Script script =
-      automation::ReadScript(automation::ParseJson(*source.open(), source.name), source.name);
+  const formats::TextSource source = formats::FileSource(arguments.script);
+  const scripts::Script script =
+      scripts::ReadScript(formats::ParseJson(*source.open(), source.name), source.name);
   const auto clock = ClockFor(arguments.today ? arguments.today : script.today);
-  auto store = automation::OpenDatabase(arguments.database, AccessFor(arguments.dry_run));
-  automation::RunOptions options;
+  auto store = workspace::OpenDatabase(arguments.database, AccessFor(arguments.dry_run));
+  scripts::RunOptions options;
   options.pause = RaiseIfInterrupted;
   options.dump_written = arguments.dry_run;
-  const automation::RunResult result =
-      automation::RunScript(script, std::move(store), *clock, std::cout, options);
+  const scripts::RunResult result =
+      scripts::RunScript(script, std::move(store), *clock, std::cout, options);
   for (const std::string& problem : result.problems)
     Complain(fmt::format("{}: {}", source.name, problem));
   for (const std::string& place : result.unused_faults)
     Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
   if (result.outage && result.problems.empty())
     Complain(fmt::format("{}: {}", arguments.database, store::Text(*result.outage)));
-  if (arguments.dry_run) fmt::print(stderr, "{}\n", automation::kRehearsed);
+  if (arguments.dry_run) fmt::print(stderr, "{}\n", workspace::kRehearsed);
   if (result.outage) return StatusOf(*result.outage);
   return result.problems.empty() ? Status::Done : Status::Refused;
 }

@@ -4,13 +4,13 @@
 
 #include <cstdio>
 
-#include "automation/errors.h"
+#include "automation/formats/errors.h"
 
 namespace pactora::cli {
 
 void Complain(const std::string& text) {
   std::fflush(stdout);
-  fmt::print(stderr, "pactora: {}\n", automation::SingleLine(text));
+  fmt::print(stderr, "pactora: {}\n", formats::SingleLine(text));
 }
 
 }  // namespace pactora::cli

@@ -3,12 +3,12 @@
 
 #include <string>
 
-#include "automation/exit_status.h"
+#include "automation/workspace/exit_status.h"
 
 namespace pactora::cli {
 
-using automation::Status;
-using automation::StatusOf;
+using workspace::Status;
+using workspace::StatusOf;
 
 // "pactora: " and the text, as one line on standard error.
 void Complain(const std::string& text);

@@ -5,8 +5,8 @@
 #include <memory>
 #include <optional>
 
-#include "automation/takeover_files.h"
-#include "automation/takeover_report.h"
+#include "automation/takeover/takeover_job.h"
+#include "automation/takeover/takeover_report.h"
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -17,14 +17,14 @@ namespace pactora::cli {
 namespace {
 
 struct TakeoverArguments {
-  automation::TakeoverOrder order;
+  takeover::TakeoverOrder order;
   std::optional<platform::Date> today;
   bool json = false;
 };
 
 // The report, and what was or would be written.
-void PrintJson(const automation::TakeoverJob& job, automation::WrittenRows& written) {
-  automation::JsonWriter out(std::cout, automation::JsonWriter::Layout::OneLine);
+void PrintJson(const takeover::TakeoverJob& job, dataset::WrittenRows& written) {
+  formats::JsonWriter out(std::cout, formats::JsonWriter::Layout::OneLine);
   out.BeginObject();
   out.Key("lines");
   job.WriteReport(out);
@@ -35,18 +35,18 @@ void PrintJson(const automation::TakeoverJob& job, automation::WrittenRows& writ
 }
 
 Status RunTakeover(const TakeoverArguments& arguments) {
-  automation::TakeoverJob job(arguments.order);
+  takeover::TakeoverJob job(arguments.order);
   const auto clock = ClockFor(arguments.today);
   ProgressBar bar(job.Size());
-  automation::TakeoverRun::Count count;
+  takeover::TakeoverRun::Count count;
   try {
     const auto after_line = [&] {
       bar.Advance();
       RaiseIfInterrupted();
     };
-    std::function<void(automation::WrittenRows&)> show;
+    std::function<void(dataset::WrittenRows&)> show;
     if (arguments.json)
-      show = [&](automation::WrittenRows& written) {
+      show = [&](dataset::WrittenRows& written) {
         bar.Clear();
         PrintJson(job, written);
       };
@@ -54,15 +54,15 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   } catch (...) {
     bar.Clear();
     if (job.Lines().empty()) throw;
-    fmt::print(stderr, "{} von {} Zeilen bearbeitet; {}\n", job.Lines().size(), job.Size(),
-               arguments.order.rehearsal ? automation::kRehearsed
-                                         : "derselbe Aufruf setzt die Liste fort");
+    fmt::print(
+        stderr, "{} von {} Zeilen bearbeitet; {}\n", job.Lines().size(), job.Size(),
+        arguments.order.rehearsal ? workspace::kRehearsed : "derselbe Aufruf setzt die Liste fort");
     throw;
   }
   bar.Clear();
   if (arguments.order.rehearsal) {
     if (!arguments.json) std::cout << job.ReportText();
-    fmt::print(stderr, "{}\n", automation::kRehearsed);
+    fmt::print(stderr, "{}\n", workspace::kRehearsed);
   }
   fmt::print(stderr, "{}\n", count.Text());
   for (const std::string& sentence : job.FilesLeft()) fmt::print(stderr, "{}\n", sentence);
@@ -80,7 +80,7 @@ void AddTakeover(CLI::App& app, Run& run) {
       "Spalten der Liste: {}.\nDie ersten drei müssen da sein, die Reihenfolge ist beliebig. "
       "Getrennt mit ; oder , und in UTF-8.\nDaten wie 31.12.2024 oder 2024-12-31, Zahlen wie "
       "1234,56, ja oder nein.",
-      automation::TakeoverColumns()));
+      takeover::TakeoverColumns()));
   AddDatabase(*command, arguments->order.database);
   command->add_option("LISTE", arguments->order.list, "Die Liste; - ist die Standardeingabe")
       ->required()

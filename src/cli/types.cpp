@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "automation/database.h"
-#include "automation/type_check.h"
+#include "automation/checks/type_check.h"
+#include "automation/workspace/database.h"
 #include "cli/TextTable.h"
 #include "cli/commands.h"
 #include "cli/options.h"
@@ -20,13 +20,13 @@ struct TypesArguments {
 
 // Hints alone are no fault.
 Status CheckTypes(const TypesArguments& arguments) {
-  const auto store = automation::OpenDatabase(arguments.database, automation::Access::Read);
+  const auto store = workspace::OpenDatabase(arguments.database, workspace::Access::Read);
   TextTable list(
       {{"Oid", "oid"}, {"Vertragstyp", "Bezeichnung"}, {"Schwere", "kind"}, {"Befund", "text"}});
   bool faults = false;
   const auto findings =
-      automation::Naming(arguments.database, [&] { return automation::CheckTypes(*store); });
-  for (const automation::TypeFinding& finding : findings) {
+      workspace::Naming(arguments.database, [&] { return checks::CheckTypes(*store); });
+  for (const checks::TypeFinding& finding : findings) {
     list.Add({std::to_string(finding.type), finding.name, finding.hint ? "Hinweis" : "Mangel",
               finding.text});
     faults |= !finding.hint;

@@ -12,13 +12,13 @@
 #include <thread>
 #include <vector>
 
-#include "automation/csv.h"
+#include "automation/formats/csv.h"
 #include "cli/Program.h"
 
 namespace pactora::cli {
 namespace {
 
-using automation::CsvRow;
+using formats::CsvRow;
 using testing::HasSubstr;
 
 constexpr char kHeader[] =
@@ -36,7 +36,7 @@ struct Takeover : testing::Test {
   std::size_t CountContracts() {
     return nlohmann::json::parse(Pactora(folder, {"list", db, "contracts", "--json"}).out).size();
   }
-  std::vector<CsvRow> Report() const { return automation::ReadCsv(Contents(report), ';'); }
+  std::vector<CsvRow> Report() const { return formats::ReadCsv(Contents(report), ';'); }
 
   support::TemporaryFolder folder;
   const std::string db = folder.File("firma.db");
@@ -90,7 +90,7 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   EXPECT_EQ(row(9), "abgelehnt: der Schlüssel steht schon in Zeile 3");
   EXPECT_EQ(row(10), "abgelehnt: der Schlüssel steht schon in Zeile 2");
   EXPECT_EQ(CountContracts(), before + 1);
-  EXPECT_EQ(automation::ReadCsv(Contents(rejected), ';').size(), 9u);
+  EXPECT_EQ(formats::ReadCsv(Contents(rejected), ';').size(), 9u);
   EXPECT_THAT(Contents(rejected), HasSubstr("K5;1;Wartung Server;01.01.2023;;101\n"));
 
   // The mended line alone is entered when the list is run again.
@@ -166,7 +166,7 @@ TEST_F(Takeover, TheRefusedLinesAreMendedInTheirPlaceAndRunAgain) {
   const std::vector<std::string> again = {"takeover", db, rejected, "--report", report};
   EXPECT_EQ(Pactora(folder, again).status, 3);
   EXPECT_EQ(CountContracts(), before + 2);
-  EXPECT_EQ(automation::ReadCsv(Contents(rejected), ';').size(), 2u);
+  EXPECT_EQ(formats::ReadCsv(Contents(rejected), ';').size(), 2u);
   Write(rejected, header);
   EXPECT_EQ(Pactora(folder, again).status, 0);
   EXPECT_FALSE(std::filesystem::exists(rejected));
@@ -223,7 +223,7 @@ TEST_F(Takeover, WhatAShiftedLineHasInTheColumnOfItsKeyIsNoKey) {
   Write(list, header + "4,Wartung Server,01.03.2024,2,5,6\n4,Wartung Server,01.04.2024,2,5,7\n");
   EXPECT_EQ(Pactora(folder, Call()).status, 1);
   for (const std::size_t i : {1u, 2u}) EXPECT_EQ(Report()[i].cells[4], "mehr Werte als Spalten");
-  EXPECT_EQ(automation::ReadCsv(Contents(rejected), ',').size(), 3u);
+  EXPECT_EQ(formats::ReadCsv(Contents(rejected), ',').size(), 3u);
 }
 
 TEST_F(Takeover, ANumberThatAnotherContractHasIsTold) {

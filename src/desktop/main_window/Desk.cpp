@@ -4,22 +4,22 @@
 #include <QTimer>
 #include <exception>
 
-#include "automation/database.h"
-#include "automation/errors.h"
+#include "automation/formats/errors.h"
+#include "automation/workspace/database.h"
 #include "desktop/MessageBox.h"
 #include "host/HostTable.h"
 
 namespace pactora::desktop {
 namespace {
 
-using automation::DoorError;
+using formats::DoorError;
 
 std::unique_ptr<store::RecordStore> Open(const std::string& database) {
-  if (database == automation::kMemoryName)
-    automation::Raise(DoorError::BadInput,
-                      database + ": die Fenster brauchen eine Datenbank, die bleibt");
+  if (database == workspace::kMemoryName)
+    formats::Raise(DoorError::BadInput,
+                   database + ": die Fenster brauchen eine Datenbank, die bleibt");
   // What is write-protected can still be looked at.
-  return automation::OpenDatabase(database, automation::Access::Read);
+  return workspace::OpenDatabase(database, workspace::Access::Read);
 }
 
 }  // namespace
@@ -85,8 +85,8 @@ bool Desk::Read(const std::function<void()>& reading) {
 }
 
 void Desk::ShowError(const platform::Error& error) {
-  if (error.Number() == automation::Number(DoorError::Interrupted)) return;
-  Tell(automation::Describe(error));
+  if (error.Number() == formats::Number(DoorError::Interrupted)) return;
+  Tell(formats::Describe(error));
 }
 
 void Desk::Tell(const std::string& text) {

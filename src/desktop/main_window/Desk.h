@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/Session.h"
+#include "automation/workspace/Session.h"
 #include "desktop/QtScreen.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
@@ -17,14 +17,14 @@ namespace pactora::desktop {
 
 class Desk {
  public:
-  // Opens the database; raises what automation::OpenDatabase raises, and
+  // Opens the database; raises what workspace::OpenDatabase raises, and
   // DoorError::BadInput for a name under which nothing lasts. The clock must outlive
   // the desk. Its dialogs read and write numbers by the locale.
   Desk(const std::string& database, const platform::Clock& clock,
        const platform::Locale& locale = {});
 
   const std::string& Database() const { return database_; }
-  automation::Session& Session() { return session_; }
+  workspace::Session& Session() { return session_; }
   store::RecordStore& Store() { return session_.Store(); }
   QtScreen& Screen() { return screen_; }
   const platform::Clock& Clock() const { return clock_; }
@@ -56,7 +56,7 @@ class Desk {
   std::string database_;
   const platform::Clock& clock_;
   QtScreen screen_;
-  automation::Session session_;
+  workspace::Session session_;
   QObject context_;  // what is to be shown later goes with it
 };
 

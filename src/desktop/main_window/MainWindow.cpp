@@ -16,9 +16,9 @@
 #include <QToolBar>
 #include <algorithm>
 
-#include "automation/database.h"
-#include "automation/dataset_files.h"
-#include "automation/deadlines.h"
+#include "automation/dataset/dataset_files.h"
+#include "automation/deadlines/deadlines.h"
+#include "automation/workspace/database.h"
 #include "desktop/MessageBox.h"
 #include "desktop/main_window/Progress.h"
 #include "desktop/main_window/TakeoverWindow.h"
@@ -37,13 +37,13 @@ constexpr int kFirstWeeks = 26;
 
 // For a date column: whether it lies so many weeks ahead at most; 0 is any time.
 bool Within(const host::Value& date, platform::Date today, int weeks) {
-  return weeks == 0 || host::ToDate(date) <= automation::LastDayWithin(today, weeks);
+  return weeks == 0 || host::ToDate(date) <= deadlines::LastDayWithin(today, weeks);
 }
 
 QSpinBox* WeekBox(const QString& name) {
   auto* box = new QSpinBox;
   box->setObjectName(name);
-  box->setRange(0, automation::kMostWeeks);
+  box->setRange(0, deadlines::kMostWeeks);
   box->setPrefix(QStringLiteral("in den nächsten "));
   box->setSuffix(QStringLiteral(" Wochen"));
   box->setSpecialValueText(QStringLiteral("jederzeit"));
@@ -136,7 +136,7 @@ void MainWindow::MakeActions() {
                           &MainWindow::AskTakeover);
   Add(contracts, "calendar", QStringLiteral("Fristen als &Kalenderdatei …"), {},
       &MainWindow::AskCalendar)
-      ->setEnabled(automation::HasCalendars());
+      ->setEnabled(deadlines::HasCalendars());
   tick_ =
       Add(contracts, "tick", QStringLiteral("Termin &erledigt"), {}, &MainWindow::TickAppointment);
   tick_->setEnabled(false);
@@ -333,12 +333,12 @@ void MainWindow::TickAppointment() {
 }
 
 bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
-  const bool here = automation::IsEmpty(desk_.Store());
+  const bool here = workspace::IsEmpty(desk_.Store());
   const std::string database = here ? desk_.Database() : FromQt(new_database);
   const bool done = desk_.Do([&] {
     Progress progress(QStringLiteral("Der Datenbestand wird eingelesen"), this);
-    automation::ImportDatabase(database, automation::FileSource(FromQt(file)),
-                               automation::Access::Write, progress.Pause());
+    dataset::ImportDatabase(database, formats::FileSource(FromQt(file)), workspace::Access::Write,
+                            progress.Pause());
   });
   if (done && OpenAsked) OpenAsked(database);
   return done;
@@ -347,7 +347,7 @@ bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
 bool MainWindow::ExportTo(const QString& file) {
   const bool done = desk_.Do([&] {
     Progress progress(QStringLiteral("Der Datenbestand wird geschrieben"), this);
-    automation::ExportDatabase(desk_.Database(), FromQt(file), progress.Pause());
+    dataset::ExportDatabase(desk_.Database(), FromQt(file), progress.Pause());
   });
   if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
   return done;
@@ -356,8 +356,8 @@ bool MainWindow::ExportTo(const QString& file) {
 bool MainWindow::WriteCalendar(const QString& file) {
   const bool done = desk_.Do([&] {
     const platform::Date today = desk_.Clock().Today();
-    const auto deadlines = automation::ReadDeadlines(desk_.Store(), today, std::nullopt);
-    automation::WriteCalendar(deadlines, desk_.Database(), desk_.Store(), today, FromQt(file));
+    const auto deadlines = deadlines::ReadDeadlines(desk_.Store(), today, std::nullopt);
+    deadlines::WriteCalendar(deadlines, desk_.Database(), desk_.Store(), today, FromQt(file));
   });
   if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
   return done;
@@ -376,7 +376,7 @@ void MainWindow::AskImport() {
                                    QStringLiteral("Datenbestände (*.json);;Alle Dateien (*)"));
   if (file.isEmpty()) return;
   QString database;
-  if (!automation::IsEmpty(desk_.Store())) {
+  if (!workspace::IsEmpty(desk_.Store())) {
     database = QFileDialog::getSaveFileName(this, QStringLiteral("In welche neue Datenbank?"), {},
                                             QStringLiteral("Datenbanken (*.db)"), nullptr,
                                             QFileDialog::DontConfirmOverwrite);

@@ -3,7 +3,7 @@
 #include <QElapsedTimer>
 #include <memory>
 
-#include "automation/errors.h"
+#include "automation/formats/errors.h"
 
 namespace pactora::desktop {
 namespace {
@@ -22,7 +22,7 @@ Progress::Progress(const QString& title, QWidget* parent) : dialog_(parent) {
   dialog_.setMinimumDuration(500);
 }
 
-automation::Pause Progress::Pause() {
+dataset::Pause Progress::Pause() {
   const auto since = std::make_shared<QElapsedTimer>();
   return [this, since](std::size_t done, std::size_t all) {
     if (since->isValid() && since->elapsed() < kShowProgressEveryMs) return;
@@ -30,7 +30,7 @@ automation::Pause Progress::Pause() {
     const double part = all == 0 ? 0 : static_cast<double>(done) / static_cast<double>(all);
     // Less than the whole: the last part is the writing to the disk.
     dialog_.setValue(static_cast<int>(part * (kParts - 1)));
-    if (dialog_.wasCanceled()) automation::RaiseInterrupted();
+    if (dialog_.wasCanceled()) formats::RaiseInterrupted();
   };
 }
 

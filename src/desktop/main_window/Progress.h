@@ -4,7 +4,7 @@
 #include <QProgressDialog>
 #include <QString>
 
-#include "automation/dataset_files.h"
+#include "automation/dataset/dataset_files.h"
 
 namespace pactora::desktop {
 
@@ -17,7 +17,7 @@ class Progress final {
 
   // To be called by the work; raises DoorError::Interrupted when the user has asked
   // to stop. Must not be called when the progress is gone.
-  automation::Pause Pause();
+  dataset::Pause Pause();
 
  private:
   QProgressDialog dialog_;

@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "automation/errors.h"
+#include "automation/formats/errors.h"
 #include "desktop/MessageBox.h"
 #include "desktop/main_window/Progress.h"
 #include "desktop/text.h"
@@ -103,9 +103,7 @@ QWidget* TakeoverWindow::MakeFiles() {
 }
 
 void TakeoverWindow::SetList(const QString& file) {
-  const auto usual = [](const QString& list) {
-    return ToQt(automation::UsualReport(FromQt(list)));
-  };
+  const auto usual = [](const QString& list) { return ToQt(takeover::UsualReport(FromQt(list))); };
   if (report_.text().isEmpty() || report_.text() == usual(list_.text()))
     report_.setText(usual(file));
   list_.setText(file);
@@ -132,19 +130,19 @@ void TakeoverWindow::Start() {
   lines_.Clear();
   shown_ = 0;
   try {
-    automation::TakeoverJob job(
+    takeover::TakeoverJob job(
         {database_, FromQt(list_.text()), FromQt(report_.text()), rehearsal_.isChecked()});
     progress_.setMaximum(static_cast<int>(std::max<std::size_t>(1, job.Size())));
     progress_.setValue(0);
     progress_.setTextVisible(true);
     Run(job);
   } catch (const platform::Error& error) {
-    ShowMessageBox({automation::Describe(error), ui::style::kExclamation, "Pactora"}, this);
+    ShowMessageBox({formats::Describe(error), ui::style::kExclamation, "Pactora"}, this);
   }
   SetRunning(false);
 }
 
-void TakeoverWindow::Run(automation::TakeoverJob& job) {
+void TakeoverWindow::Run(takeover::TakeoverJob& job) {
   outcome_.setText(QStringLiteral("Die Liste wird eingegeben …"));
   QElapsedTimer since;
   since.start();
@@ -154,13 +152,13 @@ void TakeoverWindow::Run(automation::TakeoverJob& job) {
       QApplication::processEvents();
       since.restart();
     }
-    if (stop_asked_) automation::RaiseInterrupted();
+    if (stop_asked_) formats::RaiseInterrupted();
   };
   try {
     const auto count = job.Run(clock_, after_line);
     ShowLines(job);
     QString text = ToQt(count.Text());
-    if (rehearsal_.isChecked()) text += QStringLiteral(" (%1)").arg(ToQt(automation::kRehearsed));
+    if (rehearsal_.isChecked()) text += QStringLiteral(" (%1)").arg(ToQt(workspace::kRehearsed));
     for (const std::string& sentence : job.FilesLeft()) text += QChar(u'\n') + ToQt(sentence);
     outcome_.setText(text);
   } catch (const platform::Error& error) {
@@ -169,23 +167,23 @@ void TakeoverWindow::Run(automation::TakeoverJob& job) {
                          .arg(job.Lines().size())
                          .arg(job.Size())
                          .arg(rehearsal_.isChecked()
-                                  ? ToQt(automation::kRehearsed)
+                                  ? ToQt(workspace::kRehearsed)
                                   : QStringLiteral("ein neuer Start setzt die Liste fort")));
-    if (error.Number() != automation::Number(automation::DoorError::Interrupted)) throw;
+    if (error.Number() != formats::Number(formats::DoorError::Interrupted)) throw;
   }
 }
 
-void TakeoverWindow::ShowLines(const automation::TakeoverJob& job) {
+void TakeoverWindow::ShowLines(const takeover::TakeoverJob& job) {
   std::vector<ListRow> rows;
   for (; shown_ < job.Lines().size(); ++shown_) {
-    const automation::ReportLine& line = job.Lines()[shown_];
-    const bool created = line.outcome == automation::TakeoverOutcome::Created;
-    const bool bad = !created && line.outcome != automation::TakeoverOutcome::Skipped;
+    const takeover::ReportLine& line = job.Lines()[shown_];
+    const bool created = line.outcome == takeover::TakeoverOutcome::Created;
+    const bool bad = !created && line.outcome != takeover::TakeoverOutcome::Skipped;
     changed_ = changed_ || (created && !rehearsal_.isChecked());
     const auto key = static_cast<std::int64_t>(line.line);
     rows.push_back({key,
                     key,
-                    {static_cast<std::int32_t>(line.line), automation::Text(line.outcome),
+                    {static_cast<std::int32_t>(line.line), takeover::Text(line.outcome),
                      line.number, line.message},
                     bad});
   }

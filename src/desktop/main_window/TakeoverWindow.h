@@ -11,7 +11,7 @@
 #include <memory>
 #include <string>
 
-#include "automation/takeover_files.h"
+#include "automation/takeover/takeover_job.h"
 #include "desktop/main_window/ListModel.h"
 #include "desktop/main_window/ListTable.h"
 #include "platform/Clock.h"
@@ -40,8 +40,8 @@ class TakeoverWindow final : public QDialog {
   QWidget* MakeFiles();
   void ChooseList();
   void ChooseReport();
-  void Run(automation::TakeoverJob& job);
-  void ShowLines(const automation::TakeoverJob& job);
+  void Run(takeover::TakeoverJob& job);
+  void ShowLines(const takeover::TakeoverJob& job);
   void SetRunning(bool running);
 
   std::string database_;

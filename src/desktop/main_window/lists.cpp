@@ -3,8 +3,8 @@
 #include <memory>
 #include <utility>
 
-#include "automation/deadlines.h"
-#include "automation/row_walk.h"
+#include "automation/deadlines/deadlines.h"
+#include "automation/workspace/row_walk.h"
 #include "contract/modVV.h"
 #include "schema/names.h"
 
@@ -21,7 +21,7 @@ host::Value Count(std::int64_t count) { return static_cast<std::int32_t>(count);
 // Reads the rows of a table one after the other; make gives the list's rows for one.
 template <typename Make>
 ReadRows ReadTable(Desk& desk, std::string_view name, Make make) {
-  const auto walk = std::make_shared<automation::RowWalk>(desk.Store(), desk.Table(name));
+  const auto walk = std::make_shared<workspace::RowWalk>(desk.Store(), desk.Table(name));
   const auto record = std::make_shared<store::Record>();
   return [walk, record, make = std::move(make)](std::vector<ListRow>& rows) mutable {
     if (!walk->Next(*record)) return false;
@@ -84,15 +84,14 @@ ReadRows ReadDeadlines(Desk& desk) {
       desk, table::vv_Vertraege,
       [&desk, today, contracts, addresses = ParentText(desk, table::Adressen, field::Name)](
           const store::Record& record, auto& rows) mutable {
-        const auto deadlines =
-            automation::DeadlinesOf(desk.Store().Catalog().tables[contracts], record,
-                                    host::ToText(addresses.Of(record.parent)), today);
-        for (const automation::Deadline& deadline : deadlines) {
-          const bool is_end = deadline.kind != automation::Deadline::Kind::Notice;
+        const auto found = deadlines::DeadlinesOf(desk.Store().Catalog().tables[contracts], record,
+                                                  host::ToText(addresses.Of(record.parent)), today);
+        for (const deadlines::Deadline& deadline : found) {
+          const bool is_end = deadline.kind != deadlines::Deadline::Kind::Notice;
           rows.push_back(
               {2 * record.oid + (is_end ? 1 : 0),
                record.oid,
-               {deadline.date, automation::Text(deadline.kind),
+               {deadline.date, deadlines::Text(deadline.kind),
                 deadline.safe_receipt ? host::Value(*deadline.safe_receipt) : host::Value(),
                 deadline.address, deadline.number, deadline.name, schema::TypText(deadline.side),
                 deadline.responsible}});

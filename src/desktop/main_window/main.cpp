@@ -11,8 +11,8 @@
 #include <string>
 #include <utility>
 
-#include "automation/errors.h"
-#include "automation/exit_status.h"
+#include "automation/formats/errors.h"
+#include "automation/workspace/exit_status.h"
 #include "desktop/appearance.h"
 #include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
@@ -26,7 +26,7 @@
 namespace pactora::desktop {
 namespace {
 
-using automation::Status;
+using workspace::Status;
 
 // What is open: one database at a time.
 class Program {
@@ -98,7 +98,7 @@ int Main(int argc, char** argv) {
   try {
     program.Open(argv[1]);
   } catch (const platform::Error& error) {
-    return Complain(automation::Describe(error), automation::StatusOf(error));
+    return Complain(formats::Describe(error), workspace::StatusOf(error));
   }
   return QApplication::exec();
 }

@@ -68,7 +68,7 @@ void AddDefinition(WindowSteps& steps, Pictures& pictures) {
 }
 
 // Leaves the contract types on the first one that renews and has positions.
-void GoToTypeWithPositions(automation::Session& session) {
+void GoToTypeWithPositions(workspace::Session& session) {
   const auto types = session.Host().Table(schema::table::vv_Vertragsdefinitionen);
   const auto positions = session.Host().Table(schema::table::vv_Definitionspositionen);
   types->LinkChildren();
@@ -81,7 +81,7 @@ void GoToTypeWithPositions(automation::Session& session) {
 
 }  // namespace
 
-void MakeDialogPictures(automation::Session& session, Pictures& pictures) {
+void MakeDialogPictures(workspace::Session& session, Pictures& pictures) {
   WindowSteps steps;
 
   session.Host().Table(schema::table::Adressen)->MoveFirst(host::kFlagsUsual);

@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 #include <QTreeView>
 
-#include "automation/row_walk.h"
+#include "automation/workspace/row_walk.h"
 #include "desktop/main_window/MainWindow.h"
 #include "desktop/main_window/TakeoverWindow.h"
 #include "desktop/main_window/WindowMemory.h"
@@ -22,13 +22,13 @@ store::Oid ContractWithMostTerms(Desk& desk) {
   store::Oid best = 0;
   std::int64_t most = 0;
   const store::TableId terms = desk.Table(table::vv_Vertragsstaende);
-  automation::ForEachRow(desk.Store(), desk.Table(table::vv_Vertraege),
-                         [&](const store::Record& record) {
-                           const std::int64_t count = desk.Store().CountInParent(terms, record.oid);
-                           if (count > most) best = record.oid;
-                           most = std::max(most, count);
-                           return true;
-                         });
+  workspace::ForEachRow(desk.Store(), desk.Table(table::vv_Vertraege),
+                        [&](const store::Record& record) {
+                          const std::int64_t count = desk.Store().CountInParent(terms, record.oid);
+                          if (count > most) best = record.oid;
+                          most = std::max(most, count);
+                          return true;
+                        });
   return best;
 }
 

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "automation/dataset_files.h"
-#include "automation/row_walk.h"
-#include "automation/sample/sample.h"
+#include "automation/dataset/dataset_files.h"
+#include "automation/dataset/sample/sample.h"
+#include "automation/workspace/row_walk.h"
 #include "desktop/WindowSteps.h"
 #include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
@@ -32,9 +32,9 @@ namespace field = schema::field;
 class MainWindowTest : public testing::Test {
  protected:
   MainWindowTest() {
-    automation::ImportDatabase(
-        database, automation::MemorySource("sample", std::string(automation::SampleDataset())),
-        automation::Access::Write, [](std::size_t, std::size_t) {});
+    dataset::ImportDatabase(database,
+                            formats::MemorySource("sample", std::string(dataset::SampleDataset())),
+                            workspace::Access::Write, [](std::size_t, std::size_t) {});
     Open();
   }
   void TearDown() override {
@@ -85,8 +85,8 @@ class MainWindowTest : public testing::Test {
     return live->Eof() ? "" : host::ToText(live->Fields().Item(name).Value());
   }
   std::size_t Count(std::string_view name) {
-    const auto store = automation::OpenDatabase(database, automation::Access::Write);
-    return automation::AllRows(*store, store->Catalog().FindTable(name).value()).size();
+    const auto store = workspace::OpenDatabase(database, workspace::Access::Write);
+    return workspace::AllRows(*store, store->Catalog().FindTable(name).value()).size();
   }
 
   support::TemporaryFolder folder;

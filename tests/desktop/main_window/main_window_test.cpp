@@ -8,8 +8,8 @@
 #include <QSpinBox>
 #include <QSplitter>
 
-#include "automation/deadlines.h"
-#include "automation/takeover_files.h"
+#include "automation/deadlines/deadlines.h"
+#include "automation/takeover/takeover_job.h"
 #include "desktop/main_window/TakeoverWindow.h"
 
 namespace pactora::desktop {
@@ -133,7 +133,7 @@ TEST_F(MainWindowTest, DeadlinesAreThoseOfAllContractsAndLeadToThem) {
   auto& weeks = *window->findChild<QSpinBox*>("deadlines_weeks");
   for (const int limit : {0, 6, 26}) {
     weeks.setValue(limit);
-    const auto expected = automation::ReadDeadlines(
+    const auto expected = deadlines::ReadDeadlines(
         desk->Store(), clock.Today(), limit == 0 ? std::nullopt : std::optional(limit));
     ASSERT_EQ(window->Deadlines().Model().rowCount(), static_cast<int>(expected.size()));
     for (std::size_t i = 0; i < expected.size(); ++i) {
@@ -203,7 +203,7 @@ TEST_F(MainWindowTest, ADatasetGoesOutAndIntoANewDatabase) {
   ASSERT_TRUE(window->ImportFrom(dataset, ToQt(copy)));
   EXPECT_EQ(opened, copy);
   const std::string again = folder.File("kopie.json");
-  automation::ExportDatabase(copy, again, [](std::size_t, std::size_t) {});
+  dataset::ExportDatabase(copy, again, [](std::size_t, std::size_t) {});
   QFile one(dataset);
   QFile other(ToQt(again));
   ASSERT_TRUE(one.open(QIODevice::ReadOnly) && other.open(QIODevice::ReadOnly));

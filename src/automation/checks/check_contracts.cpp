@@ -1,0 +1,191 @@
+// Contracts and their numbers.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "automation/checks/check.h"
+#include "automation/workspace/row_walk.h"
+#include "platform/Date.h"
+#include "platform/Text.h"
+#include "schema/names.h"
+
+namespace pactora::checks {
+
+namespace {
+
+namespace table = schema::table;
+namespace field = schema::field;
+
+// A row whose cells are read by field name.
+class Row {
+ public:
+  Row(const schema::Table& schema, const store::Record& record)
+      : schema_(schema), record_(record) {}
+
+  const host::Value& operator[](std::string_view name) const {
+    return record_.cells[schema_.FindField(name).value()];
+  }
+  bool Written(std::string_view name) const { return !(*this)[name].IsEmpty(); }
+  std::string Text(std::string_view name) const { return host::ToText((*this)[name]); }
+  // The field beside the date says the same day.
+  bool SameDay(std::string_view date, std::string_view text) const {
+    return !Written(date) ||
+           platform::FormatDate(host::ToDate((*this)[date]), platform::kSortPattern) == Text(text);
+  }
+
+ private:
+  const schema::Table& schema_;
+  const store::Record& record_;
+};
+
+class ContractCheck {
+ public:
+  ContractCheck(store::RecordStore& store, const Finding& found)
+      : store_(store),
+        catalog_(store.Catalog()),
+        contracts_(catalog_.FindTable(table::vv_Vertraege).value()),
+        terms_(catalog_.FindTable(table::vv_Vertragsstaende).value()),
+        positions_(catalog_.FindTable(table::vv_Vertragspositionen).value()),
+        found_(found) {}
+
+  void Check(const store::Record& record) {
+    const Row contract(catalog_.tables[contracts_], record);
+    name_ = fmt::format("Vertrag {} ({}, Oid {})", contract.Text(field::Vertragnummer),
+                        table::vv_Vertraege, record.oid);
+    CheckContract(contract);
+    store::Record term;
+    bool any = false;
+    for (std::int64_t after = 0; store_.NextInParent(terms_, record.oid, after, term);
+         after = term.order) {
+      any = true;
+      CheckTerm(contract, term);
+    }
+    if (!any) Found("hat keinen Vertragsstand");
+  }
+
+ private:
+  void Found(const std::string& what) { found_(name_ + " " + what); }
+
+  void CheckContract(const Row& contract) {
+    if (contract.Text(field::Vertragnummer).empty()) Found("hat keine Nummer");
+    const std::string typ = contract.Text(field::Typ);
+    if (typ != schema::kTypDebtor && typ != schema::kTypCreditor)
+      Found(fmt::format("hat den Typ „{}“", typ));
+    for (const std::string_view name :
+         {field::Art, field::VertragBeginn, field::VertragEnde, field::AktValue,
+          field::AktZahlungsperiode, field::AktNaechsteRechnung})
+      if (!contract.Written(name)) Found(fmt::format("hat ein leeres Feld {}", name));
+    const std::int32_t art = host::ToLong(contract[field::Art]);
+    if (schema::ArtText(art).empty())
+      Found(fmt::format("hat die Art {}", art));
+    else if (schema::ArtText(art) != contract.Text(field::ArtStr))
+      Found(fmt::format("hat die Art {}, aber {} „{}“", art, field::ArtStr,
+                        contract.Text(field::ArtStr)));
+    if (art == schema::kArtRenewable && !contract.Written(field::KuendfristDatum))
+      Found(fmt::format("hat ein leeres Feld {}", field::KuendfristDatum));
+    if (!contract.SameDay(field::AktNaechsteRechnung, field::AktNaechsteRechnungStr))
+      Found(fmt::format("hat ein {}, das nicht zum Datum passt", field::AktNaechsteRechnungStr));
+  }
+
+  void CheckTerm(const Row& contract, const store::Record& record) {
+    const Row term(catalog_.tables[terms_], record);
+    const auto in_term = [&](const std::string& what) {
+      Found(fmt::format("hat im Vertragsstand ab {} (Oid {}) {}", term.Text(field::LaufzeitStart),
+                        record.oid, what));
+    };
+    for (const std::string_view name : {field::LaufzeitStart, field::LaufzeitEnde, field::Value,
+                                        field::RechnungWann, field::NaechsteRechnung})
+      if (!term.Written(name)) in_term(fmt::format("ein leeres Feld {}", name));
+    for (const auto& [date, text] :
+         {std::pair(field::LaufzeitStart, field::LaufzeitStartStr),
+          std::pair(field::LaufzeitEnde, field::LaufzeitEndeStr),
+          std::pair(field::NaechsteRechnung, field::NaechsteRechnungStr)})
+      if (!term.SameDay(date, text))
+        in_term(fmt::format("ein {}, das nicht zum Datum passt", text));
+    // A type without positions makes contracts worth nothing; anything else that is
+    // invoiced has positions.
+    if (contract.Text(field::Typ) == schema::kTypDebtor &&
+        host::ToDouble(term[field::Value]) != 0.0 &&
+        store_.CountInParent(positions_, record.oid) == 0)
+      in_term("keine Positionen");
+  }
+
+  store::RecordStore& store_;
+  const schema::Catalog& catalog_;
+  store::TableId contracts_;
+  store::TableId terms_;
+  store::TableId positions_;
+  const Finding& found_;
+  std::string name_;
+};
+
+// Digits without leading zeros, in an order of their own: by number.
+std::string_view Significant(std::string_view digits) {
+  const std::size_t first = digits.find_first_not_of('0');
+  return first == std::string_view::npos ? std::string_view() : digits.substr(first);
+}
+
+bool IsLess(std::string_view a, std::string_view b) {
+  const auto left = Significant(a);
+  const auto right = Significant(b);
+  return left.size() != right.size() ? left.size() < right.size() : left < right;
+}
+
+// At least eight digits and nothing else: what a counter gives.
+bool LooksDrawn(std::string_view number) {
+  return number.size() >= 8 && number.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// The counter row of this database's contract numbers.
+std::string CounterNumber(store::RecordStore& store) {
+  const schema::Catalog& catalog = store.Catalog();
+  const store::TableId clients = catalog.FindTable(table::KELM_Mandanten).value();
+  const store::TableId counters = catalog.FindTable(table::KELM_Nummern).value();
+  const std::string name = store.ReadProfile().name;
+  std::string number;
+  store::Record client;
+  workspace::ForEachRow(store, counters, [&](const store::Record& record) {
+    const Row counter(catalog.tables[counters], record);
+    if (!platform::EqualsIgnoringCase(counter.Text(field::Tabelle), table::vv_Vertraege) ||
+        !platform::EqualsIgnoringCase(counter.Text(field::Feld), field::Vertragnummer) ||
+        !store.Read(clients, record.parent, client) ||
+        !platform::EqualsIgnoringCase(
+            Row(catalog.tables[clients], client).Text(field::TessarinName), name))
+      return true;
+    number = counter.Text(field::Nummer);
+    return false;
+  });
+  return number;
+}
+
+}  // namespace
+
+void CheckContracts(store::RecordStore& store, const Finding& found,
+                    const std::function<void()>& pause) {
+  ContractCheck check(store, found);
+  const store::TableId contracts = store.Catalog().FindTable(table::vv_Vertraege).value();
+  workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
+    if (pause) pause();
+    check.Check(record);
+    return true;
+  });
+}
+
+void CheckCounters(store::RecordStore& store, const Finding& found) {
+  const schema::Catalog& catalog = store.Catalog();
+  const store::TableId contracts = catalog.FindTable(table::vv_Vertraege).value();
+  const std::size_t column = catalog.tables[contracts].FindField(field::Vertragnummer).value();
+  std::string largest;
+  workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
+    const std::string number = host::ToText(record.cells[column]);
+    if (LooksDrawn(number) && IsLess(largest, number)) largest = number;
+    return true;
+  });
+  const std::string counter = CounterNumber(store);
+  if (!largest.empty() && IsLess(counter, largest))
+    found(fmt::format("{}: der Zähler für {} steht auf „{}“, vergeben ist schon {}",
+                      table::KELM_Nummern, field::Vertragnummer, counter, largest));
+}
+
+}  // namespace pactora::checks

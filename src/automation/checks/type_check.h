@@ -1,0 +1,22 @@
+// Contract types that need care: faults that a new contract would inherit, and
+// hints on terms that bind a consumer longer than the law allows.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "store/RecordStore.h"
+
+namespace pactora::checks {
+
+struct TypeFinding {
+  store::Oid type = 0;
+  std::string name;   // Bezeichnung
+  bool hint = false;  // a hint, not a fault
+  std::string text;   // German
+};
+
+// In record order of the types; of each first the faults, then the hints.
+std::vector<TypeFinding> CheckTypes(store::RecordStore& store);
+
+}  // namespace pactora::checks

@@ -1,0 +1,76 @@
+// Reads a dataset as it streams by: checks every key and value against the
+// catalogue and hands on rows, field by field, without holding the file.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "automation/formats/json.h"
+#include "host/Value.h"
+#include "schema/Catalog.h"
+#include "store/RecordStore.h"
+
+namespace pactora::dataset {
+
+// Subclasses take in what is read. Rows come as RowBegins, then its cells and
+// its Oid in the order of the file, ChildrenBegin before each list of child rows,
+// and RowEnds. A row may go on with cells after its children.
+// Read raises DoorError::BadInput at the first fault.
+class DatasetReader : public formats::JsonEvents {
+ public:
+  // The catalogue must outlive the reader.
+  DatasetReader(const schema::Catalog& catalog, std::string source)
+      : formats::JsonEvents(std::move(source)), catalog_(catalog) {}
+
+ protected:
+  virtual void HeadMember(const std::string& key, formats::Json value) = 0;
+  virtual void RowBegins(store::TableId table) = 0;
+  virtual void RowOid(store::Oid oid) = 0;
+  virtual void RowCell(std::size_t field, host::Value value) = 0;  // of the field's type
+  virtual void ChildrenBegin() = 0;
+  virtual void RowEnds() = 0;
+
+  // The row that is being read, or a table's list between two rows.
+  formats::Place RowPlace() const;
+  const schema::Catalog& Catalog() const { return catalog_; }
+
+ private:
+  enum class Kind { Root, Tables, Rows, Row };
+  struct Frame {
+    Kind kind;
+    store::TableId table = 0;                   // Rows, Row
+    std::size_t index = 0;                      // Rows: the element being read
+    std::string key;                            // objects: the member being read
+    std::vector<std::string> seen;              // Root: members read
+    std::vector<bool> seen_fields;              // Row
+    std::vector<bool> seen_tables;              // Row, Tables
+    bool seen_oid = false;                      // Row
+    std::optional<std::size_t> field;           // Row: the member is a field,
+    std::optional<store::TableId> child_table;  // or with Tables a table
+  };
+
+  void OnScalar(formats::Json value) final;
+  void OnKey(std::string key) final;
+  void OnStart(formats::Json container) final;
+  void OnEnd() final;
+
+  void RootKey(Frame& frame);
+  void TableKey(Frame& frame);
+  void RowKey(Frame& frame);
+  void Enter(Kind kind, store::TableId table);
+  void Take(formats::Json value);  // the whole value of a member
+  // Whether the value that comes next is read as a whole and then looked at.
+  bool TakesWholeValue() const;
+  // What must come next where it is not: a list or an object.
+  [[noreturn]] void FailExpected() const;
+  formats::Place PathOf(std::size_t frames) const;
+  formats::Place Here() const { return PathOf(frames_.size()); }
+
+  const schema::Catalog& catalog_;
+  std::vector<Frame> frames_;
+  std::optional<formats::JsonBuilder> value_;  // the whole value being read
+};
+
+}  // namespace pactora::dataset

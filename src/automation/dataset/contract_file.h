@@ -1,0 +1,33 @@
+// Contract files: what NewContractDebitor takes, one contract as a JSON object or
+// many as one object a line.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "api/ArticleCollection.h"
+#include "api/vv_CContractD.h"
+#include "automation/dataset/row_selector.h"
+#include "automation/formats/TextSource.h"
+#include "automation/formats/json.h"
+
+namespace pactora::dataset {
+
+struct ContractOrder {
+  std::string source;  // file, and line where the file has many
+  RowChoice address;
+  std::shared_ptr<api::vv_CContractD> contract;
+  std::shared_ptr<api::ArticleCollection> articles;
+};
+
+ContractOrder ReadContractOrder(const formats::Json& order, const std::string& source);
+
+// Calls take for each contract of the file, in order. Lines without content are
+// passed over. Raises DoorError::BadInput at the first fault; a file without a
+// contract is one.
+void ForEachContract(const formats::TextSource& file,
+                     const std::function<void(ContractOrder)>& take);
+
+}  // namespace pactora::dataset

@@ -1,0 +1,80 @@
+#include "automation/dataset/dataset_export.h"
+
+#include "automation/dataset/dataset_profile.h"
+#include "automation/dataset/values.h"
+
+namespace pactora::dataset {
+
+namespace {
+
+// A document field that holds no document reads back as one never written.
+bool IsWritten(const host::Value& cell) {
+  return !cell.IsEmpty() && !(cell.GetKind() == host::Kind::Object && !cell.AsObject());
+}
+
+// The list of the parent's rows under the table's name; nothing where it has none.
+void WriteRows(formats::JsonWriter& out, store::RecordStore& store, store::TableId table,
+               store::Oid parent, const std::function<void()>& pause) {
+  store::Record record;
+  bool any = false;
+  for (std::int64_t after = 0; store.NextInParent(table, parent, after, record);
+       after = record.order) {
+    if (pause) pause();
+    if (!any) {
+      out.Key(store.Catalog().tables[table].name);
+      out.BeginArray();
+    }
+    any = true;
+    WriteRow(out, store, table, record, true, pause);
+  }
+  if (any) out.EndArray();
+}
+
+}  // namespace
+
+void WriteRow(formats::JsonWriter& out, store::RecordStore& store, store::TableId table,
+              const store::Record& record, bool with_children, const std::function<void()>& pause) {
+  const schema::Table& schema = store.Catalog().tables[table];
+  out.BeginObject();
+  out.Key(key::kOid);
+  out.Text(std::to_string(record.oid));
+  for (std::size_t field = 0; field < schema.fields.size(); ++field) {
+    const host::Value& cell = record.cells[field];
+    if (!IsWritten(cell)) continue;
+    out.Key(schema.fields[field].name);
+    out.Value(ToJson(cell));
+  }
+  if (with_children)
+    for (const store::TableId child : schema.children)
+      WriteRows(out, store, child, record.oid, pause);
+  out.EndObject();
+}
+
+void ExportDataset(store::RecordStore& store, std::ostream& out,
+                   const std::function<void()>& pause) {
+  formats::JsonWriter writer(out, formats::JsonWriter::Layout::Indented);
+  writer.BeginObject();
+  WriteHead(writer, store.ReadProfile(), store.Catalog().workflow_add_on);
+  writer.Key(key::kTables);
+  WriteTables(writer, store, {}, pause);
+  writer.EndObject();
+  out << '\n';
+}
+
+void WriteTables(formats::JsonWriter& out, store::RecordStore& store,
+                 const std::vector<store::TableId>& tables, const std::function<void()>& pause) {
+  out.BeginObject();
+  if (tables.empty())
+    for (store::TableId table = 0; table < store.Catalog().tables.size(); ++table)
+      if (!store.Catalog().tables[table].parent) WriteRows(out, store, table, 0, pause);
+  for (const store::TableId table : tables) {
+    out.Key(store.Catalog().tables[table].name);
+    out.BeginArray();
+    for (const store::Record& record : workspace::AllRows(store, table))
+      WriteRow(out, store, table, record, true, pause);
+    out.EndArray();
+  }
+  out.EndObject();
+}
+
+}  // namespace pactora::dataset

@@ -1,0 +1,73 @@
+#include "automation/dataset/dataset_files.h"
+
+#include <fmt/format.h>
+
+#include "automation/dataset/dataset_export.h"
+#include "automation/dataset/dataset_import.h"
+#include "automation/dataset/dataset_profile.h"
+#include "automation/formats/errors.h"
+#include "automation/formats/files.h"
+
+namespace pactora::dataset {
+namespace {
+
+// Requires: the catalogue of the store is that of the dataset.
+void Fill(store::RecordStore& store, const formats::TextSource& source, const DatasetSurvey& survey,
+          const std::string& name, const Pause& pause) {
+  std::size_t done = 0;
+  ImportDataset(store, source, survey, name, [&] { pause(done++, survey.rows); });
+}
+
+std::size_t CountRows(store::RecordStore& store) {
+  std::size_t rows = 0;
+  for (store::TableId table = 0; table < store.Catalog().tables.size(); ++table) {
+    rows += static_cast<std::size_t>(store.Count(table));
+  }
+  return rows;
+}
+
+// A value of a foreign type and a row without its parent would be left out unseen.
+void RequireSound(const std::string& database) {
+  const std::vector<std::string> faults = workspace::CheckStorage(database);
+  if (faults.empty()) return;
+  formats::Raise(formats::DoorError::NotCarriedOut,
+                 fmt::format("{}: {}{}", database, faults.front(),
+                             faults.size() > 1 ? "; pactora check nennt alle Mängel" : ""));
+}
+
+}  // namespace
+
+void ImportDatabase(const std::string& database, const formats::TextSource& source,
+                    workspace::Access access, const Pause& pause) {
+  const DatasetSurvey survey = SurveyDataset(source);
+  const std::string name = workspace::DefaultDatabaseName(database);
+  if (!workspace::DatabaseExists(database)) {
+    workspace::MakeDatabase(
+        database, survey.workflow_add_on, workspace::DefaultProfile(name), access,
+        [&](store::RecordStore& store) { Fill(store, source, survey, name, pause); });
+    return;
+  }
+  const auto store = workspace::OpenDatabase(database, access);
+  if (!workspace::IsEmpty(*store))
+    formats::Raise(formats::DoorError::BadInput, database + ": die Datenbank ist nicht leer");
+  if (store->Catalog().workflow_add_on != survey.workflow_add_on) {
+    formats::Raise(
+        formats::DoorError::BadInput,
+        fmt::format("{}: die Datenbank wurde {} Workflow-Tabellen angelegt, {} ist {} sie",
+                    database, survey.workflow_add_on ? "ohne" : "mit", source.name,
+                    survey.workflow_add_on ? "mit" : "ohne"));
+  }
+  Fill(*store, source, survey, name, pause);
+}
+
+void ExportDatabase(const std::string& database, const std::string& file, const Pause& pause) {
+  workspace::RequireOutside(database, file);
+  const auto store = workspace::OpenDatabase(database, workspace::Access::Snapshot);
+  RequireSound(database);
+  const std::size_t all = CountRows(*store);
+  std::size_t done = 0;
+  formats::WriteOutput(
+      file, [&](std::ostream& out) { ExportDataset(*store, out, [&] { pause(done++, all); }); });
+}
+
+}  // namespace pactora::dataset

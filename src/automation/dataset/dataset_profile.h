@@ -1,0 +1,37 @@
+// What a dataset says about a database besides its rows.
+#pragma once
+
+#include <string>
+
+#include "automation/formats/JsonWriter.h"
+#include "automation/formats/json.h"
+#include "store/Profile.h"
+
+namespace pactora::dataset {
+
+namespace key {
+inline constexpr const char* kDatabase = "database";
+inline constexpr const char* kUsers = "users";
+inline constexpr const char* kCurrentUser = "currentUser";
+inline constexpr const char* kDbSettings = "dbSettings";
+inline constexpr const char* kTableSettings = "tableSettings";
+inline constexpr const char* kPersistVars = "persistVars";
+inline constexpr const char* kWorkflowAddOn = "workflowAddOn";
+inline constexpr const char* kMacros = "macros";
+inline constexpr const char* kTables = "tables";
+inline constexpr const char* kOid = "@oid";
+}  // namespace key
+
+// Whether a dataset may have that key besides "tables".
+bool IsHeadKey(const std::string& key);
+
+// The profile that the head describes; what it leaves out is as in
+// workspace::DefaultProfile(default_name). head holds keys of IsHeadKey alone.
+// Raises DoorError::BadInput.
+store::Profile ReadHead(const formats::Json& head, const std::string& source,
+                        const std::string& default_name);
+
+// Writes the head's members, in fixed order, into the object that is open.
+void WriteHead(formats::JsonWriter& out, const store::Profile& profile, bool workflow_add_on);
+
+}  // namespace pactora::dataset

@@ -1,0 +1,71 @@
+// The dates by which somebody must act on a contract: the last day for notice and
+// the day on which it ends. They come from the contract rows, not from the
+// appointments, which a user may have changed or ticked off.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Date.h"
+#include "store/RecordStore.h"
+
+namespace pactora::deadlines {
+
+inline constexpr std::int32_t kMostWeeks = 5000;  // that anybody may ask for
+
+struct Deadline {
+  enum class Kind {
+    Notice,
+    TermEnd,  // of a contract that goes on unless notice is given
+    End,
+  };
+
+  Kind kind = Kind::Notice;
+  store::Oid contract = 0;
+  platform::Date date;
+  // Of a notice: the last day on which its receipt is safe, one day before.
+  std::optional<platform::Date> safe_receipt;
+  std::string address;
+  std::string number;
+  std::string name;  // of the contract
+  std::string side;  // "D" or "K"
+  std::string responsible;
+
+  // The last day on which to act: a notice must have arrived by then.
+  platform::Date ActBy() const { return safe_receipt.value_or(date); }
+};
+
+// "Kündigung", "Laufzeitende" or "Ende".
+std::string Text(Deadline::Kind kind);
+
+// Those of one contract from today on; address is the name of its address.
+std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::Record& contract,
+                                  const std::string& address, platform::Date today);
+
+// The last day of so many weeks from today, the calendar's last at most.
+platform::Date LastDayWithin(platform::Date today, std::int32_t weeks);
+
+// All from today on, with weeks only those to be acted on within so many weeks
+// from today; by date, then by contract.
+std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date today,
+                                    std::optional<std::int32_t> weeks);
+
+// Whether this build can write calendars.
+bool HasCalendars();
+
+// The deadlines as a calendar (iCalendar), an all-day event each; a notice stands
+// on its safe day. The same deadlines give the same events whenever they are
+// written, so that a calendar that imports them again replaces them.
+// database tells the events of several databases apart. Raises
+// DoorError::NotAvailable where HasCalendars is false.
+std::string CalendarText(const std::vector<Deadline>& deadlines, const std::string& database,
+                         platform::Date today);
+
+// Writes them into a file, or to standard output for "-". Raises DoorError::BadInput
+// for the database itself and for a file that is no calendar.
+void WriteCalendar(const std::vector<Deadline>& deadlines, const std::string& database,
+                   store::RecordStore& store, platform::Date today, const std::string& file);
+
+}  // namespace pactora::deadlines

@@ -1,0 +1,37 @@
+#include "automation/formats/errors.h"
+
+#include <fmt/format.h>
+
+#include "platform/Text.h"
+#include "store/errors.h"
+
+namespace pactora::formats {
+
+void Raise(DoorError error, const std::string& text) {
+  throw platform::Error(Number(error), text, kErrorSource);
+}
+
+void RaiseInterrupted() { Raise(DoorError::Interrupted, kInterrupted); }
+
+std::string SingleLine(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    const bool control = static_cast<unsigned char>(c) < 0x20;
+    if (!control)
+      line += c;
+    else if (!line.empty() && line.back() != ' ')
+      line += ' ';
+  }
+  return line;
+}
+
+std::string ErrorNumberText(std::int32_t number) { return "0x" + platform::HexNumber(number); }
+
+std::string Describe(const platform::Error& error) {
+  const bool ours = error.Source() == kErrorSource || error.Source() == store::kErrorSource;
+  if (ours) return SingleLine(error.Description());
+  return SingleLine(
+      fmt::format("Fehler {}: {}", ErrorNumberText(error.Number()), error.Description()));
+}
+
+}  // namespace pactora::formats

@@ -1,0 +1,232 @@
+#include "automation/scripts/script_run.h"
+
+#include <fmt/format.h>
+
+#include <set>
+#include <sstream>
+#include <utility>
+
+#include "automation/dataset/WrittenRows.h"
+#include "automation/dataset/dataset_export.h"
+#include "automation/dataset/values.h"
+#include "automation/formats/JsonWriter.h"
+#include "automation/formats/errors.h"
+#include "automation/scripts/ScriptScreen.h"
+#include "automation/scripts/faults.h"
+#include "automation/workspace/Session.h"
+#include "automation/workspace/fatal_store_error.h"
+#include "platform/Error.h"
+
+namespace pactora::scripts {
+
+namespace {
+
+class Run {
+ public:
+  Run(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock,
+      std::ostream& transcript)
+      : transcript_(transcript),
+        screen_([this](const formats::Json& event) { Write(event); },
+                [this] { session_.Host().EndUnit(); }),
+        session_(std::move(store), screen_, clock),
+        faults_(session_.Host()) {
+    session_.Host().SetMacroListener([this](const std::string& path, const host::ValueArray& args) {
+      if (screen_.Failed()) return;
+      formats::Json values = formats::Json::array();
+      for (const host::Value& arg : args) values.push_back(dataset::ToJson(arg));
+      Write({{"event", "macro"}, {"name", path}, {"args", std::move(values)}});
+    });
+  }
+
+  void Dump(const std::function<void(formats::JsonWriter&)>& write_tables) {
+    std::ostringstream line;  // so that a failure leaves no half line
+    formats::JsonWriter out(line, formats::JsonWriter::Layout::OneLine);
+    out.BeginObject();
+    out.Key("event");
+    out.Text("dump");
+    out.Key("tables");
+    write_tables(out);
+    out.EndObject();
+    transcript_ << line.str() << '\n';
+  }
+
+  RunResult Steps(const Script& script, const std::function<void()>& pause) {
+    for (const Step& step : script.steps) {
+      if (pause) pause();
+      place_ = step.place;
+      std::visit([this](const auto& what) { CarryOut(what); }, step.what);
+      if (failed_) break;
+    }
+    result_.unused_faults = faults_.Unused();
+    transcript_.flush();
+    return std::move(result_);
+  }
+
+ private:
+  void Write(const formats::Json& event) {
+    if (event["event"] == "message")
+      NoteOutage(workspace::OutageIn(event["text"].get_ref<const std::string&>()));
+    transcript_ << formats::OneLine(event) << '\n';
+  }
+
+  void NoteOutage(const std::optional<store::StoreError>& outage) {
+    if (outage && !rehearsed_.contains(store::Number(*outage))) result_.outage = outage;
+  }
+
+  // The end of the script: this place could not be carried out.
+  // action is null where it is the step as a whole.
+  void Fail(const formats::Json& action, const std::string& reason) {
+    Write({{"event", "failed"}, {"step", place_}, {"action", action}, {"reason", reason}});
+    result_.problems.push_back(
+        fmt::format("{}: {}", action.is_string() ? action.get<std::string>() : place_, reason));
+    failed_ = true;
+  }
+  void Fail(const std::string& reason) { Fail(nullptr, reason); }
+
+  // Runs steps that are the script's own work: a failure ends the script.
+  template <typename Body>
+  void Own(const Body& body) {
+    const Faults::Silence silence(faults_);
+    try {
+      body();
+    } catch (const platform::Error& error) {
+      NoteOutage(workspace::OutageOf(error.Number()));
+      Fail(error.Description());
+    }
+  }
+
+  std::optional<store::TableId> Table(const std::string& name) {
+    const auto table = session_.Store().Catalog().FindTable(name);
+    if (!table) Fail(fmt::format("diese Datenbank hat die Tabelle {} nicht", name));
+    return table;
+  }
+
+  void CarryOut(const GotoStep& step) {
+    Own([&] {
+      const auto table = Table(step.table);
+      if (!table) return;
+      if (!step.row) return session_.GoNowhere(*table);
+      const auto row = dataset::RowFinder(session_.Store()).Find(*table, *step.row);
+      if (!row) return Fail(fmt::format("{}: keine Zeile mit {}", step.table, Describe(*step.row)));
+      session_.GoTo(*table, row->oid);
+    });
+  }
+
+  void CarryOut(const PersistVarStep& step) {
+    Own([&] {
+      auto& variables = session_.App()->CurrentDb()->Formulas().PersistVars();
+      if (host::HostPersistVar* variable = variables.Item(step.name))
+        variable->SetValue(step.value);
+      else
+        variables.Add(step.name, step.value);
+      session_.Host().EndUnit();
+    });
+  }
+
+  void CarryOut(const DbSettingStep& step) {
+    Own([&] {
+      auto& settings = session_.App()->CurrentDb()->DbSettings();
+      if (settings.Exists(step.name))
+        settings.Item(step.name).SetValue(step.value);
+      else
+        settings.Add(step.name, step.value);
+      session_.Host().EndUnit();
+    });
+  }
+
+  void CarryOut(const FaultStep& step) {
+    faults_.Add(step, place_);
+    rehearsed_.insert(step.number);
+  }
+
+  void CarryOut(const DumpStep& step) {
+    Own([&] {
+      std::vector<store::TableId> tables;
+      for (const std::string& name : step.tables) {
+        const auto table = Table(name);
+        if (!table) return;
+        tables.push_back(*table);
+      }
+      Dump([&](formats::JsonWriter& out) { dataset::WriteTables(out, session_.Store(), tables); });
+    });
+  }
+
+  void CarryOut(const CallStep& call) {
+    const std::string name(Name(call.operation));
+    Write({{"event", "call"}, {"name", name}});
+    formats::Json returned = {{"event", "return"}, {"name", name}};
+    try {
+      // What was stored before an error is committed all the same.
+      try {
+        screen_.Run(call.actions, [&] { Call(call, returned); });
+      } catch (...) {
+        session_.Host().EndUnit();
+        throw;
+      }
+      session_.Host().EndUnit();
+      if (!screen_.Failed()) Write(returned);
+    } catch (const platform::Error& error) {
+      NoteOutage(workspace::OutageOf(error.Number()));
+      if (!screen_.Failed()) {
+        Write({{"event", "error"},
+               {"number", formats::ErrorNumberText(error.Number())},
+               {"source", error.Source()},
+               {"description", error.Description()}});
+        result_.problems.push_back(fmt::format("{}: Fehler {}: {}", place_,
+                                               formats::ErrorNumberText(error.Number()),
+                                               error.Description()));
+      }
+    }
+    if (screen_.Failed()) Fail(screen_.Failed()->place, screen_.Failed()->reason);
+    transcript_.flush();
+  }
+
+  void Call(const CallStep& call, formats::Json& returned) {
+    shell::CVV& entry = session_.Entry();
+    bool pbOK = false;
+    std::int32_t plVsCount = 0;
+    bool pbShowDef = call.flag;
+    switch (call.operation) {
+      case Operation::DLLVersion:
+        returned["result"] = entry.DLLVersion();
+        return;
+      case Operation::NewContractDebitor:
+        return entry.NewContractDebitor(session_.App(), call.contract, call.articles);
+      case Operation::EditContractDefinition:
+        return entry.EditContractDefinition(session_.App(), call.flag);
+      case Operation::NewContract:
+        entry.NewContract(session_.App(), pbOK, plVsCount, pbShowDef);
+        break;
+      case Operation::NewContract2:
+        entry.NewContract2(session_.App(), pbOK, plVsCount, pbShowDef);
+        break;
+    }
+    returned["pbOK"] = pbOK;
+    returned["plVsCount"] = plVsCount;
+    returned["pbShowDef"] = pbShowDef;
+  }
+
+  std::ostream& transcript_;
+  ScriptScreen screen_;
+  workspace::Session session_;
+  Faults faults_;
+  std::set<std::int32_t> rehearsed_;  // numbers of the faults so far
+  std::string place_;
+  RunResult result_;
+  bool failed_ = false;
+};
+
+}  // namespace
+
+RunResult RunScript(const Script& script, std::unique_ptr<store::RecordStore> store,
+                    const platform::Clock& clock, std::ostream& transcript,
+                    const RunOptions& options) {
+  dataset::WrittenRows* written = nullptr;
+  if (options.dump_written) written = &dataset::WrittenRows::Watch(store);
+  Run run(std::move(store), clock, transcript);
+  RunResult result = run.Steps(script, options.pause);
+  if (written) run.Dump([written](formats::JsonWriter& out) { written->Write(out); });
+  return result;
+}
+
+}  // namespace pactora::scripts

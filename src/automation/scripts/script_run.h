@@ -1,0 +1,38 @@
+// Running a script.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "automation/scripts/script.h"
+#include "platform/Clock.h"
+#include "store/RecordStore.h"
+#include "store/errors.h"
+
+namespace pactora::scripts {
+
+struct RunOptions {
+  std::function<void()> pause;  // runs between steps and may raise to stop
+  bool dump_written = false;    // at the end an event "dump" with the rows written
+};
+
+struct RunResult {
+  // Errors that reached the caller of a call, and why the script could not be
+  // carried out to its end; each with its place. Empty: all went well.
+  std::vector<std::string> problems;
+  std::vector<std::string> unused_faults;  // places of faults that never came
+  // A failure of the whole database that came up, be it in a message box; those that
+  // the script rehearses don't count.
+  std::optional<store::StoreError> outage;
+};
+
+// Runs the steps on the database and writes the transcript, one event a line.
+RunResult RunScript(const Script& script, std::unique_ptr<store::RecordStore> store,
+                    const platform::Clock& clock, std::ostream& transcript,
+                    const RunOptions& options = {});
+
+}  // namespace pactora::scripts

@@ -1,0 +1,222 @@
+#include "automation/takeover/takeover_list.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstddef>
+
+#include "automation/formats/csv.h"
+#include "automation/formats/errors.h"
+#include "platform/Locale.h"
+#include "platform/Text.h"
+
+namespace pactora::takeover {
+namespace {
+
+// Raised for a value that can't be read; the text says why.
+struct Unreadable {
+  std::string reason;
+};
+
+bool AllDigits(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// "1.234.567": one to three digits, then groups of three; at least one group.
+bool Grouped(std::string_view text) {
+  const std::size_t first = text.find('.');
+  if (first > 3 || !AllDigits(text.substr(0, first))) {
+    return false;
+  }
+  for (std::size_t at = first; at < text.size(); at += 4) {
+    if (text[at] != '.' || text.substr(at).size() < 4 || !AllDigits(text.substr(at + 1, 3))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// Decimal comma. Thousands are grouped with points only before a comma: "1.5" and
+// "1,234.56" might be meant otherwise and are not guessed.
+double ReadNumber(std::string_view text) {
+  std::string_view digits = text;
+  if (digits.starts_with('-')) digits.remove_prefix(1);
+  const std::size_t comma = digits.find(',');
+  const std::string_view whole = digits.substr(0, comma);
+  const bool fraction_fits = comma == std::string_view::npos || AllDigits(digits.substr(comma + 1));
+  const bool whole_fits = AllDigits(whole) || (comma != std::string_view::npos && Grouped(whole));
+  if (!whole_fits || !fraction_fits) {
+    throw Unreadable{fmt::format("\"{}\" ist keine Zahl wie 1234,56 oder 1.234,56", text)};
+  }
+  std::string plain;
+  for (const char c : text) {
+    if (c != '.') plain += c;
+  }
+  const auto number = platform::ParseNumber(plain, platform::Locale{});
+  if (!number) throw Unreadable{fmt::format("\"{}\" ist zu groß", text)};
+  return *number;
+}
+
+platform::Date ReadDate(std::string_view text) {
+  const auto date = platform::ParseDate(text);
+  if (!date || *date == platform::kNoDate) {
+    throw Unreadable{fmt::format("\"{}\" ist kein Datum wie 31.12.2024 oder 2024-12-31", text)};
+  }
+  return *date;
+}
+
+bool ReadBoolean(std::string_view text) {
+  for (const std::string_view yes : {"ja", "wahr", "1"}) {
+    if (platform::EqualsIgnoringCase(text, yes)) return true;
+  }
+  for (const std::string_view no : {"nein", "falsch", "0"}) {
+    if (platform::EqualsIgnoringCase(text, no)) return false;
+  }
+  throw Unreadable{fmt::format("\"{}\" ist weder ja noch nein", text)};
+}
+
+struct Column {
+  std::string_view name;
+  bool required;
+  void (*read)(TakeoverLine& line, const std::string& cell);
+};
+
+// Their order is that of a line's values: a new column goes to the end, or the
+// keys of reports from before are other ones.
+constexpr std::array kColumns = {
+    Column{"Adresse", true, [](TakeoverLine& l, const std::string& c) { l.address = c; }},
+    Column{"Vertragstyp", true, [](TakeoverLine& l, const std::string& c) { l.type = c; }},
+    Column{"Vertragsbeginn", true,
+           [](TakeoverLine& l, const std::string& c) { l.begin = ReadDate(c); }},
+    Column{"ZuletztFakturiert", false,
+           [](TakeoverLine& l, const std::string& c) { l.last_invoiced = ReadDate(c); }},
+    Column{"Vertragsnummer", false, [](TakeoverLine& l, const std::string& c) { l.number = c; }},
+    Column{"GeschlossenAm", false,
+           [](TakeoverLine& l, const std::string& c) { l.closed_on = ReadDate(c); }},
+    Column{"Verantwortlich", false,
+           [](TakeoverLine& l, const std::string& c) { l.responsible = c; }},
+    Column{"Rabatt", false,
+           [](TakeoverLine& l, const std::string& c) { l.discount = ReadNumber(c); }},
+    Column{
+        "RabattNurErsteLaufzeit", false,
+        [](TakeoverLine& l, const std::string& c) { l.discount_first_term_only = ReadBoolean(c); }},
+    Column{"Fremdfakturierung", false,
+           [](TakeoverLine& l, const std::string& c) { l.no_booking = ReadBoolean(c); }},
+    Column{"Bearbeitungshinweis", false, [](TakeoverLine& l, const std::string& c) { l.memo = c; }},
+    Column{"Schlüssel", false, [](TakeoverLine& l, const std::string& c) { l.key = c; }},
+};
+
+using Columns = std::vector<const Column*>;
+
+// Without the empty cells at the end: spreadsheets end lines with them.
+std::vector<std::string> Used(std::vector<std::string> cells) {
+  while (!cells.empty() && cells.back().empty()) cells.pop_back();
+  return cells;
+}
+
+// What the line says, however a program that saved the list again ordered and
+// wrote it, line breaks within a cell included.
+std::string ValuesOf(const std::vector<std::string>& cells, const Columns& columns) {
+  const bool overfull = cells.size() > columns.size();
+  std::vector<std::string> values(std::max(kColumns.size(), cells.size()));
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const auto place = overfull ? i : static_cast<std::size_t>(columns[i] - kColumns.data());
+    for (const char c : cells[i])
+      if (c != '\r') values[place] += c;
+  }
+  return formats::CsvLine(Used(std::move(values)), formats::kSeparator);
+}
+
+Columns ReadHeader(const formats::CsvRow& header, const std::string& file) {
+  Columns columns;
+  const auto refuse = [&](const std::string& why) {
+    formats::Raise(formats::DoorError::BadInput,
+                   fmt::format("{}, Zeile {}: {}", file, header.line, why));
+  };
+  for (const std::string& name : Used(header.cells)) {
+    const Column* known = nullptr;
+    for (const Column& column : kColumns) {
+      if (column.name == name) known = &column;
+    }
+    if (known == nullptr)
+      refuse(fmt::format("unbekannte Spalte \"{}\"; es gibt {}", name, TakeoverColumns()));
+    for (const Column* column : columns) {
+      if (column == known) refuse(fmt::format("die Spalte \"{}\" steht zweimal da", name));
+    }
+    columns.push_back(known);
+  }
+  for (const Column& column : kColumns) {
+    bool present = !column.required;
+    for (const Column* other : columns) present |= other == &column;
+    if (!present) refuse(fmt::format("die Spalte \"{}\" fehlt", column.name));
+  }
+  return columns;
+}
+
+TakeoverLine ReadLine(const formats::CsvRow& row, const Columns& columns) {
+  TakeoverLine line;
+  line.line = row.line;
+  line.text = row.text;
+  const std::vector<std::string> cells = Used(row.cells);
+  line.key = line.values = ValuesOf(cells, columns);
+  line.overfull = cells.size() > columns.size();
+  if (line.overfull) {
+    line.refusal = "mehr Werte als Spalten";
+    return line;
+  }
+  const auto refuse = [&](const Column& column, const std::string& why) {
+    if (line.refusal.empty()) line.refusal = fmt::format("Spalte {}: {}", column.name, why);
+  };
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const std::string cell = i < cells.size() ? cells[i] : std::string();
+    if (cell.empty()) {
+      if (columns[i]->required) refuse(*columns[i], "der Wert fehlt");
+      continue;
+    }
+    try {
+      columns[i]->read(line, cell);
+    } catch (const Unreadable& unreadable) {
+      refuse(*columns[i], unreadable.reason);
+    }
+  }
+  return line;
+}
+
+}  // namespace
+
+TakeoverList ReadTakeoverList(std::string_view text, const std::string& name) {
+  TakeoverList list;
+  list.form = formats::FormOf(text);
+  std::vector<formats::CsvRow> rows;
+  try {
+    rows = formats::ReadCsv(text, list.form.separator);
+  } catch (const platform::Error& error) {
+    formats::Raise(formats::DoorError::BadInput, fmt::format("{}, {}", name, error.Description()));
+  }
+  // A line that tells spreadsheets the separator is no row.
+  if (!rows.empty() && rows.front().text == std::string("sep=") + list.form.separator)
+    rows.erase(rows.begin());
+  if (rows.empty())
+    formats::Raise(formats::DoorError::BadInput, fmt::format("{}: die Liste ist leer", name));
+  list.header = rows.front().text;
+  const Columns columns = ReadHeader(rows.front(), name);
+  for (std::size_t i = 1; i < rows.size(); ++i) list.lines.push_back(ReadLine(rows[i], columns));
+  return list;
+}
+
+std::string TakeoverColumns() {
+  std::string names;
+  for (const Column& column : kColumns)
+    names += (names.empty() ? "" : ", ") + std::string(column.name);
+  return names;
+}
+
+std::string TextOf(const TakeoverList& list, const std::vector<const TakeoverLine*>& lines) {
+  std::string text = list.form.Mark() + list.header + list.form.line_break;
+  for (const TakeoverLine* line : lines) text += line->text + list.form.line_break;
+  return text;
+}
+
+}  // namespace pactora::takeover

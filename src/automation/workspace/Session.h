@@ -1,0 +1,45 @@
+// An open database with the add-on loaded on it.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "embedded/Host.h"
+#include "host/HostApp.h"
+#include "platform/Clock.h"
+#include "platform/Locale.h"
+#include "shell/Module.h"
+#include "shell/entry/CVV.h"
+#include "store/RecordStore.h"
+#include "ui/Screen.h"
+
+namespace pactora::workspace {
+
+class Session {
+ public:
+  // Without a locale numbers are read and written the German way, wherever the
+  // program runs, so that a file means the same everywhere; who types into windows
+  // brings the locale. Screen and clock must outlive the session.
+  Session(std::unique_ptr<store::RecordStore> store, ui::Screen& screen,
+          const platform::Clock& clock, const platform::Locale& locale = {});
+
+  embedded::Host& Host() { return host_; }
+  store::RecordStore& Store() { return host_.Store(); }
+  std::shared_ptr<host::HostApp> App() { return host_.App(); }
+  shell::Module& AddOn() { return module_; }
+  // The one entry object.
+  shell::CVV& Entry() { return *entry_; }
+
+  // Makes the row the table's current row, its parents following.
+  void GoTo(store::TableId table, store::Oid oid);
+  // Leaves the table without a current row.
+  void GoNowhere(store::TableId table);
+
+ private:
+  embedded::Host host_;
+  shell::Module module_;
+  std::unique_ptr<shell::CVV> entry_;
+};
+
+}  // namespace pactora::workspace

@@ -1,0 +1,133 @@
+#include "automation/workspace/database.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <system_error>
+
+#include "automation/formats/ScratchFile.h"
+#include "automation/formats/errors.h"
+#include "automation/formats/files.h"
+#include "automation/workspace/fatal_store_error.h"
+#include "platform/Error.h"
+#include "schema/Catalog.h"
+#include "store/errors.h"
+#include "store/memory/MemoryStore.h"
+#ifdef PACTORA_HAS_SQLITE
+#include "store/sqlite/Connection.h"
+#include "store/sqlite/SqliteStore.h"
+#endif
+
+namespace pactora::workspace {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool IsServer(const std::string& name) {
+  return name.starts_with("postgresql://") || name.starts_with("postgres://");
+}
+
+// Raises for the kinds of database that this build does not have.
+void RequireAvailable(const std::string& name) {
+  if (IsServer(name))
+    formats::Raise(formats::DoorError::NotAvailable,
+                   "PostgreSQL-Datenbanken kann dieses Programm nicht öffnen");
+#ifndef PACTORA_HAS_SQLITE
+  if (name != kMemoryName)
+    formats::Raise(formats::DoorError::NotAvailable,
+                   "dieses Programm wurde ohne SQLite gebaut und öffnet keine Dateien");
+#endif
+}
+
+}  // namespace
+
+std::string DefaultDatabaseName(const std::string& name) {
+  if (name == kMemoryName || IsServer(name)) return "PACTORA";
+  return fs::path(name).stem().string();
+}
+
+store::Profile DefaultProfile(const std::string& name) {
+  store::Profile profile;
+  profile.name = name;
+  profile.display_name = name;
+  profile.users = {kDefaultUser};
+  profile.current_user = kDefaultUser;
+  return profile;
+}
+
+bool DatabaseExists(const std::string& name) {
+  RequireAvailable(name);
+  std::error_code ignored;
+  return name != kMemoryName && fs::exists(name, ignored);
+}
+
+std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access access) {
+  RequireAvailable(name);
+#ifdef PACTORA_HAS_SQLITE
+  if (name != kMemoryName) {
+    store::OpenOptions options;
+    options.mode = access;
+    return Naming(name, [&] {
+      if (!DatabaseExists(name))
+        store::Raise(store::StoreError::NotReachable, "die Datei gibt es nicht");
+      return store::OpenSqlite(name, options);
+    });
+  }
+#endif
+  static_cast<void>(access);
+  return store::CreateMemoryStore(schema::ContractCatalog(true),
+                                  DefaultProfile(DefaultDatabaseName(name)));
+}
+
+void GiveUpWaitingWhen(bool (*asked)()) {
+#ifdef PACTORA_HAS_SQLITE
+  store::sqlite::GiveUpWaitingWhen(asked);
+#endif
+  static_cast<void>(asked);
+}
+
+void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,
+                  Access access, const std::function<void(store::RecordStore&)>& fill) {
+  if (DatabaseExists(name)) formats::RaiseTaken(name);
+  const schema::Catalog catalog = schema::ContractCatalog(workflow_add_on);
+  if (name == kMemoryName || access == Access::Rehearsal) {
+    fill(*store::CreateMemoryStore(catalog, profile));
+    return;
+  }
+#ifdef PACTORA_HAS_SQLITE
+  const formats::ScratchFile scratch(name);
+  fill(*Naming(name, [&] { return store::CreateSqlite(scratch.Path(), catalog, profile); }));
+  scratch.BecomeTarget();
+#endif
+}
+
+void RequireOutside(const std::string& database, const std::string& file) {
+  if (database == kMemoryName || IsServer(database)) return;
+  if (formats::IsSameFile(file, database) || formats::IsSameFile(file, database + "-journal"))
+    formats::Raise(formats::DoorError::BadInput, file + ": das ist die Datenbank selbst");
+}
+
+platform::Error Named(const std::string& database, const platform::Error& error) {
+  const bool is_named = error.Source() == formats::kErrorSource;
+  if (is_named || (error.Source() != store::kErrorSource && !OutageOf(error.Number())))
+    return error;
+  return {error.Number(), fmt::format("{}: {}", database, error.Description()),
+          formats::kErrorSource};
+}
+
+bool IsEmpty(store::RecordStore& store) {
+  for (store::TableId table = 0; table < store.Catalog().tables.size(); ++table)
+    if (store.Count(table) != 0) return false;
+  return true;
+}
+
+std::vector<std::string> CheckStorage(const std::string& name) {
+  RequireAvailable(name);
+#ifdef PACTORA_HAS_SQLITE
+  if (name != kMemoryName) return Naming(name, [&] { return store::CheckSqlite(name); });
+#endif
+  return {};
+}
+
+}  // namespace pactora::workspace

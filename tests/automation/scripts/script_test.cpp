@@ -1,0 +1,323 @@
+// Scripts: what is refused before anything runs, and the transcript of a run.
+#include "automation/scripts/script.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "automation/company.h"
+#include "automation/formats/errors.h"
+#include "automation/scripts/script_run.h"
+#include "automation/workspace/ForwardingStore.h"
+#include "automation/workspace/exit_status.h"
+#include "platform/Clock.h"
+#include "platform/Error.h"
+#include "store/errors.h"
+
+namespace pactora::scripts {
+namespace {
+
+using support::Company;
+using support::kRecord;
+using support::SampleCompany;
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+Script ReadText(const std::string& text) {
+  std::istringstream in(text);
+  return ReadScript(formats::ParseJson(in, "skript.json"), "skript.json");
+}
+
+struct Bad {
+  const char* name;
+  const char* step;
+  const char* message;  // behind "skript.json: "
+
+  friend void PrintTo(const Bad& bad, std::ostream* out) { *out << bad.name; }
+};
+
+class BadStep : public testing::TestWithParam<Bad> {};
+
+TEST_P(BadStep, IsRefusedNamingStepAndKey) {
+  try {
+    ReadText(std::string(R"({"steps": [{"dump": true}, )") + GetParam().step + "]}");
+    FAIL() << "taken";
+  } catch (const platform::Error& error) {
+    EXPECT_EQ(error.Description(), std::string("skript.json: ") + GetParam().message);
+    EXPECT_EQ(error.Number(), Number(formats::DoorError::BadInput));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Steps, BadStep,
+    testing::ValuesIn(std::vector<Bad>{
+        {"NoObject", "1", "steps[1]: ein Objekt wird erwartet"},
+        {"Empty", "{}", "steps[1]: ein Schritt wird erwartet"},
+        {"Unknown", R"({"jump": 1})", "steps[1]: unbekannter Schlüssel „jump“"},
+        {"TwoSteps", R"({"dump": true, "call": "DLLVersion"})",
+         "steps[1]: unbekannter Schlüssel „dump“"},
+        {"GotoNowhere", R"({"goto": "Adressen"})",
+         "steps[1]: genau eines von where, oid und none wird erwartet"},
+        {"GotoTwice", R"({"goto": "Adressen", "oid": "1", "none": true})",
+         "steps[1]: genau eines von where, oid und none wird erwartet"},
+        {"GotoUnknownTable", R"({"goto": "Kunden", "oid": "1"})",
+         "steps[1].goto: die Tabelle „Kunden“ gibt es nicht"},
+        {"GotoUnknownField", R"({"goto": "Adressen", "where": {"Ort": "X"}})",
+         "steps[1].where.Ort: kein Feld von Adressen"},
+        {"GotoWrongType", R"({"goto": "Adressen", "where": {"Name": 7}})",
+         "steps[1].where.Name: ein Text wird erwartet"},
+        {"GotoNoCondition", R"({"goto": "Adressen", "where": {}})",
+         "steps[1].where: mindestens ein Feld wird erwartet"},
+        {"GotoNoneFalse", R"({"goto": "Adressen", "none": false})",
+         "steps[1].none: nur true ist möglich"},
+        {"UnknownCall", R"({"call": "newcontract"})",
+         "steps[1].call: die Operation „newcontract“ gibt es nicht"},
+        {"CallOptionOfAnother", R"({"call": "DLLVersion", "pbNew": true})",
+         "steps[1]: unbekannter Schlüssel „pbNew“"},
+        {"UnknownProperty", R"({"call": "NewContractDebitor", "contract": {"Preis": 1}})",
+         "steps[1].contract: unbekannter Schlüssel „Preis“"},
+        {"PropertyOfWrongType", R"({"call": "NewContractDebitor", "contract": {"Dauer": "12"}})",
+         "steps[1].contract.Dauer: eine ganze Zahl wird erwartet"},
+        {"ArticleOfWrongType",
+         R"({"call": "NewContractDebitor", "articles": [{}, {"dblAnzahl": "2"}]})",
+         "steps[1].articles[1].dblAnzahl: eine Zahl wird erwartet"},
+        {"WithoutUnknown", R"({"call": "NewContractDebitor", "without": ["Preis"]})",
+         "steps[1].without[0]: die Eigenschaft „Preis“ gibt es nicht"},
+        {"ActionUnknown", R"({"call": "NewContract", "do": [{"klick": "cmdOK"}]})",
+         "steps[1].do[0]: unbekannter Schlüssel „klick“"},
+        {"VariableWithoutValue", R"({"persistVar": "x"})", "steps[1]: „value“ fehlt"},
+        {"FaultWithoutNumber", R"({"fault": {"op": "StoreNew"}})",
+         "steps[1].fault: „number“ fehlt"},
+        {"FaultOfNoOperation", R"({"fault": {"op": "StoreNow", "number": "0x5"}})",
+         "steps[1].fault.op: die Operation „StoreNow“ gibt es nicht"},
+        {"FaultFromZero", R"({"fault": {"op": "StoreNew", "nth": 0, "number": "0x5"}})",
+         "steps[1].fault.nth: zählt ab 1"},
+        {"FaultUnknownTable", R"({"fault": {"op": "Store", "table": "X", "number": "0x5"}})",
+         "steps[1].fault.table: die Tabelle „X“ gibt es nicht"},
+        {"DumpNothing", R"({"dump": []})",
+         "steps[1].dump: true oder eine Liste von Tabellen wird erwartet"},
+        {"DumpUnknownTable", R"({"dump": ["Adressen", "X"]})",
+         "steps[1].dump[1]: die Tabelle „X“ gibt es nicht"},
+    }),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST(Script, ItsHeadIsCheckedToo) {
+  EXPECT_THROW(ReadText("{}"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": {}})"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": [], "heute": "2024-03-15"})"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": [], "today": "15.03.2024"})"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": [], "today": 0})"), platform::Error);
+  EXPECT_THROW(ReadText(R"({"steps": [], "today": "2024-03-15T09:00:00"})"), platform::Error);
+  EXPECT_EQ(ReadText(R"({"steps": [], "today": "2024-03-15"})").today,
+            platform::FromCivil(2024, 3, 15));
+}
+
+// A run on the company, on a fixed day.
+struct Ran {
+  RunResult result;
+  std::vector<std::string> events;
+};
+
+Ran RunSteps(std::string steps, std::unique_ptr<store::RecordStore> store = Company(),
+             bool dump_written = false) {
+  const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  std::ostringstream out;
+  RunOptions options;
+  options.dump_written = dump_written;
+  if (steps.ends_with(", ")) steps.resize(steps.size() - 2);
+  Ran ran;
+  ran.result =
+      RunScript(ReadText("{\"steps\": [" + steps + "]}"), std::move(store), clock, out, options);
+  std::istringstream lines(out.str());
+  for (std::string line; std::getline(lines, line);) ran.events.push_back(line);
+  return ran;
+}
+
+const std::string kGoto = R"({"goto": "Adressen", "where": {"Name": "Beispiel AG"}}, )";
+const std::string kCall = std::string(R"({"call": "NewContractDebitor", )") + kRecord + "}, ";
+const std::string kCallEvent = R"({"event":"call","name":"NewContractDebitor"})";
+const std::string kReturnEvent = R"({"event":"return","name":"NewContractDebitor"})";
+
+TEST(ScriptRun, AContractFromRecordsBelongsToTheAddressGoneTo) {
+  const Ran ran =
+      RunSteps(kGoto + kCall + R"({"dump": ["vv_VertragsAktivitaeten"]}, {"dump": true})");
+  EXPECT_THAT(ran.result.problems, IsEmpty());
+  ASSERT_EQ(ran.events.size(), 4u);
+  EXPECT_EQ(ran.events[0], kCallEvent);
+  EXPECT_EQ(ran.events[1], kReturnEvent);
+  const formats::Json appointments =
+      formats::Json::parse(ran.events[2])["tables"]["vv_VertragsAktivitaeten"];
+  ASSERT_EQ(appointments.size(), 1u);
+  EXPECT_EQ(appointments[0]["Datum"], "2025-01-31T09:00:00");
+  const formats::Json addresses = formats::Json::parse(ran.events[3])["tables"]["Adressen"];
+  EXPECT_FALSE(addresses[0].contains("vv_Vertraege"));
+  const formats::Json contract = addresses[1]["vv_Vertraege"][0];
+  EXPECT_EQ(contract["Vertragnummer"], "00000001");
+  EXPECT_EQ(contract["AktValue"], 20);
+  EXPECT_EQ(contract["vv_Vertragsstaende"][0]["vv_Vertragspositionen"][0]["Row"], "001");
+}
+
+TEST(ScriptRun, AtTheStartNoTableHasACurrentRow) {
+  const Ran ran = RunSteps(kCall + kGoto + R"({"goto": "Adressen", "none": true}, )" + kCall +
+                           R"({"call": "DLLVersion"})");
+  EXPECT_THAT(
+      ran.events,
+      ElementsAre(kCallEvent,
+                  HasSubstr(R"("number":"0x8004500A","source":"modAPI",)"
+                            R"("description":"Keine Adresse ausgewählt!")"),
+                  kCallEvent, HasSubstr("0x8004500A"), R"({"event":"call","name":"DLLVersion"})",
+                  R"({"event":"return","name":"DLLVersion","result":"Version 2.9.0.2"})"));
+  EXPECT_THAT(ran.result.problems,
+              ElementsAre("steps[0]: Fehler 0x8004500A: Keine Adresse ausgewählt!",
+                          "steps[3]: Fehler 0x8004500A: Keine Adresse ausgewählt!"));
+}
+
+TEST(ScriptRun, ARecordThatLacksAPropertyEndsInAMessage) {
+  const Ran ran = RunSteps(kGoto +
+                           R"({"call": "NewContractDebitor", "contract": {},
+                          "without": ["Auftragsnummer"]}, {"dump": ["vv_Vertraege"]})");
+  ASSERT_EQ(ran.events.size(), 4u);
+  const formats::Json message = formats::Json::parse(ran.events[1]);
+  EXPECT_EQ(message["event"], "message");
+  EXPECT_EQ(message["style"], 48);
+  EXPECT_EQ(message["title"], "Fehler in CVV.NewContractDebitor");
+  EXPECT_EQ(message["answer"], "ok");
+  EXPECT_THAT(message["text"].get<std::string>(), HasSubstr("\r\n"));
+  EXPECT_EQ(ran.events[2], kReturnEvent);
+  EXPECT_EQ(ran.events[3], R"({"event":"dump","tables":{"vv_Vertraege":[]}})");
+  EXPECT_THAT(ran.result.problems, IsEmpty()) << "messages alone are no failure";
+}
+
+TEST(ScriptRun, AFaultComesAtTheNthCallOnThatTableOnce) {
+  const std::string fault =
+      R"({"fault": {"op": "StoreNew", "table": "vv_Vertragspositionen", "nth": 2,
+                    "number": "0x80041096", "description": "voll"}}, )";
+  const Ran ran = RunSteps(fault + kGoto + kCall + kCall + kCall + R"({"dump": ["vv_Vertraege"]})");
+  EXPECT_EQ(ran.events[1], kReturnEvent);
+  EXPECT_EQ(ran.events[3], R"({"event":"error","number":"0x80041096",)"
+                           R"("source":"modAPI.WriteNewPositions","description":"voll"})");
+  EXPECT_EQ(ran.events[5], kReturnEvent);
+  const formats::Json contracts = formats::Json::parse(ran.events[6])["tables"]["vv_Vertraege"];
+  ASSERT_EQ(contracts.size(), 3u);
+  EXPECT_FALSE(contracts[1].contains("AktValue")) << "stored so far, and no further";
+  EXPECT_THAT(ran.result.unused_faults, IsEmpty());
+}
+
+// Another user holds the database.
+struct LockedStore final : workspace::ForwardingStore {
+  using workspace::ForwardingStore::ForwardingStore;
+  void Insert(store::TableId, store::Record&) override { store::Raise(store::StoreError::Locked); }
+};
+
+TEST(ScriptRun, AFailureOfTheWholeDatabaseIsNotedButNotARehearsedOne) {
+  EXPECT_EQ(RunSteps(kGoto + kCall, std::make_unique<LockedStore>(Company())).result.outage,
+            store::StoreError::Locked);
+  const Ran messages = RunSteps(R"({"goto": "Adressen", "oid": "1"}, {"call": "NewContract", "do": [
+      {"select": "lvwBezeichnung", "text": "Wartung Server"}, {"click": "cmdOK"}]})",
+                                std::make_unique<LockedStore>(SampleCompany()));
+  EXPECT_THAT(messages.result.problems, IsEmpty());
+  EXPECT_EQ(messages.result.outage, store::StoreError::Locked);
+  const Ran rehearsed =
+      RunSteps(R"({"fault": {"op": "StoreNew", "number": "0x80041020"}}, )" + kGoto + kCall);
+  EXPECT_THAT(rehearsed.result.problems, SizeIs(1));
+  EXPECT_EQ(rehearsed.result.outage, std::nullopt);
+}
+
+TEST(ExitStatus, IsTheSameForAnOutageWhicheverWayItIsTold) {
+  const std::pair<store::StoreError, workspace::Status> cases[] = {
+      {store::StoreError::Locked, workspace::Status::NotReachable},
+      {store::StoreError::ReadOnly, workspace::Status::NotReachable},
+      {store::StoreError::NotADatabase, workspace::Status::BadInput},
+      {store::StoreError::Full, workspace::Status::Refused}};
+  for (const auto& [error, status] : cases) {
+    EXPECT_EQ(workspace::StatusOf(error), status);
+    EXPECT_EQ(workspace::StatusOf(platform::Error(store::Number(error), "")), status);
+  }
+}
+
+TEST(ScriptRun, TheScriptsOwnStepsNeitherFailNorCount) {
+  const Ran ran = RunSteps(R"({"fault": {"op": "GotoOid", "number": "0x5"}},
+                         {"fault": {"op": "PersistVars.Item", "number": "0x5"}},
+                         {"fault": {"op": "FilterOff", "nth": 99, "number": "0x5"}}, )" +
+                           kGoto + R"({"persistVar": "x", "value": 1})");
+  EXPECT_THAT(ran.result.problems, IsEmpty());
+  EXPECT_THAT(ran.result.unused_faults, ElementsAre("steps[0]", "steps[1]", "steps[2]"));
+}
+
+TEST(ScriptRun, VariablesAndSettingsAreSetForWhatFollows) {
+  const Ran ran = RunSteps(kGoto + R"({"persistVar": "vv_AlarmWochenEnde", "value": "2"},
+                                 {"persistVar": "vv_AlarmWochenEnde", "value": "1"},
+                                 {"dbSetting": "CreateAppointment4AllContracts", "value": "true"}, )" +
+                           kCall + R"({"dump": ["vv_VertragsAktivitaeten"]})");
+  EXPECT_THAT(ran.events.back(), HasSubstr("2025-02-21T09:00:00"));
+}
+
+TEST(ScriptRun, ARowThatThereIsNotEndsTheScript) {
+  const Ran ran = RunSteps(R"({"goto": "Adressen", "where": {"Name": "Niemand"}},
+                         {"call": "DLLVersion"})");
+  EXPECT_THAT(ran.events,
+              ElementsAre(R"({"event":"failed","step":"steps[0]","action":null,)"
+                          R"("reason":"Adressen: keine Zeile mit Name = \"Niemand\""})"));
+  EXPECT_THAT(ran.result.problems,
+              ElementsAre("steps[0]: Adressen: keine Zeile mit Name = \"Niemand\""));
+}
+
+TEST(ScriptRun, GotoFindsRowsBelowOthersAndTheirParentsFollow) {
+  const Ran ran = RunSteps(kGoto + kCall + R"({"goto": "Adressen", "oid": "1"},
+      {"goto": "vv_Vertragspositionen", "where": {"Row": "001", "Anzahl": 2, "Preis": 120}}, )" +
+                           kCall + R"({"dump": ["Adressen"]})");
+  EXPECT_THAT(ran.result.problems, IsEmpty());
+  const formats::Json addresses = formats::Json::parse(ran.events.back())["tables"]["Adressen"];
+  EXPECT_EQ(addresses[1]["vv_Vertraege"].size(), 2u);
+}
+
+// Its second commit fails and gives the unit of work up.
+class FailingCommit final : public workspace::ForwardingStore {
+ public:
+  using workspace::ForwardingStore::ForwardingStore;
+  void Commit() override {
+    if (InUnit() && ++commits_ == 2) {
+      Rollback();
+      store::Raise(store::StoreError::Full);
+    }
+    workspace::ForwardingStore::Commit();
+  }
+
+ private:
+  int commits_ = 0;
+};
+
+TEST(ScriptRun, ACommitThatFailsIsAnErrorOfTheCallAndNothingOfItRemains) {
+  const Ran ran =
+      RunSteps(kGoto + kCall + kGoto + kCall + kGoto + kCall + R"({"dump": ["vv_Vertraege"]})",
+               std::make_unique<FailingCommit>(Company()));
+  ASSERT_EQ(ran.events.size(), 7u);
+  EXPECT_EQ(ran.events[1], kReturnEvent);
+  EXPECT_THAT(ran.events[3], HasSubstr(R"("event":"error","number":"0x80041024")"));
+  EXPECT_EQ(ran.events[5], kReturnEvent);
+  const formats::Json contracts = formats::Json::parse(ran.events[6])["tables"]["vv_Vertraege"];
+  ASSERT_EQ(contracts.size(), 2u);
+  EXPECT_EQ(contracts[1]["Vertragnummer"], "00000002") << "the lost number is drawn again";
+}
+
+TEST(ScriptRun, ARehearsalEndsWithTheRowsThatWereWritten) {
+  const Ran ran = RunSteps(kGoto + kCall, Company(), true);
+  const formats::Json tables = formats::Json::parse(ran.events.back())["tables"];
+  std::vector<std::string> names;
+  for (const auto& table : tables.items()) names.push_back(table.key());
+  EXPECT_THAT(names, ElementsAre("vv_Vertraege", "vv_Vertragsstaende", "vv_Vertragspositionen",
+                                 "vv_VertragsAktivitaeten", "KELM_Nummern"));
+  EXPECT_FALSE(tables["vv_Vertraege"][0].contains("vv_Vertragsstaende"));
+  EXPECT_EQ(tables["KELM_Nummern"][0]["Nummer"], "00000001");
+}
+
+}  // namespace
+}  // namespace pactora::scripts

@@ -1,0 +1,148 @@
+// Takeover lists that run at the same time.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "automation/company.h"
+#include "automation/dataset/dataset_files.h"
+#include "automation/formats/errors.h"
+#include "automation/takeover/takeover_job.h"
+#include "schema/names.h"
+#include "support/TemporaryFolder.h"
+#include "support/contract_world.h"
+
+namespace pactora::takeover {
+namespace {
+
+struct TakeoverJobs : testing::Test {
+  TakeoverJobs() {
+    Import(db, std::string(dataset::SampleDataset()));
+    WriteList(0, kLines);
+  }
+
+  static void Import(const std::string& file, const std::string& dataset) {
+    dataset::ImportDatabase(file, formats::MemorySource("sample", dataset),
+                            workspace::Access::Write, [](std::size_t, std::size_t) {});
+  }
+
+  // Lines with the keys from first to before end.
+  void WriteList(int first, int end) const {
+    std::ofstream out(folder.File("liste.csv"));
+    out << "Schlüssel;Adresse;Vertragstyp;Vertragsbeginn\n";
+    for (int key = first; key < end; ++key) out << key << ";1;Wartung Server;01.01.2024\n";
+  }
+
+  void Run(const std::string& report, const std::function<void()>& after_line) {
+    const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+    TakeoverJob({db, folder.File("liste.csv"), folder.File(report)}).Run(clock, after_line);
+  }
+  std::int64_t CountContracts() const {
+    const auto store = workspace::OpenDatabase(db, workspace::Access::Read);
+    return store->Count(store->Catalog().FindTable(schema::table::vv_Vertraege).value());
+  }
+
+  static std::int32_t NumberOf(const std::function<void()>& body) {
+    const auto error = support::ErrorOf(body);
+    return error ? error->Number() : 0;
+  }
+
+  static constexpr int kLines = 5;
+  support::TemporaryFolder folder;
+  const std::string db = folder.File("firma.db");
+};
+
+TEST_F(TakeoverJobs, WhatTheDatabaseRemembersForOneOutlastsWhatItDoesForAnother) {
+  const std::int64_t before = CountContracts();
+  int lines = 0;
+  Run("a.csv", [&] {
+    if (++lines != 2) return;
+    int other_lines = 0;
+    const auto stop = [&] {
+      if (++other_lines == 3) formats::Raise(formats::DoorError::Interrupted, "");
+    };
+    EXPECT_EQ(NumberOf([&] { Run("b.csv", stop); }), Number(formats::DoorError::Interrupted));
+  });
+  EXPECT_EQ(CountContracts(), before + kLines + 3);
+  // The machine failed before the other's report reached the disk.
+  std::ofstream(folder.File("b.csv")) << "Zeile;Schlüssel;Ergebnis;Vertragsnummer;Meldung\n";
+  // Another list comes first.
+  WriteList(kLines, kLines + 1);
+  Run("b.csv", [] {});
+  WriteList(0, kLines);
+  Run("b.csv", [] {});
+  EXPECT_EQ(CountContracts(), before + 2 * kLines + 1);
+}
+
+TEST_F(TakeoverJobs, AnAddressIsNamedByNameOrOidAndNotGuessed) {
+  const std::string dataset(R"({"tables": {"Adressen": [{"@oid": "1", "Name": "Muster"},
+    {"@oid": "2", "Name": "Muster"}, {"@oid": "3", "Name": "4"}, {"@oid": "4", "Name": "x"},
+    {"@oid": "5", "Name": "5"}]}})");
+  const std::string named = folder.File("namen.db");
+  Import(named, dataset);
+  std::ofstream(folder.File("liste.csv")) << "Adresse;Vertragstyp;Vertragsbeginn\n"
+                                          << "x;T;01.01.2024\n1;T;01.01.2024\n5;T;01.01.2024\n"
+                                          << "Muster;T;01.01.2024\n4;T;01.01.2024\n"
+                                          << "9;T;01.01.2024\n";
+  const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  TakeoverJob job({named, folder.File("liste.csv"), folder.File("a.csv")});
+  job.Run(clock, [] {});
+  std::vector<std::string> messages;
+  for (const ReportLine& line : job.Lines()) messages.push_back(line.message);
+  const std::string found = messages[0];
+  EXPECT_THAT(found, testing::Not(testing::HasSubstr("Adresse")));
+  EXPECT_THAT(
+      messages,
+      testing::ElementsAre(
+          found, found, found, "Spalte Adresse: \"Muster\" gibt es mehrmals; nennen Sie die Oid",
+          "Spalte Adresse: \"4\" ist der Name einer Adresse und die Oid einer anderen",
+          "Spalte Adresse: \"9\" gibt es nicht"));
+}
+
+// 01.01.2124 is not taken for 01.01.2024 where the user's pattern shows both as "24".
+TEST_F(TakeoverJobs, APeriodIsKnownByItsWholeDate) {
+  std::ofstream(folder.File("liste.csv"))
+      << "Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert\n"
+      << "1;Wartung Server;01.01.2024;01.01.2024\n1;Wartung Server;01.01.2024;01.01.2124\n";
+  const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  struct {
+    std::string pattern;
+    std::size_t created;
+  } const cases[] = {{"dd.mm.yyyy", 1}, {"d. M. yyyy", 1}, {"dd.MM.yy", 0}, {"MM/yyyy", 0}};
+  for (const auto& c : cases) {
+    std::string dataset(dataset::SampleDataset());
+    const std::string usual = "dd.MM.yyyy";
+    dataset.replace(dataset.find(usual), usual.size(), c.pattern);
+    const std::string name = folder.File(std::to_string(&c - cases) + ".db");
+    Import(name, dataset);
+    TakeoverJob job({name, folder.File("liste.csv"), name + ".csv"});
+    EXPECT_EQ(job.Run(clock, [] {}).created, c.created) << c.pattern;
+  }
+}
+
+TEST_F(TakeoverJobs, ATypeWhoseNameAnotherOneHasIsNotGuessed) {
+  std::string dataset(dataset::SampleDataset());
+  const std::string other = "\"Stellfläche Rechenzentrum\"";
+  dataset.replace(dataset.rfind(other), other.size(), "\"Wartung Server\"");
+  const std::string twins = folder.File("zwillinge.db");
+  Import(twins, dataset);
+  const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  TakeoverJob job({twins, folder.File("liste.csv"), folder.File("a.csv")});
+  EXPECT_EQ(job.Run(clock, [] {}).refused, std::size_t{kLines});
+  EXPECT_EQ(job.Lines().front().message, "Spalte Vertragstyp: \"Wartung Server\" gibt es mehrmals");
+}
+
+TEST_F(TakeoverJobs, OneReportServesOneRunAtATime) {
+  const std::int64_t before = CountContracts();
+  Run("a.csv", [&] {
+    EXPECT_EQ(NumberOf([&] { Run("a.csv", [] {}); }), Number(formats::DoorError::NotCarriedOut));
+  });
+  EXPECT_EQ(CountContracts(), before + kLines);
+}
+
+}  // namespace
+}  // namespace pactora::takeover

@@ -1,0 +1,131 @@
+// What a takeover list may hold, and how its faults are named.
+#include "automation/takeover/takeover_list.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "automation/formats/csv.h"
+#include "platform/Error.h"
+
+namespace pactora::takeover {
+namespace {
+
+TakeoverLine OneLine(const std::string& column, const std::string& cell) {
+  const TakeoverList list = ReadTakeoverList(
+      "Adresse;Vertragstyp;Vertragsbeginn;" + column + "\nA;T;01.02.2024;" + cell, "liste.csv");
+  return list.lines.at(0);
+}
+
+TEST(TakeoverList, NumbersAreTakenInTheGermanFormAloneAndNeverGuessed) {
+  struct Case {
+    const char* cell;
+    double number;  // negative: refused
+  };
+  for (const Case& c : {Case{"12", 12},
+                        {"12,5", 12.5},
+                        {"1.234,56", 1234.56},
+                        {"1234,56", 1234.56},
+                        {"12.345.678,9", 12345678.9},
+                        {"1.5", -1},
+                        {"1,234.56", -1},
+                        {"1.234", -1},
+                        {"1.23,4", -1},
+                        {"1234.567,8", -1},
+                        {"12,", -1},
+                        {",5", -1},
+                        {"zwölf", -1},
+                        {"1 000", -1}}) {
+    const TakeoverLine line = OneLine("Rabatt", c.cell);
+    if (c.number >= 0) {
+      EXPECT_EQ(line.refusal, "") << c.cell;
+      EXPECT_EQ(line.discount.value_or(-1), c.number) << c.cell;
+    } else {
+      EXPECT_TRUE(line.refusal.starts_with("Spalte Rabatt: \"")) << c.cell << line.refusal;
+    }
+  }
+}
+
+TEST(TakeoverList, DatesAndBooleansHaveTheirForms) {
+  for (const char* date : {"15.03.2024", "2024-03-15"}) {
+    EXPECT_EQ(OneLine("GeschlossenAm", date).closed_on, platform::FromCivil(2024, 3, 15)) << date;
+  }
+  for (const char* date : {"31.02.2024", "15/03/2024", "15.3.24", "heute", "30.12.1899"}) {
+    EXPECT_TRUE(OneLine("GeschlossenAm", date).refusal.starts_with("Spalte GeschlossenAm: "))
+        << date;
+  }
+  for (const char* yes : {"ja", "WAHR", "1"})
+    EXPECT_EQ(OneLine("Fremdfakturierung", yes).no_booking, true);
+  for (const char* no : {"nein", "Falsch", "0"}) {
+    EXPECT_EQ(OneLine("Fremdfakturierung", no).no_booking, false);
+  }
+  EXPECT_NE(OneLine("Fremdfakturierung", "x").refusal, "");
+  EXPECT_EQ(OneLine("Fremdfakturierung", "").no_booking, std::nullopt);
+}
+
+TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
+  EXPECT_EQ(OneLine("Schlüssel", "K-7").key, "K-7");
+  for (const char* cell : {"5", "\"5\"", " 5 ;;", "5\r\n"}) {
+    EXPECT_EQ(OneLine("GeschlossenAm", cell).key, "A;T;01.02.2024;;;5") << cell;
+  }
+  EXPECT_EQ(OneLine("ZuletztFakturiert", "\"5;6\"").key, "A;T;01.02.2024;\"5;6\"");
+  EXPECT_EQ(OneLine("Rabatt;GeschlossenAm", "5;6").key, OneLine("GeschlossenAm;Rabatt", "6;5").key);
+  EXPECT_EQ(OneLine("Bearbeitungshinweis", "\"a\r\nb\"").key,
+            OneLine("Bearbeitungshinweis", "\"a\nb\"").key);
+  EXPECT_NE(OneLine("Rabatt", "5").key, OneLine("GeschlossenAm", "5").key);
+}
+
+TEST(TakeoverList, QuotesMarksAndCommasAreUnderstood) {
+  const TakeoverList list = ReadTakeoverList(
+      "\xEF\xBB\xBFsep=,\r\nVertragstyp,Adresse,Vertragsbeginn,Bearbeitungshinweis\r\n"
+      "\"T, \"\"neu\"\"\",A,2024-01-31,\"zwei\nZeilen\"\r\n\r\n T2 ,B,01.01.2024,\r\n",
+      "liste.csv");
+  ASSERT_EQ(list.lines.size(), 2u);
+  EXPECT_EQ(list.lines[0].type, "T, \"neu\"");
+  EXPECT_EQ(list.lines[0].memo, "zwei\nZeilen");
+  EXPECT_EQ(list.lines[1].type, "T2");
+  EXPECT_EQ(list.lines[1].line, 6u);
+  EXPECT_EQ(formats::ReadCsv(formats::CsvLine({"a;b", "\"", " c", "d"}, ';'), ';').at(0).cells,
+            (std::vector<std::string>{"a;b", "\"", " c", "d"}));
+}
+
+TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
+  struct Case {
+    std::string text;
+    std::string fault;
+  };
+  const std::string header = "Adresse;Vertragstyp;Vertragsbeginn";
+  for (const Case& c : {
+           Case{"", "liste.csv: die Liste ist leer"},
+           Case{header + ";Preis",
+                "liste.csv, Zeile 1: unbekannte Spalte \"Preis\"; es gibt Adresse, "},
+           Case{"Adresse;Vertragstyp", "liste.csv, Zeile 1: die Spalte \"Vertragsbeginn\" fehlt"},
+           Case{header + ";Adresse", "liste.csv, Zeile 1: die Spalte \"Adresse\" steht zweimal da"},
+           Case{"Adresse;;Vertragstyp;Vertragsbeginn",
+                "liste.csv, Zeile 1: unbekannte Spalte \"\"; es gibt Adresse, "},
+           Case{header + "\na;\"b",
+                "liste.csv, Zeile 2: das Anführungszeichen ist nicht geschlossen"},
+           Case{header + "\na;\xFF",
+                "liste.csv, Zeile 2: kein UTF-8; speichern Sie die Datei als \"CSV UTF-8\""},
+       }) {
+    try {
+      ReadTakeoverList(c.text, "liste.csv");
+      ADD_FAILURE() << c.fault;
+    } catch (const platform::Error& error) {
+      EXPECT_TRUE(error.Description().starts_with(c.fault)) << error.Description();
+    }
+  }
+}
+
+TEST(TakeoverList, ALineWithTooFewOrTooManyValuesIsRefusedAlone) {
+  const TakeoverList list = ReadTakeoverList(
+      "Adresse;Vertragstyp;Vertragsbeginn;;\na\nb;T;01.01.2024;x\nc;T;01.01.2024;;;\n",
+      "liste.csv");
+  ASSERT_EQ(list.lines.size(), 3u);
+  EXPECT_EQ(list.lines[0].refusal, "Spalte Vertragstyp: der Wert fehlt");
+  EXPECT_EQ(list.lines[1].refusal, "mehr Werte als Spalten");
+  EXPECT_EQ(list.lines[2].refusal, "") << "empty cells at the end say nothing";
+}
+
+}  // namespace
+}  // namespace pactora::takeover
