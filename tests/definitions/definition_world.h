@@ -11,6 +11,7 @@
 #include "definitions/frmFEditDefinitions.h"
 #include "definitions/vv_CDefinition.h"
 #include "definitions/vv_CPosition.h"
+#include "support/attributes.h"
 #include "support/contract_world.h"
 #include "support/dialog_user.h"
 
@@ -33,34 +34,19 @@ class DefinitionTest : public support::ContractWorldTest {
   using Acts = std::function<void(DialogUser& user)>;
 
   DefinitionTest() {
-    customer = AddGroup("Kunde");
-    AddAttribute(customer, "Branche", {"Handel", "Industrie"});
-    AddAttribute(customer, "Betreuer", {"<Benutzername>"});
-    AddAttribute(customer, "Kunde seit", {"<Datum>", "nie"});
-    AddAttribute(customer, "Sperre", {});
-    AddAttribute(AddGroup("Abteilung"), "Branche", {"Vertrieb"});
-    AddGroup("Zukunft");
-    AddWorkflow("W1", "Verlängern", "freigegeben");
-    AddWorkflow("W2", "Alt", "gesperrt");
-    AddWorkflow("W3", "Nachfragen", "freigegeben");
+    using support::AddAttribute, support::AddGroup, support::AddWorkflow;
+    customer = AddGroup(world, "Kunde");
+    AddAttribute(world, customer, "Branche", {"Handel", "Industrie"});
+    AddAttribute(world, customer, "Betreuer", {"<Benutzername>"});
+    AddAttribute(world, customer, "Kunde seit", {"<Datum>", "nie"});
+    AddAttribute(world, customer, "Sperre", {});
+    AddAttribute(world, AddGroup(world, "Abteilung"), "Branche", {"Vertrieb"});
+    AddGroup(world, "Zukunft");
+    AddWorkflow(world, "W1", "Verlängern");
+    AddWorkflow(world, "W2", "Alt", "gesperrt");
+    AddWorkflow(world, "W3", "Nachfragen");
     world.host.EndUnit();
     world.Enter();
-  }
-
-  store::Oid AddGroup(std::string_view name) {
-    return world.Add(table::MerkmalgruppeAdressen, {{field::Gruppe, name}});
-  }
-  void AddAttribute(store::Oid group, std::string_view name,
-                    const std::vector<std::string>& values) {
-    const store::Oid attribute =
-        world.Add(table::MerkmallisteAdressen, {{field::Merkmal, name}}, group);
-    for (const std::string& value : values) {
-      world.Add(table::WerteMerkmalAdressen, {{field::Wert, value}}, attribute);
-    }
-  }
-  void AddWorkflow(std::string_view id, std::string_view name, std::string_view status) {
-    world.Add(table::KELDO_Vorgaenge,
-              {{field::ID, id}, {field::Betreff, name}, {field::Status, status}});
   }
 
   // A renewable claim of 12 months unless the values say otherwise; its row is
@@ -118,19 +104,12 @@ class DefinitionTest : public support::ContractWorldTest {
     Show(dialog, acts);
   }
   void Show(frmFEditDefinitions& dialog, const Acts& acts) {
-    world.screen.ExpectDialog("frmFEditDefinitions", [&](ui::Form& form, ui::Person& person) {
-      DialogUser user(form, person);
-      acts(user);
-    });
+    world.screen.ExpectDialog("frmFEditDefinitions", support::AsUser(acts));
     dialog.Show(world.screen);
   }
   // The position dialog comes next.
   void ExpectPosition(Acts acts) {
-    world.screen.ExpectDialog("frmFEditDefPositions",
-                              [acts = std::move(acts)](ui::Form& form, ui::Person& person) {
-                                DialogUser user(form, person);
-                                acts(user);
-                              });
+    world.screen.ExpectDialog("frmFEditDefPositions", support::AsUser(std::move(acts)));
   }
   void AddArticle(DialogUser& user, std::int32_t row) {
     user.ChooseRow("lvwArtikel", row);

@@ -13,6 +13,7 @@
 #include "desktop/window_user.h"
 #include "newcontract/dialog_world.h"
 #include "shell/entry/CVV.h"
+#include "support/attributes.h"
 #include "support/contract_world.h"
 #include "support/dialog_user.h"
 
@@ -43,17 +44,10 @@ inline void Furnish(support::ContractWorld& world) {
         {field::Dauer, 0},
         {field::Verlaengerungsdauer, 0}});
   type({{field::ID, "D3"}, {field::Bezeichnung, "Zulieferung"}, {field::Typ, "K"}});
-  const store::Oid group = world.Add(table::MerkmalgruppeAdressen, {{field::Gruppe, "Kunde"}});
-  const auto attribute = [&](const char* name, std::initializer_list<const char*> values) {
-    const store::Oid oid = world.Add(table::MerkmallisteAdressen, {{field::Merkmal, name}}, group);
-    for (const char* value : values) {
-      world.Add(table::WerteMerkmalAdressen, {{field::Wert, value}}, oid);
-    }
-  };
-  attribute("Branche", {"Handel", "Industrie"});
-  attribute("Kunde seit", {"<Datum>"});
-  world.Add(table::KELDO_Vorgaenge,
-            {{field::ID, "W1"}, {field::Betreff, "Verlängern"}, {field::Status, "freigegeben"}});
+  const store::Oid group = support::AddGroup(world, "Kunde");
+  support::AddAttribute(world, group, "Branche", {"Handel", "Industrie"});
+  support::AddAttribute(world, group, "Kunde seit", {"<Datum>"});
+  support::AddWorkflow(world, "W1", "Verlängern");
   world.host.EndUnit();
 }
 
@@ -110,10 +104,7 @@ struct Rehearsal {
 
   using Acts = std::function<void(support::DialogUser& user)>;
   void Expect(const char* dialog, const Acts& acts) {
-    world.screen.ExpectDialog(dialog, [acts](ui::Form& form, ui::Person& person) {
-      support::DialogUser user(form, person);
-      acts(user);
-    });
+    world.screen.ExpectDialog(dialog, support::AsUser(acts));
   }
   void NewContract() {
     bool show_details = false;

@@ -11,7 +11,7 @@
 #include "newcontract/frmNewContract.h"
 #include "shell/modGlobalDefs.h"
 #include "support/contract_world.h"
-#include "ui/Person.h"
+#include "support/dialog_user.h"
 
 namespace pactora::newcontract {
 
@@ -118,9 +118,11 @@ inline ui::Message Warning(std::string text) {
   return {std::move(text), ui::style::kExclamation, shell::kAddonTitle};
 }
 
-class Dialog {
+// The dialog with its user.
+class Dialog : public support::DialogUser {
  public:
-  explicit Dialog(support::ContractWorld& world) : world_(world), form(world.module) {}
+  explicit Dialog(support::ContractWorld& world)
+      : DialogUser(form), form(world.module), world_(world) {}
 
   // Opens the dialog for the first address and shows it.
   bool Open() {
@@ -129,40 +131,16 @@ class Dialog {
     form.BeginModal();
     return true;
   }
-
-  void Click(std::string_view name) { Expect(person.Click(*form.Find(name)), name); }
-  void Check(std::string_view name, bool checked) {
-    Expect(person.SetCheck(*form.Find(name), checked), name);
-  }
-  void Paste(std::string_view name, std::string text) {
-    Expect(person.Paste(*form.Find(name), std::move(text)), name);
-  }
-  void Choose(std::string_view name, std::int32_t index) {
-    Expect(person.Choose(*form.Find(name), index), name);
-  }
-  void ChooseText(std::string_view name, std::string_view text) {
-    Expect(person.ChooseText(*form.Find(name), text), name);
-  }
-  void Pick(std::string_view name, std::optional<platform::Date> date) {
-    Expect(person.PickDate(*form.Find(name), date), name);
-  }
   // Empties the box and types the discount key by key, then leaves it.
   ui::Outcome TypeDiscount(std::string_view keys) {
-    Paste("txtRabatt", "");
-    person.Type(form.txtRabatt, keys);
-    return person.Leave(form.txtRabatt);
+    Retype("txtRabatt", keys);
+    return ui::Person(form).Leave(form.txtRabatt);
   }
+
+  frmNewContract form;
 
  private:
-  static void Expect(const ui::Outcome& outcome, std::string_view name) {
-    EXPECT_TRUE(outcome.Done()) << name << " " << ui::Describe(outcome.hindrance);
-  }
-
   support::ContractWorld& world_;
-
- public:
-  frmNewContract form;
-  ui::Person person{form};
 };
 
 class DialogTest : public support::ContractWorldTest {

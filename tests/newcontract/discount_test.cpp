@@ -54,7 +54,7 @@ TEST_F(ContractStart, BeyondTheCalendarLeavesNoPeriodOfAnotherStart) {
   world.screen.ExpectMessage(support::ReporterMessage(
       "vv_FNewContract.DTPVertragBeginn_Change",
       "Fehler &H5 in Pactora2\r\n" + embedded::CreateErrorTexts()->Text(5)));
-  dialog.person.PickDate(form.DTPVertragBeginn, Day(1, 11, 9999));
+  dialog.Pick("DTPVertragBeginn", Day(1, 11, 9999));
   EXPECT_EQ(form.lstInvoices.Count(), 0);
 }
 
@@ -104,20 +104,20 @@ TEST_F(DiscountBox, TakesPastedNegativesAndKeepsItsColourOnNonsense) {
   AddType(Quarterly());
   Open();
   dialog.Paste("txtRabatt", "-5");
-  EXPECT_TRUE(dialog.person.Leave(form.txtRabatt).Done());
+  dialog.Leave("txtRabatt");
   EXPECT_EQ(form.txtRabatt.Text(), "-5,00");
   EXPECT_EQ(form.txtRabatt.ForeColor(), 255u);
   world.screen.ExpectMessage(Warning(kInvalid));
   dialog.Paste("txtRabatt", "fünf");
-  dialog.person.Leave(form.txtRabatt);
+  dialog.CannotLeave("txtRabatt");
   EXPECT_EQ(form.txtRabatt.ForeColor(), 255u) << "nonsense leaves the colour";
   world.screen.ExpectMessage(Warning(kTooLarge));
   dialog.Paste("txtRabatt", "101");
-  dialog.person.Leave(form.txtRabatt);
+  dialog.CannotLeave("txtRabatt");
   EXPECT_EQ(form.txtRabatt.ForeColor(), 0x80000008u);
   // A refused box cannot be left by OK either.
   world.screen.ExpectMessage(Warning(kTooLarge));
-  EXPECT_EQ(dialog.person.Click(form.cmdOK).kind, ui::Outcome::Kind::FocusKept);
+  EXPECT_EQ(ui::Person(form).Click(form.cmdOK).kind, ui::Outcome::Kind::FocusKept);
   EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
 }
 
@@ -130,7 +130,7 @@ TEST_F(DiscountBox, IsNotLeftWithWhatCannotBeRounded) {
   dialog.Paste("txtRabatt", huge);
   world.screen.ExpectMessage(support::ReporterMessage("vv_FNewContract.txtRabatt_Validate",
                                                       "Fehler &H6 in Pactora2\r\nÜberlauf"));
-  EXPECT_EQ(dialog.person.Click(form.cmdOK).kind, ui::Outcome::Kind::FocusKept);
+  EXPECT_EQ(ui::Person(form).Click(form.cmdOK).kind, ui::Outcome::Kind::FocusKept);
   EXPECT_EQ(form.txtRabatt.Text(), huge);
   EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
 }
@@ -142,8 +142,8 @@ TEST_F(DiscountBox, ReadsWhatItShowsInALocaleWithAPoint) {
   EXPECT_EQ(form.txtRabatt.Text(), "0.00");
   EXPECT_TRUE(dialog.TypeDiscount("12.5").Done());
   EXPECT_EQ(form.txtRabatt.Text(), "12.50");
-  EXPECT_TRUE(dialog.person.Enter(form.txtRabatt).Done());
-  EXPECT_TRUE(dialog.person.Leave(form.txtRabatt).Done());
+  EXPECT_TRUE(ui::Person(form).Enter(form.txtRabatt).Done());
+  dialog.Leave("txtRabatt");
   EXPECT_EQ(form.txtRabatt.Text(), "12.50");
 }
 

@@ -128,13 +128,13 @@ TEST_F(Workflow, IsOfferedForACompleteAttributeAlone) {
   Open();
   EXPECT_TRUE(form.chkWorkflow.Checked());
   for (const char* name : {"B", "C"}) {
-    dialog.ChooseText("lvwBezeichnung", name);
+    dialog.Choose("lvwBezeichnung", name);
     EXPECT_FALSE(form.chkWorkflow.Checked()) << name;
     EXPECT_FALSE(form.fraResponsible.Enabled()) << name;
     EXPECT_FALSE(form.cmbUser.Enabled()) << name;
     EXPECT_EQ(form.chkWorkflow.Caption(), "   <kein Workflow zugewiesen>") << name;
   }
-  dialog.ChooseText("lvwBezeichnung", "B");
+  dialog.Choose("lvwBezeichnung", "B");
   Save();
   EXPECT_THAT(Attributes(), ElementsAre("(leer) Wartung ja 01.04.2024 31.03.2025 00000001 / B"));
 }
@@ -150,7 +150,7 @@ TEST_F(Workflow, OfTheRenewalIsShownWhenReleased) {
   Open();
   std::vector<std::string> shown;
   for (const char* name : {"A", "B", "C", "D"}) {
-    dialog.ChooseText("lvwBezeichnung", name);
+    dialog.Choose("lvwBezeichnung", name);
     EXPECT_EQ(form.lblWorkflow2.Enabled(), form.fraWorkflow2.Enabled());
     shown.push_back(form.lblWorkflow2.Caption() + (form.fraWorkflow2.Enabled() ? " +" : " -"));
   }
@@ -166,7 +166,7 @@ TEST_F(Workflow, RunsTheMacroInsteadOfWritingTheAttribute) {
   AddType(Quarterly(kSets));
   Open();
   dialog.Pick("DTPVertragBeginn", Day(1, 4, 2024));
-  dialog.ChooseText("cmbUser", "Bert");
+  dialog.Choose("cmbUser", "Bert");
   Save();
   ASSERT_THAT(calls, SizeIs(1));
   const host::ValueArray expected = {

@@ -172,7 +172,7 @@ TEST_F(Choice, OfALiabilityLeavesOnlyATypedNumber) {
   Open();
   dialog.Check("chkOldContract", true);
   dialog.Check("chkRabattNurErsteLaufzeit", true);
-  dialog.ChooseText("lvwBezeichnung", "C Miete");
+  dialog.Choose("lvwBezeichnung", "C Miete");
   EXPECT_FALSE(form.ChkAutoNumber.Checked());
   EXPECT_FALSE(form.ChkAutoNumber.Enabled());
   EXPECT_TRUE(form.txtVertragnummer.Enabled());
@@ -186,11 +186,11 @@ TEST_F(Choice, OfALiabilityLeavesOnlyATypedNumber) {
 
 TEST_F(Choice, KeepsATypedNumberBetweenLiabilitiesAlone) {
   Open();
-  dialog.ChooseText("lvwBezeichnung", "C Miete");
+  dialog.Choose("lvwBezeichnung", "C Miete");
   dialog.Paste("txtVertragnummer", "M-17");
-  dialog.ChooseText("lvwBezeichnung", "D Pacht");
+  dialog.Choose("lvwBezeichnung", "D Pacht");
   EXPECT_EQ(form.txtVertragnummer.Text(), "M-17");
-  dialog.ChooseText("lvwBezeichnung", "A Wartung");
+  dialog.Choose("lvwBezeichnung", "A Wartung");
   EXPECT_EQ(form.txtVertragnummer.Text(), "");
   EXPECT_FALSE(form.txtVertragnummer.Enabled());
 }
@@ -202,10 +202,10 @@ TEST_F(Choice, FollowsTheTypeAndKeepsWhatTheUserEntered) {
   dialog.Pick("DTPVertragBeginn", Day(1, 2, 2024));
   dialog.Pick("DTPGeschlossenAm", std::nullopt);
   dialog.Paste("txtMemo", "Notiz");
-  dialog.ChooseText("cboVerantwortlich", "Bert");
+  dialog.Choose("cboVerantwortlich", "Bert");
   EXPECT_TRUE(dialog.TypeDiscount("5").Done());
   dialog.Check("chkOldContract", true);
-  dialog.ChooseText("lvwBezeichnung", "B Projekt");
+  dialog.Choose("lvwBezeichnung", "B Projekt");
   EXPECT_FALSE(form.chkNoBooking.Checked());
   EXPECT_FALSE(form.chkRabattNurErsteLaufzeit.Enabled());
   EXPECT_FALSE(form.chkOldContract.Checked());
@@ -231,17 +231,17 @@ TEST_F(Choice, AsksBeforeAChangeInMemoryIsLost) {
   EXPECT_FALSE(form.chkNoBooking.Checked()) << "the type in memory is invoiced here";
   EXPECT_EQ(form.lstInvoices.Count(), 2);
 
-  dialog.ChooseText("lvwBezeichnung", "A Wartung");  // the chosen row: nothing to lose
+  dialog.Choose("lvwBezeichnung", "A Wartung");  // the chosen row: nothing to lose
   world.screen.ExpectMessage({kLost, 4 + 48 + 256, "Tessarin Sorvane"}, ui::Answer::No);
-  dialog.ChooseText("lvwBezeichnung", "B Projekt");
+  dialog.Choose("lvwBezeichnung", "B Projekt");
   EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 1);
   EXPECT_TRUE(form.lblDirty.Visible());
   EXPECT_EQ(form.lstInvoices.Count(), 2);
   world.screen.ExpectMessage({kLost, 4 + 48 + 256, "Tessarin Sorvane"}, ui::Answer::Yes);
-  dialog.ChooseText("lvwBezeichnung", "B Projekt");
+  dialog.Choose("lvwBezeichnung", "B Projekt");
   EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 2);
   EXPECT_FALSE(form.lblDirty.Visible());
-  dialog.ChooseText("lvwBezeichnung", "A Wartung");
+  dialog.Choose("lvwBezeichnung", "A Wartung");
 }
 
 TEST_F(Choice, CancelWritesNothing) {

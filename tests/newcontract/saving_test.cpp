@@ -32,7 +32,7 @@ TEST_F(NewContract, OfARenewingTypeWritesTheseRows) {
   Open();
   dialog.Pick("DTPVertragBeginn", Day(15, 3, 2024));
   dialog.Pick("DTPGeschlossenAm", Day(10, 3, 2024));
-  dialog.ChooseText("cboVerantwortlich", "Bert");
+  dialog.Choose("cboVerantwortlich", "Bert");
   dialog.Paste("txtMemo", "Rückruf am Montag");
   EXPECT_TRUE(dialog.TypeDiscount("12,5").Done());
   dialog.Check("chkRabattNurErsteLaufzeit", true);

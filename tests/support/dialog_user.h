@@ -4,8 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ui/Person.h"
@@ -15,7 +19,8 @@ namespace pactora::support {
 
 class DialogUser {
  public:
-  DialogUser(ui::Form& form, ui::Person& person) : form_(form), person_(person) {}
+  // The form must outlive its user.
+  explicit DialogUser(ui::Form& form) : form_(form), person_(form) {}
 
   template <typename T>
   T& Get(std::string_view name) const {
@@ -28,6 +33,10 @@ class DialogUser {
   void Click(std::string_view name) { Must(person_.Click((*this)[name]), name); }
   void Choose(std::string_view name, std::string_view text) {
     Must(person_.ChooseText((*this)[name], text), name);
+  }
+  // Of a list box, from 0; -1 for none.
+  void Choose(std::string_view name, std::int32_t index) {
+    Must(person_.Choose((*this)[name], index), name);
   }
   void ChooseRow(std::string_view name, std::int32_t row) {
     Must(person_.Choose((*this)[name], row - 1), name);
@@ -43,7 +52,11 @@ class DialogUser {
   void Paste(std::string_view name, std::string text) {
     Must(person_.Paste((*this)[name], std::move(text)), name);
   }
-  void Pick(std::string_view name, platform::Date date) {
+  void Check(std::string_view name, bool checked) {
+    Must(person_.SetCheck((*this)[name], checked), name);
+  }
+  // No date unticks the picker.
+  void Pick(std::string_view name, std::optional<platform::Date> date) {
     Must(person_.PickDate((*this)[name], date), name);
   }
   void Leave(std::string_view name) { Must(person_.Leave((*this)[name]), name); }
@@ -66,7 +79,7 @@ class DialogUser {
   }
   std::vector<std::string> Items(std::string_view name) const {
     std::vector<std::string> texts;
-    for (const ui::ListItem& item : Get<ui::ComboBox>(name).Items()) texts.push_back(item.text);
+    for (const ui::ListItem& item : Get<ui::ListControl>(name).Items()) texts.push_back(item.text);
     return texts;
   }
   bool Checked(std::string_view name) const { return Get<ui::CheckBox>(name).Checked(); }
@@ -81,7 +94,16 @@ class DialogUser {
   }
 
   ui::Form& form_;
-  ui::Person& person_;
+  ui::Person person_;
 };
+
+// What a screen that expects a dialog is to do there.
+inline std::function<void(ui::Form&, ui::Person&)> AsUser(
+    std::function<void(DialogUser& user)> acts) {
+  return [acts = std::move(acts)](ui::Form& form, ui::Person&) {
+    DialogUser user(form);
+    acts(user);
+  };
+}
 
 }  // namespace pactora::support
