@@ -113,9 +113,23 @@ inline std::string Line(const Row& row, std::initializer_list<std::string_view> 
   return line;
 }
 
+// The same of all rows of a table.
+inline std::vector<std::string> Lines(support::ContractWorld& world, std::string_view table,
+                                      std::initializer_list<std::string_view> names) {
+  std::vector<std::string> lines;
+  for (const Row& row : world.Rows(table)) lines.push_back(Line(row, names));
+  return lines;
+}
+
 inline ui::Message Plain(std::string text) { return {std::move(text), ui::style::kOkOnly}; }
 inline ui::Message Warning(std::string text) {
   return {std::move(text), ui::style::kExclamation, shell::kAddonTitle};
+}
+// What the dialog shows when an operation of its own ends with that error.
+inline ui::Message Failure(std::string_view number, std::string_view description,
+                           std::string_view operation = "cmdOK_Click") {
+  return Plain("Fehler &H" + std::string(number) + "\r\n(" + std::string(description) +
+               ")\r\nin vv_FNewContract." + std::string(operation));
 }
 
 // The dialog with its user.

@@ -1,4 +1,5 @@
-// Taking over a running contract: the rows that are written and their order.
+// Taking over a running contract: the rows that are written and their order. Which
+// terms, invoices and dates there are is the plan's, proven where it is made.
 
 #include "newcontract/dialog_world.h"
 #include "support/failing_probe.h"
@@ -7,6 +8,115 @@ namespace pactora::newcontract {
 namespace {
 
 using testing::ElementsAre;
+
+// What is chosen and entered for an unsigned contract.
+struct Entered {
+  Values type;
+  Date begin;
+  std::int32_t row;  // of the list
+  Date today = Day(15, 3, 2024);
+  const char* discount = "0";
+  bool first_term_only = false;  // the discount
+};
+
+// The dialog in a company with that type and one position of it.
+struct Takeover {
+  explicit Takeover(const Entered& entered) {
+    world.clock.Set(entered.today);
+    world.Add(table::vv_Definitionspositionen, Position(),
+              world.Add(table::vv_Vertragsdefinitionen, entered.type));
+    EXPECT_TRUE(dialog.Open());
+    dialog.Pick("DTPVertragBeginn", entered.begin);
+    dialog.Pick("DTPGeschlossenAm", std::nullopt);
+    EXPECT_TRUE(dialog.TypeDiscount(entered.discount).Done());
+    dialog.Check("chkOldContract", true);
+    dialog.Choose("lstInvoices", entered.row);
+    dialog.form.chkRabattNurErsteLaufzeit.SetChecked(entered.first_term_only);
+  }
+  ~Takeover() { EXPECT_THAT(world.screen.Problems(), testing::IsEmpty()); }
+
+  support::ContractWorld world;
+  Dialog dialog{world};
+};
+
+// The contract, then its terms, its positions and its appointments.
+std::vector<std::string> Written(support::ContractWorld& world) {
+  std::vector<std::string> lines;
+  const auto add = [&](std::string_view name, std::initializer_list<std::string_view> fields) {
+    for (std::string& line : Lines(world, name, fields)) lines.push_back(std::move(line));
+  };
+  add(table::vv_Vertraege, {field::VertragEnde, field::KuendfristDatum, field::AktZahlungsperiode,
+                            field::AktValue, field::AktNaechsteRechnungStr,
+                            field::VerlaengerungsWorkflowID, field::RabattNurErsteLaufzeit});
+  add(table::vv_Vertragsstaende,
+      {field::LaufTyp, field::LaufzeitStartStr, field::LaufzeitEndeStr, field::ZahlungsperiodeStr,
+       field::NaechsteRechnung, field::Value, field::Rabattprozent, field::AlteFakturierung});
+  add(table::vv_Vertragspositionen,
+      {field::Artikel, field::Row, field::Erloeskonto, field::PreisM60, field::Positionsnummer,
+       field::Gruppierung, field::Nettopreis, field::NettoOhneRabatt, field::Rabattprozent});
+  add(table::vv_VertragsAktivitaeten, {field::Datum, field::Betreff});
+  return lines;
+}
+
+TEST(TakeoverRows, AreThese) {
+  const std::string item = "Wartung Server 001 8400 500 (leer) (leer) ";
+  const std::string unsigned_yet = "17.03.2024 09:00:00 Vertragsabschluss ist noch nicht erfolgt?";
+  const Values quarters = {{field::VerlaengerungsZahlungsperiode, 3}};
+  const Values no_price = {{field::VerlaengerungsZahlungsperiode, 4}};
+  const struct {
+    const char* name;
+    bool all_alarms;
+    Entered entered;
+    std::vector<std::string> written;
+  } cases[] = {
+      {"within the first term, with the renewal that took effect",
+       true,
+       {Quarterly(), Day(1, 1, 2023), 1, Day(15, 3, 2024), "10"},
+       {"31.12.2024 01.10.2024 3 89,99 20230701 (leer) (leer)",
+        "1 20230101 20231231 vierteljährlich 01.07.2023 89,99 10 True",
+        "2 20240101 20241231 halbjährlich 01.01.2024 107,98 10 True", item + "27 30 10",
+        item + "53,99 59,99 10", unsigned_yet,
+        "20.08.2024 09:00:00 Kündigungsfrist läuft am  01.10.2024  aus"}},
+      {"in a renewal, with each term before it",
+       false,
+       {Quarterly(quarters), Day(1, 1, 2023), 7, Day(15, 3, 2025), "10", true},
+       {"31.12.2025 01.10.2025 3 60 20250101 (leer) True",
+        "1 20230101 20231231 vierteljährlich 31.12.9999 89,99 10 True",
+        "2 20240101 20241231 vierteljährlich 31.12.9999 60 0 True",
+        "2 20250101 20251231 vierteljährlich 01.01.2025 60 0 True", item + "27 30 10",
+        item + "30 30 0", item + "30 30 0",
+        "17.03.2025 09:00:00 Vertragsabschluss ist noch nicht erfolgt?"}},
+      {"into a renewal without a price for its period",
+       false,
+       {Quarterly(no_price), Day(1, 1, 2023), 3},
+       {"31.12.2024 01.10.2024 4 0 20240101 (leer) (leer)",
+        "1 20230101 20231231 vierteljährlich 31.12.9999 99,99 0 True",
+        "2 20240101 20241231 einmalig 01.01.2024 0 0 True", item + "30 30 0", item + "0 0 0",
+        unsigned_yet}},
+      {"that ends",
+       false,
+       {Once({{field::WorkflowID, "W9"}}), Day(1, 2, 2024), 0, Day(15, 3, 2024), "0", true},
+       {"31.07.2024 (leer) 3 99,99 20240501 (leer) (leer)",
+        "(leer) 20240201 20240731 vierteljährlich 01.05.2024 99,99 0 True", item + "30 30 0",
+        "03.07.2024 09:00:00 Vertrag läuft am  31.07.2024  aus", unsigned_yet}},
+      {"without an end",
+       true,
+       {Unlimited({{field::RechnungWann, 1}}), Day(1, 1, 2024), 1},
+       {"30.12.1899 (leer) 3 99,99 20241001 (leer) (leer)",
+        "(leer) 20240101 18991230 vierteljährlich 01.10.2024 99,99 0 True", item + "30 30 0",
+        unsigned_yet}}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Takeover taken(c.entered);
+    taken.world.module.gAppointment4AllContracts = c.all_alarms;
+    taken.dialog.Click("cmdOK");
+    EXPECT_EQ(Written(taken.world), c.written);
+    EXPECT_EQ(taken.dialog.form.mlVSCount,
+              static_cast<std::int32_t>(taken.world.Count(table::vv_Vertragsstaende)));
+    EXPECT_EQ(Lines(taken.world, table::vv_Vertraege, {field::AlarmOID}).at(0),
+              std::to_string(taken.world.Rows(table::vv_VertragsAktivitaeten).back().oid));
+  }
+}
 
 // Writes down which rows are stored, in order.
 class StoreLog final : public embedded::OperationProbe {
@@ -23,212 +133,60 @@ class StoreLog final : public embedded::OperationProbe {
   embedded::Host& host_;
 };
 
-class Takeover : public DialogTest {
- protected:
-  // Opens the type with one position and picks the row of the list.
-  void TakeOver(const Values& type, Date begin, std::int32_t row) {
-    AddPosition(AddType(type));
-    Open();
-    dialog.Pick("DTPVertragBeginn", begin);
-    dialog.Check("chkOldContract", true);
-    dialog.Choose("lstInvoices", row);
-  }
-  std::vector<std::string> Terms() {
-    std::vector<std::string> lines;
-    for (const Row& row : world.Rows(table::vv_Vertragsstaende)) {
-      EXPECT_EQ(Shown(row[field::AlteFakturierung]), "True");
-      EXPECT_EQ(Shown(row[field::NaechsteRechnungStr]),
-                FormatDate(row[field::NaechsteRechnung].AsDate(), "yyyyMMdd"));
-      lines.push_back(Line(row, {field::LaufTyp, field::LaufzeitStartStr, field::LaufzeitEndeStr,
-                                 field::ZahlungsperiodeStr, field::NaechsteRechnungStr,
-                                 field::Value, field::Rabattprozent}));
-    }
-    return lines;
-  }
-  std::string ContractLine() {
-    return Line(Contract(),
-                {field::VertragEnde, field::KuendfristDatum, field::AktZahlungsperiode,
-                 field::AktZahlungsperiodeStr, field::AktValue, field::AktNaechsteRechnungStr});
-  }
-};
-
-TEST_F(Takeover, NeedsAChosenPeriod) {
-  TakeOver(Quarterly(), Day(1, 1, 2023), 1);
-  dialog.Choose("lstInvoices", -1);
-  world.screen.ExpectMessage(Plain("Wählen Sie den Zeitraum aus, der zuletzt fakturiert wurde"));
-  SaveRefused();
-  EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
-}
-
-TEST_F(Takeover, WithinTheFirstTermWritesTheRenewalThatTookEffect) {
-  world.module.gAppointment4AllContracts = true;
-  TakeOver(Quarterly(), Day(1, 1, 2023), 1);
-  world.module.gAppointment4AllContracts = true;
-  dialog.Pick("DTPGeschlossenAm", std::nullopt);
-  EXPECT_TRUE(dialog.TypeDiscount("10").Done());
-  {
-    StoreLog stores(world.host);
-    Save();
-    EXPECT_THAT(stores.log,
-                ElementsAre("StoreNew KELM_Nummern", "Store KELM_Nummern", "StoreNew vv_Vertraege",
-                            "StoreNew vv_VertragsAktivitaeten", "Store vv_Vertraege",
-                            "StoreNew vv_Vertragsstaende", "StoreNew vv_Vertragspositionen",
-                            "Store vv_Vertraege", "StoreNew vv_Vertragsstaende",
-                            "StoreNew vv_Vertragspositionen", "Store vv_Vertragsstaende",
-                            "Store vv_Vertraege", "StoreNew vv_VertragsAktivitaeten",
-                            "Store vv_Vertraege"));
-  }
-  EXPECT_EQ(form.mlVSCount, 2);
-  EXPECT_THAT(Terms(), ElementsAre("1 20230101 20231231 vierteljährlich 20230701 89,99 10",
-                                   "2 20240101 20241231 halbjährlich 20240101 107,98 10"));
-  EXPECT_EQ(ContractLine(), "31.12.2024 01.10.2024 3 vierteljährlich 89,99 20230701");
-
-  const std::vector<Row> positions = world.Rows(table::vv_Vertragspositionen);
-  ASSERT_EQ(positions.size(), 2u);
-  for (const Row& position : positions) {
-    EXPECT_EQ(
-        Line(position, {field::Artikel, field::Row, field::Anzahl, field::Erloeskonto,
-                        field::PreisM60, field::Preis, field::Rabattprozent, field::Positionsnummer,
-                        field::Gruppierung, field::Gruppierungsposition}),
-        "Wartung Server 001 2 8400 500 120 10 (leer) (leer) (leer)");
-  }
-  EXPECT_EQ(Line(positions[0], {field::Nettopreis, field::NettoOhneRabatt}), "27 30");
-  EXPECT_EQ(Line(positions[1], {field::Nettopreis, field::NettoOhneRabatt}), "53,99 59,99");
-
-  const std::vector<Row> appointments = world.Rows(table::vv_VertragsAktivitaeten);
-  ASSERT_EQ(appointments.size(), 2u);
-  EXPECT_EQ(Line(appointments[1], {field::Datum, field::Betreff}),
-            "20.08.2024 09:00:00 Kündigungsfrist läuft am  01.10.2024  aus");
-  EXPECT_EQ(Shown(Contract()[field::AlarmOID]), std::to_string(appointments[1].oid));
+TEST(TakeoverRows, AreStoredInThisOrder) {
+  Takeover taken({Quarterly(), Day(1, 1, 2023), 1});
+  taken.world.module.gAppointment4AllContracts = true;
+  StoreLog stores(taken.world.host);
+  taken.dialog.Click("cmdOK");
+  EXPECT_THAT(
+      stores.log,
+      ElementsAre("StoreNew KELM_Nummern", "Store KELM_Nummern", "StoreNew vv_Vertraege",
+                  "StoreNew vv_VertragsAktivitaeten", "Store vv_Vertraege",
+                  "StoreNew vv_Vertragsstaende", "StoreNew vv_Vertragspositionen",
+                  "Store vv_Vertraege", "StoreNew vv_Vertragsstaende",
+                  "StoreNew vv_Vertragspositionen", "Store vv_Vertragsstaende",
+                  "Store vv_Vertraege", "StoreNew vv_VertragsAktivitaeten", "Store vv_Vertraege"));
 }
 
 // A renewal that follows the last invoiced period stands with the first term's
 // amount until its own sum is known; one beside an open first term with none.
-TEST_F(Takeover, AFailureBeforeTheSumLeavesTheProvisionalAmount) {
+TEST(TakeoverRows, StandWithAProvisionalAmountAfterAFailureBeforeTheSum) {
   for (const auto& [row, amount] : {std::pair{3, "99,99"}, std::pair{1, "(leer)"}}) {
-    support::ContractWorld other;
-    other.Add(table::vv_Definitionspositionen, Position(),
-              other.Add(table::vv_Vertragsdefinitionen, Quarterly()));
-    Dialog second(other);
-    ASSERT_TRUE(second.Open());
-    second.Pick("DTPVertragBeginn", Day(1, 1, 2023));
-    second.Check("chkOldContract", true);
-    second.Choose("lstInvoices", row);
-    support::FailingProbe probe(other.host, 2, "StoreNew", "vv_Vertragspositionen",
+    Takeover taken({Quarterly(), Day(1, 1, 2023), row});
+    support::FailingProbe probe(taken.world.host, 2, "StoreNew", "vv_Vertragspositionen",
                                 platform::Error(5, "gesperrt"));
-    second.Click("cmdOK");
-    EXPECT_EQ(second.form.mlVSCount, 2);
-    EXPECT_EQ(Shown(other.Rows(table::vv_Vertragsstaende).at(1)[field::Value]), amount);
+    taken.world.screen.ExpectMessage(Failure("5", "gesperrt"));
+    taken.dialog.Click("cmdOK");
+    EXPECT_EQ(taken.dialog.form.mlVSCount, 2);
+    EXPECT_EQ(Lines(taken.world, table::vv_Vertragsstaende, {field::Value}).at(1), amount);
   }
 }
 
-TEST_F(Takeover, OfTheLastPeriodGoesOnWithTheRenewal) {
-  TakeOver(Quarterly({{field::VerlaengerungsZahlungsperiode, 3}}), Day(1, 1, 2023), 3);
-  StoreLog stores(world.host);
-  Save();
-  EXPECT_THAT(Terms(), ElementsAre("1 20230101 20231231 vierteljährlich 99991231 99,99 0",
-                                   "2 20240101 20241231 vierteljährlich 20240101 60 0"));
-  EXPECT_EQ(ContractLine(), "31.12.2024 01.10.2024 3 vierteljährlich 60 20240101");
-  EXPECT_EQ(world.Count(table::vv_VertragsAktivitaeten), 0u);
-}
-
-TEST_F(Takeover, OfARenewalPeriodWritesEachTermBeforeIt) {
-  world.clock.Set(Day(15, 3, 2026));
-  TakeOver(Quarterly({{field::VerlaengerungsZahlungsperiode, 3}}), Day(1, 1, 2023), 11);
-  EXPECT_EQ(form.lstInvoices.ItemText(11), "01.10.2025 - 31.12.2025");
-  EXPECT_TRUE(dialog.TypeDiscount("10").Done());
-  dialog.Check("chkRabattNurErsteLaufzeit", true);
-  Save();
-  EXPECT_EQ(form.mlVSCount, 4);
-  EXPECT_THAT(Terms(), ElementsAre("1 20230101 20231231 vierteljährlich 99991231 89,99 10",
-                                   "2 20240101 20241231 vierteljährlich 99991231 60 0",
-                                   "2 20250101 20251231 vierteljährlich 99991231 60 0",
-                                   "2 20260101 20261231 vierteljährlich 20260101 60 0"));
-  EXPECT_EQ(ContractLine(), "31.12.2026 01.10.2026 3 vierteljährlich 60 20260101");
-  EXPECT_EQ(Shown(Contract()[field::RabattNurErsteLaufzeit]), "True");
-  const std::vector<Row> positions = world.Rows(table::vv_Vertragspositionen);
-  EXPECT_EQ(Line(positions.at(0), {field::Nettopreis, field::Rabattprozent}), "27 10");
-  EXPECT_EQ(Line(positions.at(3), {field::Nettopreis, field::Rabattprozent}), "30 0");
-}
-
-TEST_F(Takeover, KeepsTheInvoiceThatAnEarlierRenewalWaitsFor) {
-  world.clock.Set(Day(15, 12, 2025));
-  TakeOver(Quarterly({{field::VerlaengerungsZahlungsperiode, 3},
-                      {field::VerlKuendigungsfristEinh, "Wochen"},
-                      {field::VerlKuendigungsfrist, 6}}),
-           Day(1, 1, 2023), 5);
-  Save();
-  EXPECT_THAT(Terms(), ElementsAre("1 20230101 20231231 vierteljährlich 99991231 99,99 0",
-                                   "2 20240101 20241231 vierteljährlich 20240701 60 0",
-                                   "2 20250101 20251231 vierteljährlich 20250101 60 0"));
-  EXPECT_EQ(ContractLine(), "31.12.2025 20.11.2025 3 vierteljährlich 60 20240701");
-}
-
-TEST_F(Takeover, ARenewalPeriodWithoutAPriceOfItsOwnIsFree) {
-  TakeOver(Quarterly({{field::VerlaengerungsZahlungsperiode, 4}}), Day(1, 1, 2023), 3);
-  Save();
-  EXPECT_THAT(Terms(), ElementsAre("1 20230101 20231231 vierteljährlich 99991231 99,99 0",
-                                   "2 20240101 20241231 einmalig 20240101 0 0"));
-  EXPECT_EQ(Line(world.Rows(table::vv_Vertragspositionen).at(1),
-                 {field::Nettopreis, field::NettoOhneRabatt, field::PreisM6}),
-            "0 0 59,99");
-}
-
-TEST_F(Takeover, OfATypeThatEndsWritesItsOneTerm) {
-  TakeOver(Once({{field::WorkflowID, "W9"}}), Day(1, 2, 2024), 0);
-  form.chkRabattNurErsteLaufzeit.SetChecked(true);
-  dialog.Pick("DTPGeschlossenAm", std::nullopt);
-  Save();
-  EXPECT_EQ(form.mlVSCount, 1);
-  EXPECT_THAT(Terms(), ElementsAre("(leer) 20240201 20240731 vierteljährlich 20240501 99,99 0"));
-  EXPECT_EQ(ContractLine(), "31.07.2024 (leer) 3 vierteljährlich 99,99 20240501");
-  EXPECT_EQ(Line(Contract(), {field::VerlaengerungsWorkflowID, field::RabattNurErsteLaufzeit}),
-            "(leer) (leer)");
-  EXPECT_EQ(Shown(world.Rows(table::vv_Vertragspositionen).at(0)[field::Positionsnummer]),
-            "(leer)");
-  const std::vector<Row> appointments = world.Rows(table::vv_VertragsAktivitaeten);
-  ASSERT_EQ(appointments.size(), 2u);
-  EXPECT_EQ(Shown(appointments[0][field::Betreff]), "Vertrag läuft am  31.07.2024  aus");
-  EXPECT_EQ(Shown(Contract()[field::AlarmOID]), std::to_string(appointments[1].oid));
-}
-
-TEST_F(Takeover, OfAnUnlimitedTypeGoesOnAfterTheChosenPeriod) {
-  TakeOver(Unlimited({{field::RechnungWann, 1}}), Day(1, 1, 2024), 1);
-  world.module.gAppointment4AllContracts = true;
-  Save();
-  EXPECT_EQ(form.mlVSCount, 1);
-  EXPECT_EQ(ContractLine(), "30.12.1899 (leer) 3 vierteljährlich 99,99 20241001");
-  EXPECT_THAT(Terms(), ElementsAre("(leer) 20240101 18991230 vierteljährlich 20241001 99,99 0"));
-  EXPECT_EQ(world.Count(table::vv_VertragsAktivitaeten), 0u);
-}
-
-TEST_F(Takeover, OfAnUnknownKindWritesNothing) {
-  TakeOver(Unlimited({{field::Art, 4}}), Day(1, 1, 2024), 0);
-  SaveRefused();
-  EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
-}
-
-class BeyondTheCalendar : public Takeover {
- protected:
-  void SaveStoresNothing() {
-    world.screen.ExpectMessage(Plain(
-        "Fehler &H5\r\n(" + platform::RuntimeErrorText(platform::RuntimeError::InvalidArgument) +
-        ")\r\nin vv_FNewContract.cmdOK_Click"));
-    SaveRefused();
-    EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
-    EXPECT_EQ(world.Count(table::KELM_Nummern), 0u);
+TEST(TakeoverRefused, StoresNothing) {
+  const ui::Message beyond_the_calendar =
+      Failure("5", platform::RuntimeErrorText(platform::RuntimeError::InvalidArgument));
+  const struct {
+    const char* name;
+    Values type;
+    std::int32_t row;
+    std::int32_t alarm_weeks;
+    std::optional<ui::Message> message;
+  } cases[] = {{"no period chosen", Quarterly(), -1, 4,
+                Plain("Wählen Sie den Zeitraum aus, der zuletzt fakturiert wurde")},
+               {"unknown kind", Unlimited({{field::Art, 4}}), 0, 4, std::nullopt},
+               {"renewal beyond the calendar", Quarterly({{field::Verlaengerungsdauer, 100000}}), 3,
+                4, beyond_the_calendar},
+               {"alarm beyond the calendar", Once(), 0, 200000, beyond_the_calendar}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Takeover taken({c.type, Day(1, 1, 2023), c.row});
+    taken.world.module.gAlarmWochenEnde = c.alarm_weeks;
+    if (c.message) taken.world.screen.ExpectMessage(*c.message);
+    taken.dialog.Click("cmdOK");
+    EXPECT_TRUE(taken.dialog.IsOpen());
+    EXPECT_EQ(taken.world.Count(table::vv_Vertraege), 0u);
+    EXPECT_EQ(taken.world.Count(table::KELM_Nummern), 0u);
   }
-};
-
-TEST_F(BeyondTheCalendar, ARenewalStoresNothing) {
-  TakeOver(Quarterly({{field::Verlaengerungsdauer, 100000}}), Day(1, 1, 2023), 3);
-  SaveStoresNothing();
-}
-
-TEST_F(BeyondTheCalendar, AnAlarmStoresNothing) {
-  TakeOver(Once(), Day(1, 2, 2024), 0);
-  world.module.gAlarmWochenEnde = 200000;
-  SaveStoresNothing();
 }
 
 }  // namespace
