@@ -35,12 +35,11 @@ class FromMemory : public DialogTest {
     world.module.gDefinition = type;
     return *type;
   }
-  void AddToMemory(std::string article, std::string group = {}) {
+  void AddToMemory(std::string group) {
     if (!world.module.gPositions) {
       world.module.gPositions = std::make_shared<shell::PositionCollection>();
     }
     auto position = std::make_shared<vv_CPosition>();
-    position->Artikel = std::move(article);
     position->Gruppierung = std::move(group);
     position->ArtikelID = "A2";
     position->Erloeskonto = 5;
@@ -49,69 +48,50 @@ class FromMemory : public DialogTest {
     position->NettoOhneRabatt = 10.0;
     world.module.gPositions->push_back(std::move(position));
   }
+  // Opens the details and leaves them with that button.
+  void Details(const char* button, const char* name = "Wartung") {
+    const auto acts = [=](support::DialogUser& editor) {
+      editor.Paste("txtBezeichnung", name);
+      editor.Click(button);
+    };
+    world.screen.ExpectDialog("frmFEditDefinitions", support::AsUser(acts));
+    dialog.Click("cmdDetails");
+  }
 };
 
 TEST_F(FromMemory, TheDetailsButtonChangesTheContractAndNotTheType) {
   AddPosition(AddType(Quarterly()));
   Open();
   const auto types = world.Rows(table::vv_Vertragsdefinitionen);
-  world.screen.ExpectDialog("frmFEditDefinitions", [](ui::Form& editor, ui::Person& person) {
-    person.Paste(*editor.Find("txtBezeichnung"), "Sonderwartung");
-    EXPECT_TRUE(person.Click(*editor.Find("cmdSave")).Done());
-  });
-  dialog.Click("cmdDetails");
+  Details("cmdSave", "Sonderwartung");
   EXPECT_EQ(form.msOID, form.lvwBezeichnung.Text(1, 2));
   EXPECT_TRUE(form.lblDirty.Visible());
   Save();
   EXPECT_EQ(Line(Contract(), {field::Bezeichnung, field::VertragsDefinitionID, field::AktValue}),
             "Sonderwartung D1 60");
-  EXPECT_EQ(Line(world.Rows(table::vv_Vertragspositionen).at(0),
-                 {field::Artikel, field::Row, field::Positionsnummer, field::Erloeskonto}),
-            "Wartung Server 001 1 8400");
+  EXPECT_THAT(Lines(world, table::vv_Vertragspositionen,
+                    {field::Artikel, field::Row, field::Positionsnummer, field::Erloeskonto}),
+              ElementsAre("Wartung Server 001 1 8400"));
   EXPECT_EQ(world.Rows(table::vv_Vertragsdefinitionen).at(0).cells, types.at(0).cells);
-}
-
-TEST_F(FromMemory, LeavingTheDetailsChangesNothing) {
-  AddPosition(AddType(Quarterly()));
-  Open();
-  const auto cancel = [](ui::Form& editor, ui::Person& person) {
-    EXPECT_TRUE(person.Click(*editor.Find("cmdCancel")).Done());
-  };
-  world.screen.ExpectDialog("frmFEditDefinitions", cancel);
-  dialog.Click("cmdDetails");
-  EXPECT_FALSE(form.lblDirty.Visible());
-  Save();
-  EXPECT_EQ(Shown(Contract()[field::Bezeichnung]), "Wartung");
 }
 
 // Opening the details of a change that is held brings it back and forgets it: left
 // without saving, there is no type to conclude a contract from.
-TEST_F(FromMemory, LeavingTheDetailsOfAHeldChangeLosesIt) {
+TEST_F(FromMemory, LeavingTheDetailsChangesNothingButLosesAHeldChange) {
   AddPosition(AddType(Quarterly()));
   Open();
-  world.screen.ExpectDialog("frmFEditDefinitions", [](ui::Form& editor, ui::Person& person) {
-    person.Click(*editor.Find("cmdSave"));
-  });
-  dialog.Click("cmdDetails");
-  world.screen.ExpectDialog("frmFEditDefinitions", [](ui::Form& editor, ui::Person& person) {
-    person.Click(*editor.Find("cmdCancel"));
-  });
-  dialog.Click("cmdDetails");
+  Details("cmdCancel", "Sonderwartung");
+  EXPECT_FALSE(form.lblDirty.Visible());
+  Details("cmdSave");
+  Details("cmdCancel");
   EXPECT_TRUE(form.lblDirty.Visible());
-  world.screen.ExpectMessage(
-      Plain("Fehler &H5B\r\n(" + platform::RuntimeErrorText(platform::RuntimeError::ObjectNotSet) +
-            ")\r\nin vv_FNewContract.SaveFromMemory"));
+  world.screen.ExpectMessage(Failure(
+      "5B", platform::RuntimeErrorText(platform::RuntimeError::ObjectNotSet), "SaveFromMemory"));
   SaveRefused();
   EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
 }
 
-TEST_F(FromMemory, AChangeOfAnotherTypeIsNotTaken) {
-  OpenChanged(Quarterly()).DefOid = "999";
-  form.InitAgain();
-  EXPECT_FALSE(form.lblDirty.Visible());
-}
-
-TEST_F(FromMemory, WritesItsOwnValuesAndTheStoredTypesIdAndDocument) {
+TEST_F(FromMemory, WritesItsOwnValuesAndTheStoredTypesId) {
   vv_CDefinition& type = OpenChanged(Quarterly({{field::ErfordertMerkmal, "Kunde"},
                                                 {field::ErfordertWert, "A"},
                                                 {field::WorkflowID, "W1"},
@@ -121,84 +101,64 @@ TEST_F(FromMemory, WritesItsOwnValuesAndTheStoredTypesIdAndDocument) {
   type.SetztMerkmal = "Premium";
   type.SetztWert = "ja";
   type.VerlaengerungsWorkflowID = "W2";
-  AddToMemory("Hotline");
+  const std::string oid = std::exchange(type.DefOid, "999");
+  form.InitAgain();
+  EXPECT_FALSE(form.lblDirty.Visible()) << "the change is one of another type";
+  type.DefOid = oid;
   form.InitAgain();
   dialog.Pick("DTPVertragBeginn", Day(1, 4, 2024));
   Save();
-  EXPECT_EQ(Line(Contract(), {field::Bezeichnung, field::VertragEnde, field::KuendfristDatum,
-                              field::AktZahlungsperiodeStr, field::AktValue,
-                              field::AktNaechsteRechnungStr, field::ErfordertMerkmal,
-                              field::VertragsDefinitionID, field::VerlaengerungsWorkflowID}),
-            "Sonderwartung 30.09.2024 01.09.2024 halbjährlich 50 20241001 anderes D1 W2");
-  EXPECT_EQ(Shown(Contract()[field::KuendigungsfristBezug]), "");
-  EXPECT_EQ(Line(world.Rows(table::Adressmerkmale).at(1),
-                 {field::Merkmal, field::Wert, field::Beschreibung}),
-            "Premium ja 00000001 / Sonderwartung");
+  EXPECT_EQ(
+      Line(Contract(), {field::Bezeichnung, field::VertragEnde, field::KuendfristDatum,
+                        field::KuendigungsfristBezug, field::AktZahlungsperiodeStr, field::AktValue,
+                        field::AktNaechsteRechnungStr, field::ErfordertMerkmal,
+                        field::VertragsDefinitionID, field::VerlaengerungsWorkflowID}),
+      "Sonderwartung 30.09.2024 01.09.2024  halbjährlich 50 20241001 anderes D1 W2");
+  EXPECT_EQ(
+      Lines(world, table::Adressmerkmale, {field::Merkmal, field::Wert, field::Beschreibung}).at(1),
+      "Premium ja 00000001 / Sonderwartung");
+  EXPECT_EQ(world.Count(table::vv_Vertragspositionen), 0u) << "there is no collection";
 }
 
 TEST_F(FromMemory, NewPositionsAreWrittenGroupByGroup) {
   OpenChanged(Quarterly());
-  AddToMemory("eins", "A");
-  AddToMemory("zwei", "B");
-  AddToMemory("drei", "A");
-  AddToMemory("vier");
+  for (const char* group : {"A", "B", "A", ""}) AddToMemory(group);
   form.InitAgain();
   Save();
-  std::vector<std::string> lines;
-  for (const Row& row : world.Rows(table::vv_Vertragspositionen)) {
-    lines.push_back(Line(row, {field::Artikel, field::Positionsnummer, field::Row,
-                               field::Gruppierungsposition, field::Gruppierung}));
-  }
-  EXPECT_THAT(lines,
-              ElementsAre("eins 1 001 1 A", "drei 2 003 1 A", "zwei 3 002 2 B", "vier 4 004 3 "));
-}
-
-TEST_F(FromMemory, NoPositionsAndNoCollectionGiveNoRows) {
-  OpenChanged(Quarterly());
-  form.InitAgain();
-  Save();
-  EXPECT_EQ(world.Count(table::vv_Vertragspositionen), 0u);
-  world.module.gPositions = std::make_shared<shell::PositionCollection>();
-  Dialog second(world);
-  ASSERT_TRUE(second.Open());
-  second.form.InitAgain();
-  second.Click("cmdOK");
-  EXPECT_TRUE(second.form.mbOK);
-  EXPECT_EQ(world.Count(table::vv_Vertragspositionen), 0u);
+  EXPECT_THAT(
+      Lines(world, table::vv_Vertragspositionen,
+            {field::Row, field::Positionsnummer, field::Gruppierungsposition, field::Gruppierung}),
+      ElementsAre("001 1 1 A", "003 2 1 A", "002 3 2 B", "004 4 3 "));
 }
 
 TEST_F(FromMemory, ATakeoverThatEndsInARenewalAlwaysGetsItsAppointment) {
   OpenChanged(Quarterly());
-  AddToMemory("eins", "A");
-  AddToMemory("zwei", "B");
-  AddToMemory("drei", "A");
+  for (const char* group : {"A", "B", "A"}) AddToMemory(group);
   form.InitAgain();
   dialog.Pick("DTPVertragBeginn", Day(1, 9, 2023));
   dialog.Check("chkOldContract", true);
   ASSERT_FALSE(world.module.gAppointment4AllContracts);
   Save();
-  EXPECT_EQ(form.mlVSCount, 2);
-  const std::vector<Row> appointments = world.Rows(table::vv_VertragsAktivitaeten);
-  ASSERT_EQ(appointments.size(), 1u);
-  EXPECT_EQ(Shown(appointments[0][field::Betreff]), "Kündigungsfrist läuft am  18.08.2024  aus");
-  std::vector<std::string> lines;
-  for (const Row& row : world.Rows(table::vv_Vertragspositionen)) {
-    lines.push_back(Line(row, {field::Artikel, field::Row, field::Nettopreis,
-                               field::NettoOhneRabatt, field::Erloeskonto, field::Gruppierung}));
-  }
-  EXPECT_THAT(lines, ElementsAre("eins 001 10 10 8300 (leer)", "zwei 002 10 10 8300 (leer)",
-                                 "drei 003 10 10 8300 (leer)", "eins 001 20 20 8300 (leer)",
-                                 "zwei 002 20 20 8300 (leer)", "drei 003 20 20 8300 (leer)"));
-  EXPECT_EQ(Shown(world.Rows(table::vv_Vertragsstaende).at(1)[field::Value]), "180");
+  EXPECT_THAT(Lines(world, table::vv_VertragsAktivitaeten, {field::Betreff}),
+              ElementsAre("Kündigungsfrist läuft am  18.08.2024  aus"));
+  EXPECT_THAT(
+      Lines(world, table::vv_Vertragspositionen,
+            {field::Row, field::Nettopreis, field::NettoOhneRabatt, field::Erloeskonto,
+             field::Gruppierung}),
+      ElementsAre("001 10 10 8300 (leer)", "002 10 10 8300 (leer)", "003 10 10 8300 (leer)",
+                  "001 20 20 8300 (leer)", "002 20 20 8300 (leer)", "003 20 20 8300 (leer)"));
+  EXPECT_EQ(Lines(world, table::vv_Vertragsstaende, {field::Value}).at(1), "180");
 }
 
 TEST_F(FromMemory, ATakeoverWithinTheFirstTermGetsNone) {
   OpenChanged(Quarterly()).Zahlungsperiode = 1;
+  world.module.gPositions = std::make_shared<shell::PositionCollection>();
   form.InitAgain();
   dialog.Pick("DTPVertragBeginn", Day(1, 9, 2023));
   dialog.Check("chkOldContract", true);
   Save();
   EXPECT_EQ(world.Count(table::vv_VertragsAktivitaeten), 0u);
+  EXPECT_EQ(world.Count(table::vv_Vertragspositionen), 0u);
 }
 
 }  // namespace

@@ -6,20 +6,9 @@
 namespace pactora::newcontract {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
-class NewContract : public DialogTest {
- protected:
-  std::vector<std::string> Appointments() {
-    std::vector<std::string> lines;
-    for (const Row& row : world.Rows(table::vv_VertragsAktivitaeten)) {
-      lines.push_back(Line(row, {field::Datum, field::Betreff, field::Verantwortlich}));
-    }
-    return lines;
-  }
-  Row Status() { return world.Rows(table::vv_Vertragsstaende).at(0); }
-};
+using NewContract = DialogTest;
 
 TEST_F(NewContract, OfARenewingTypeWritesTheseRows) {
   const store::Oid type = AddType(Quarterly({{field::KuendigungsfristBezug, "Vertragsende"},
@@ -29,6 +18,7 @@ TEST_F(NewContract, OfARenewingTypeWritesTheseRows) {
                                              {field::WorkflowID, "W9"}}));
   AddPosition(type);
   AddPosition(type, {{field::Artikel, "Hotline"}, {field::ArtikelID, "A2"}, {field::Row, "002"}});
+  AddPosition(type, {{field::ArtikelID, "weg"}, {field::Row, "003"}});
   Open();
   dialog.Pick("DTPVertragBeginn", Day(15, 3, 2024));
   dialog.Pick("DTPGeschlossenAm", Day(10, 3, 2024));
@@ -56,7 +46,7 @@ TEST_F(NewContract, OfARenewingTypeWritesTheseRows) {
             "VerlaengerungsWorkflowID=W9, VerlaengerungsZahlungsperiode=6, "
             "Verlaengerungsdauer=12, VertragBeginn=15.03.2024, VertragEnde=14.03.2025, "
             "Vertragnummer=00000001, VertragsDefinitionID=D1, Zahlungsperiode=3");
-  const Row status = Status();
+  const Row status = world.TheOnly(table::vv_Vertragsstaende);
   EXPECT_EQ(status.parent, contract.oid);
   EXPECT_EQ(All(status),
             "LaufzeitEnde=14.03.2025, LaufzeitEndeStr=20250314, LaufzeitStart=15.03.2024, "
@@ -64,7 +54,7 @@ TEST_F(NewContract, OfARenewingTypeWritesTheseRows) {
             "NaechsteRechnungStr=20240315, Rabattprozent=12,5, RechnungWann=0, Value=87,49, "
             "Zahlungsperiode=3, ZahlungsperiodeStr=vierteljährlich");
   const std::vector<Row> positions = world.Rows(table::vv_Vertragspositionen);
-  ASSERT_EQ(positions.size(), 2u);
+  ASSERT_EQ(positions.size(), 3u);
   EXPECT_EQ(positions[1].parent, status.oid);
   EXPECT_EQ(All(positions[0]),
             "Anzahl=2, Artikel=Wartung Server, ArtikelID=A1, Artikelart=Dienst, "
@@ -75,53 +65,70 @@ TEST_F(NewContract, OfARenewingTypeWritesTheseRows) {
             "Row=001, UStSatz=19");
   EXPECT_EQ(Line(positions[1], {field::Artikel, field::ArtikelID, field::Erloeskonto, field::Row}),
             "Hotline A2 8300 002");
-  EXPECT_THAT(Appointments(), IsEmpty());
+  EXPECT_EQ(Line(positions[2], {field::ArtikelID, field::Erloeskonto}), "weg 1111")
+      << "the article is gone";
+  EXPECT_EQ(world.Count(table::vv_VertragsAktivitaeten), 0u);
 }
 
-TEST_F(NewContract, OfARenewingTypeGetsANoticeAppointmentOnlyOnDemand) {
-  AddType(Quarterly());
-  Open();
-  world.module.gAppointment4AllContracts = true;
-  dialog.Pick("DTPVertragBeginn", Day(15, 3, 2024));
-  dialog.Pick("DTPGeschlossenAm", std::nullopt);
-  Save();
-  EXPECT_THAT(Appointments(),
-              ElementsAre("21.12.2024 09:00:00 Kündigungsfrist läuft am  01.02.2025  aus Anna",
-                          "17.03.2024 09:00:00 Vertragsabschluss ist noch nicht erfolgt? Anna"));
-  const Row contract = Contract();
-  EXPECT_EQ(Shown(contract[field::GeschlossenAm]), Shown(platform::kNoDate));
-  EXPECT_EQ(Shown(contract[field::AlarmOID]),
-            std::to_string(world.Rows(table::vv_VertragsAktivitaeten)[1].oid));
-}
-
-TEST_F(NewContract, OfATypeThatEndsAlwaysGetsAnAppointment) {
-  AddType(Once({{field::RechnungWann, 1}, {field::KuendigungsfristEinh, "Monate"}}));
-  Open();
-  dialog.Pick("DTPVertragBeginn", Day(1, 2, 2024));
-  // The reach of the discount is asked of renewing contracts alone.
-  form.chkRabattNurErsteLaufzeit.SetChecked(true);
-  Save();
-  const Row contract = Contract();
-  EXPECT_EQ(Line(contract, {field::VertragEnde, field::KuendfristDatum, field::AktNaechsteRechnung,
-                            field::RabattNurErsteLaufzeit}),
-            "31.07.2024 (leer) 01.05.2024 (leer)");
-  EXPECT_THAT(Appointments(),
-              ElementsAre("03.07.2024 09:00:00 Vertrag läuft am  31.07.2024  aus Anna"));
-  EXPECT_EQ(Line(Status(), {field::NaechsteRechnung, field::RechnungWann}), "01.05.2024 1");
-}
-
-TEST_F(NewContract, OfAnUnlimitedTypeHasNoEnd) {
-  AddType(Unlimited());
-  Open();
-  world.module.gAppointment4AllContracts = true;
-  dialog.Pick("DTPGeschlossenAm", std::nullopt);
-  Save();
-  const Row contract = Contract();
-  EXPECT_EQ(Line(contract, {field::VertragEnde, field::Dauer, field::KuendfristDatum}),
-            "30.12.1899 0 (leer)");
-  EXPECT_EQ(Line(Status(), {field::LaufzeitEnde, field::LaufzeitEndeStr}), "30.12.1899 18991230");
-  EXPECT_THAT(Appointments(),
-              ElementsAre("17.03.2024 09:00:00 Vertragsabschluss ist noch nicht erfolgt? Anna"));
+// None of these types has positions.
+TEST(NewContractTerms, AndAppointmentsFollowTheKind) {
+  const char* const unsigned_yet =
+      "17.03.2024 09:00:00 Vertragsabschluss ist noch nicht erfolgt? Anna";
+  const struct {
+    Values type;
+    bool all_alarms;
+    std::optional<Date> signed_on;
+    std::string contract;
+    std::string term;
+    std::vector<std::string> appointments;
+  } cases[] = {
+      {Quarterly(),
+       true,
+       std::nullopt,
+       "31.01.2025 21.12.2024 01.02.2024 (leer)",
+       "31.01.2025 20250131 01.02.2024 0 99,99",
+       {"09.11.2024 09:00:00 Kündigungsfrist läuft am  21.12.2024  aus Anna", unsigned_yet}},
+      {Once({{field::RechnungWann, 1}, {field::KuendigungsfristEinh, "Monate"}}),
+       false,
+       Day(1, 2, 2024),
+       "31.07.2024 (leer) 01.05.2024 (leer)",
+       "31.07.2024 20240731 01.05.2024 1 99,99",
+       {"03.07.2024 09:00:00 Vertrag läuft am  31.07.2024  aus Anna"}},
+      {Unlimited(),
+       true,
+       std::nullopt,
+       "30.12.1899 (leer) 01.02.2024 (leer)",
+       "30.12.1899 18991230 01.02.2024 0 99,99",
+       {unsigned_yet}}};
+  for (const auto& c : cases) {
+    support::ContractWorld world;
+    world.Add(table::vv_Vertragsdefinitionen, c.type);
+    Dialog dialog(world);
+    ASSERT_TRUE(dialog.Open());
+    SCOPED_TRACE(dialog.Cell("lvwBezeichnung", 1, 1));
+    world.module.gAppointment4AllContracts = c.all_alarms;
+    dialog.Pick("DTPVertragBeginn", Day(1, 2, 2024));
+    dialog.Pick("DTPGeschlossenAm", c.signed_on);
+    // The reach of the discount is asked of renewing contracts alone.
+    dialog.form.chkRabattNurErsteLaufzeit.SetChecked(!c.all_alarms);
+    dialog.Click("cmdOK");
+    const Row contract = world.TheOnly(table::vv_Vertraege);
+    EXPECT_EQ(Line(contract, {field::VertragEnde, field::KuendfristDatum,
+                              field::AktNaechsteRechnung, field::RabattNurErsteLaufzeit}),
+              c.contract);
+    EXPECT_EQ(contract[field::GeschlossenAm], Value(c.signed_on.value_or(platform::kNoDate)));
+    EXPECT_EQ(Lines(world, table::vv_Vertragsstaende,
+                    {field::LaufzeitEnde, field::LaufzeitEndeStr, field::NaechsteRechnung,
+                     field::RechnungWann, field::Value})
+                  .at(0),
+              c.term);
+    EXPECT_EQ(Lines(world, table::vv_VertragsAktivitaeten,
+                    {field::Datum, field::Betreff, field::Verantwortlich}),
+              c.appointments);
+    EXPECT_EQ(Shown(contract[field::AlarmOID]),
+              std::to_string(world.Rows(table::vv_VertragsAktivitaeten).back().oid));
+    EXPECT_THAT(world.screen.Problems(), IsEmpty());
+  }
 }
 
 TEST_F(NewContract, OfALiabilityTakesItsTypedNumberAsItIs) {
@@ -129,28 +136,17 @@ TEST_F(NewContract, OfALiabilityTakesItsTypedNumberAsItIs) {
   // Its only position has no article; the account was never written.
   AddPosition(type, {{field::ArtikelID, "00000000"}, {field::Erloeskonto, Value()}});
   Open();
-  world.screen.ExpectMessage(Warning("Vergeben Sie bitte eine Vertragsnummer!"));
-  SaveRefused();
-  dialog.Paste("txtVertragnummer", " \t ");
-  world.screen.ExpectMessage(Warning("Vergeben Sie bitte eine Vertragsnummer!"));
-  SaveRefused();
+  for (const char* none : {"", " \t "}) {
+    dialog.Paste("txtVertragnummer", none);
+    world.screen.ExpectMessage(Warning("Vergeben Sie bitte eine Vertragsnummer!"));
+    SaveRefused();
+  }
   EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
   dialog.Paste("txtVertragnummer", " K 7 ");
   Save();
   EXPECT_EQ(Line(Contract(), {field::Typ, field::Vertragnummer}), "K  K 7 ");
   EXPECT_EQ(world.Count(table::KELM_Nummern), 0u);
   EXPECT_EQ(Shown(world.Rows(table::vv_Vertragspositionen).at(0)[field::Erloeskonto]), "0");
-}
-
-TEST_F(NewContract, KeepsTheAccountOfAnArticleThatIsGone) {
-  const store::Oid type = AddType(Quarterly());
-  AddPosition(type);
-  AddPosition(type, {{field::ArtikelID, "weg"}});
-  Open();
-  Save();
-  const std::vector<Row> positions = world.Rows(table::vv_Vertragspositionen);
-  EXPECT_EQ(Line(positions.at(0), {field::Erloeskonto, field::ArtikelID}), "8400 A1");
-  EXPECT_EQ(Line(positions.at(1), {field::Erloeskonto, field::ArtikelID}), "1111 weg");
 }
 
 TEST_F(NewContract, LeavesUnwrittenWhatTheTypeNeverHad) {
@@ -169,66 +165,46 @@ TEST_F(NewContract, LeavesUnwrittenWhatTheTypeNeverHad) {
             "Artikel=Frei, Erloeskonto=0, Nettopreis=0, Rabattprozent=0");
 }
 
-TEST_F(NewContract, WithoutPositionsFollowsTheTypesSum) {
-  AddType(Quarterly());
-  Open();
-  Save();
-  EXPECT_EQ(world.Count(table::vv_Vertragspositionen), 0u);
-  EXPECT_EQ(Status()[field::Value].AsDouble(), 99.99);
-  EXPECT_EQ(Contract()[field::AktValue].AsDouble(), 99.99);
-}
-
 TEST_F(NewContract, CopiesTheDocumentOfTheType) {
   const auto document = std::make_shared<store::NamedDocument>("Vertrag.docx");
   AddType(Quarterly({{field::Dokument, Value(document)}}));
   Open();
   Save();
-  const auto copied =
-      std::dynamic_pointer_cast<store::NamedDocument>(host::ToObject(Status()[field::Dokument]));
+  const auto copied = std::dynamic_pointer_cast<store::NamedDocument>(
+      host::ToObject(world.TheOnly(table::vv_Vertragsstaende)[field::Dokument]));
   ASSERT_NE(copied, nullptr);
   EXPECT_EQ(copied->Name(), "Vertrag.docx");
 }
 
-TEST_F(NewContract, OfATypeWithoutADocumentHasNone) {
-  AddType(Quarterly());
-  Open();
-  Save();
-  EXPECT_TRUE(Status()[field::Dokument].IsEmpty()) << "not written";
-}
-
 TEST(RequiredAttribute, IsComparedExactlyAndWithoutItsGroup) {
-  struct {
-    const char* attribute;
-    const char* value;
-    bool passes;
-  } const cases[] = {{"Kunde", "A", true},
-                     {"Kunde", "B", false},
-                     {"kunde", "A", false},
-                     {"Kunde", "a", false},
-                     {"Lieferant", "A", false}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.attribute) + " " + c.value);
+  const std::tuple<const char*, const char*, bool> cases[] = {{"Kunde", "A", true},
+                                                              {"Kunde", "B", false},
+                                                              {"kunde", "A", false},
+                                                              {"Kunde", "a", false},
+                                                              {"Lieferant", "A", false}};
+  for (const auto& [attribute, value, passes] : cases) {
+    SCOPED_TRACE(std::string(attribute) + " " + value);
     support::ContractWorld world;
     world.Add(table::vv_Vertragsdefinitionen, Quarterly({{field::ErfordertMerkmalGruppe, "Andere"},
                                                          {field::ErfordertMerkmal, "Kunde"},
                                                          {field::ErfordertWert, "A"}}));
     world.Add(table::Adressmerkmale, {{field::Merkmal, "Sprache"}}, world.address);
     world.Add(table::Adressmerkmale,
-              {{field::Gruppe, "Kunden"}, {field::Merkmal, c.attribute}, {field::Wert, c.value}},
+              {{field::Gruppe, "Kunden"}, {field::Merkmal, attribute}, {field::Wert, value}},
               world.address);
     world.Add(table::Adressmerkmale, {{field::Merkmal, "Kunde"}, {field::Wert, "A"}},
               world.other_address);
     Dialog dialog(world);
     ASSERT_TRUE(dialog.Open());
-    if (!c.passes) {
+    if (!passes) {
       world.screen.ExpectMessage(
           Plain("Das für diesen Vertrag erforderliche Adressmerkmal  \"Kunde -> A\"  ist nicht "
                 "vorhanden!"));
     }
     dialog.Click("cmdOK");
-    EXPECT_EQ(dialog.form.mbOK, c.passes);
-    EXPECT_EQ(world.Count(table::vv_Vertraege), c.passes ? 1u : 0u);
-    EXPECT_EQ(world.Count(table::KELM_Nummern), c.passes ? 1u : 0u);
+    EXPECT_EQ(dialog.form.mbOK, passes);
+    EXPECT_EQ(world.Count(table::vv_Vertraege), passes ? 1u : 0u);
+    EXPECT_EQ(world.Count(table::KELM_Nummern), passes ? 1u : 0u);
     EXPECT_THAT(world.screen.Problems(), IsEmpty());
   }
 }
