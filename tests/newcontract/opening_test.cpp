@@ -1,6 +1,7 @@
 // Opening the dialog, and what choosing a contract type does to it.
 
 #include "newcontract/dialog_world.h"
+#include "support/attributes.h"
 #include "support/failing_probe.h"
 
 namespace pactora::newcontract {
@@ -8,19 +9,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-
-constexpr char kNoType[] =
-    "Es muss mindestens ein freigegebener Vertragstyp definiert sein.\r\n"
-    "Legen Sie einen Vertragstyp an!";
-constexpr char kLost[] =
-    "Die Änderungen, die Sie an der Vertragsdefinition gemacht haben, gehen verloren, wenn Sie "
-    "eine andere Vertragsdefinition auswählen!\r\nWollen Sie das wirklich?";
-
-std::vector<std::string> Items(const ui::ListControl& list) {
-  std::vector<std::string> texts;
-  for (const ui::ListItem& item : list.Items()) texts.push_back(item.text);
-  return texts;
-}
 
 std::string Text(Date date) { return FormatDate(date, platform::kGermanPattern); }
 
@@ -42,16 +30,15 @@ TEST_F(Opening, ListsReleasedTypesByNameAndChoosesTheFirst) {
   EXPECT_EQ(form.Caption(), "Neuer Vertrag für:   Muster GmbH");
   EXPECT_EQ(form.lblVersion.Caption(), "Version 1.2");
   ASSERT_EQ(form.lvwBezeichnung.RowCount(), 2);
-  std::vector<std::string> row;
-  for (std::int32_t i = 0; i < 12; ++i) row.push_back(form.lvwBezeichnung.Text(1, i));
-  EXPECT_THAT(row, ElementsAre("Miete", "einmalig", std::to_string(type), "K", "2", "1", "6", "3",
-                               "0", "6", "Verbindlichkeit", "True"));
+  const std::string row[] = {"Miete", "einmalig", std::to_string(type), "K",   "2", "1", "6", "3",
+                             "0",     "6",        "Verbindlichkeit",    "True"};
+  for (std::int32_t i = 0; i < 12; ++i) EXPECT_EQ(form.lvwBezeichnung.Text(1, i), row[i]) << i;
   EXPECT_EQ(form.lvwBezeichnung.RowToolTip(1), "Miete");
   EXPECT_EQ(form.lvwBezeichnung.Text(2, 10), "Forderung");
   EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 1);
   EXPECT_EQ(world.host.Table(table::vv_Vertragsdefinitionen)->Oid(), std::to_string(type));
-  EXPECT_THAT(Items(form.cboVerantwortlich), ElementsAre("Anna", "Bert"));
-  EXPECT_THAT(Items(form.cmbUser), ElementsAre("Anna", "Bert"));
+  EXPECT_THAT(dialog.Items("cboVerantwortlich"), ElementsAre("Anna", "Bert"));
+  EXPECT_THAT(dialog.Items("cmbUser"), ElementsAre("Anna", "Bert"));
   EXPECT_EQ(form.cboVerantwortlich.Text(), "Anna");
   EXPECT_EQ(form.cmbUser.Text(), "Anna");
   EXPECT_EQ(world.module.gAlarmWochenKuendigung, 8);
@@ -64,7 +51,7 @@ TEST_F(Opening, ASettingThatIsNoBooleanIsNamedAndNothingIsShown) {
   AddType(Quarterly());
   world.Enter();
   world.module.gDb->DbSettings().Add("CreateAppointment4AllContracts", "ja");
-  world.screen.ExpectMessage({"Fehler &HD\r\n(Typen unverträglich)\r\nin vv_FNewContract.InitNew"});
+  world.screen.ExpectMessage(Failure("D", "Typen unverträglich", "InitNew"));
   EXPECT_FALSE(form.InitNew());
 }
 
@@ -75,7 +62,7 @@ TEST_F(Opening, StartsWithTheDefaultStartAndItsInvoicePeriods) {
   EXPECT_EQ(Text(form.DTPVertragBeginn.Value()), "15.03.2024");
   EXPECT_EQ(Text(form.DTPGeschlossenAm.Value()), "15.03.2024");
   EXPECT_EQ(form.txtRabatt.Text(), "0,00");
-  EXPECT_THAT(Items(form.lstInvoices),
+  EXPECT_THAT(dialog.Items("lstInvoices"),
               ElementsAre("15.03.2024 - 14.06.2024", "15.06.2024 - 14.09.2024",
                           "15.09.2024 - 14.12.2024", "15.12.2024 - 14.03.2025"));
   EXPECT_FALSE(form.lstInvoices.Visible());
@@ -86,10 +73,13 @@ TEST_F(Opening, StartsWithTheDefaultStartAndItsInvoicePeriods) {
 }
 
 TEST_F(Opening, NeedsAReleasedType) {
-  world.screen.ExpectMessage(Warning(kNoType));
+  const ui::Message none = Warning(
+      "Es muss mindestens ein freigegebener Vertragstyp definiert sein.\r\n"
+      "Legen Sie einen Vertragstyp an!");
+  world.screen.ExpectMessage(none);
   EXPECT_FALSE(dialog.Open());
   AddType(Quarterly({{field::Status, "in Bearbeitung"}}));
-  world.screen.ExpectMessage(Warning(kNoType));
+  world.screen.ExpectMessage(none);
   EXPECT_FALSE(Dialog(world).Open());
 }
 
@@ -108,11 +98,8 @@ TEST(OpeningWithoutWorkflows, NeedsNoWorkflowTable) {
   world.Add(table::vv_Vertragsdefinitionen, Quarterly({{field::SetztMerkmalGruppe, "Kunden"},
                                                        {field::SetztMerkmal, "Wartung"},
                                                        {field::SetztWert, "ja"}}));
-  const store::Oid group =
-      world.Add(table::MerkmalgruppeAdressen, {{field::ID, "MG"}, {field::Gruppe, "Kunden"}});
-  const store::Oid attribute = world.Add(table::MerkmallisteAdressen,
-                                         {{field::ID, "ML"}, {field::Merkmal, "Wartung"}}, group);
-  world.Add(table::WerteMerkmalAdressen, {{field::Wert, "ja"}}, attribute);
+  const store::Oid group = support::AddGroup(world, "Kunden", {{field::ID, "MG"}});
+  support::AddAttribute(world, group, "Wartung", {"ja"}, {{field::ID, "ML"}});
   Dialog dialog(world);
   EXPECT_TRUE(dialog.Open());
   EXPECT_FALSE(dialog.form.fraWorkflow.Enabled());
@@ -130,7 +117,7 @@ TEST(OpeningFailures, AreShownAndKeepTheDialogClosed) {
                                                          {field::SetztMerkmal, "Wartung"},
                                                          {field::SetztWert, "ja"},
                                                          {field::WorkflowID, "W1"}}));
-    world.Add(table::KELDO_Vorgaenge, {{field::ID, "W1"}, {field::Status, "freigegeben"}});
+    support::AddWorkflow(world, "W1", "Verlängern");
     world.Enter();
     frmNewContract form(world.module);
     support::FailingProbe probe(world.host, nth);
@@ -165,28 +152,23 @@ class Choice : public DialogTest {
     AddType(Once({{field::Bezeichnung, "B Projekt"}}));
     AddType(Once({{field::Bezeichnung, "C Miete"}, {field::Typ, "K"}}));
     AddType(Once({{field::Bezeichnung, "D Pacht"}, {field::Typ, "K"}}));
+    Open();
   }
 };
 
 TEST_F(Choice, OfALiabilityLeavesOnlyATypedNumber) {
-  Open();
   dialog.Check("chkOldContract", true);
   dialog.Check("chkRabattNurErsteLaufzeit", true);
   dialog.Choose("lvwBezeichnung", "C Miete");
   EXPECT_FALSE(form.ChkAutoNumber.Checked());
-  EXPECT_FALSE(form.ChkAutoNumber.Enabled());
-  EXPECT_TRUE(form.txtVertragnummer.Enabled());
   EXPECT_FALSE(form.chkOldContract.Checked());
-  EXPECT_FALSE(form.chkOldContract.Enabled());
-  EXPECT_FALSE(form.chkNoBooking.Enabled());
-  EXPECT_FALSE(form.chkRabattNurErsteLaufzeit.Enabled());
   EXPECT_TRUE(form.chkRabattNurErsteLaufzeit.Checked()) << "only disabled, not reset";
+  for (const char* name :
+       {"ChkAutoNumber", "chkOldContract", "chkNoBooking", "chkRabattNurErsteLaufzeit"}) {
+    EXPECT_FALSE(dialog[name].Enabled()) << name;
+  }
   EXPECT_EQ(form.lstInvoices.Count(), 0);
-}
-
-TEST_F(Choice, KeepsATypedNumberBetweenLiabilitiesAlone) {
-  Open();
-  dialog.Choose("lvwBezeichnung", "C Miete");
+  // The number is kept between liabilities alone.
   dialog.Paste("txtVertragnummer", "M-17");
   dialog.Choose("lvwBezeichnung", "D Pacht");
   EXPECT_EQ(form.txtVertragnummer.Text(), "M-17");
@@ -196,7 +178,6 @@ TEST_F(Choice, KeepsATypedNumberBetweenLiabilitiesAlone) {
 }
 
 TEST_F(Choice, FollowsTheTypeAndKeepsWhatTheUserEntered) {
-  Open();
   EXPECT_TRUE(form.chkNoBooking.Checked());
   EXPECT_TRUE(form.chkRabattNurErsteLaufzeit.Enabled());
   dialog.Pick("DTPVertragBeginn", Day(1, 2, 2024));
@@ -209,7 +190,7 @@ TEST_F(Choice, FollowsTheTypeAndKeepsWhatTheUserEntered) {
   EXPECT_FALSE(form.chkNoBooking.Checked());
   EXPECT_FALSE(form.chkRabattNurErsteLaufzeit.Enabled());
   EXPECT_FALSE(form.chkOldContract.Checked());
-  EXPECT_THAT(Items(form.lstInvoices),
+  EXPECT_THAT(dialog.Items("lstInvoices"),
               ElementsAre("01.02.2024 - 30.04.2024", "01.05.2024 - 31.07.2024"));
   EXPECT_EQ(Text(form.DTPVertragBeginn.Value()), "01.02.2024");
   EXPECT_TRUE(form.DTPGeschlossenAm.IsNull());
@@ -219,33 +200,34 @@ TEST_F(Choice, FollowsTheTypeAndKeepsWhatTheUserEntered) {
 }
 
 TEST_F(Choice, AsksBeforeAChangeInMemoryIsLost) {
-  Open();
-  world.module.gDefinition = std::make_shared<definitions::vv_CDefinition>();
-  world.module.gDefinition->DefOid = form.lvwBezeichnung.Text(1, 2);
-  world.module.gDefinition->Typ = "D";
-  world.module.gDefinition->Art = 1;
-  world.module.gDefinition->Dauer = 12;
-  world.module.gDefinition->Zahlungsperiode = 6;
+  const auto type = std::make_shared<definitions::vv_CDefinition>();
+  type->DefOid = form.lvwBezeichnung.Text(1, 2);
+  type->Typ = "D";
+  type->Art = 1;
+  type->Dauer = 12;
+  type->Zahlungsperiode = 6;
+  world.module.gDefinition = type;
   form.InitAgain();
   EXPECT_TRUE(form.lblDirty.Visible());
   EXPECT_FALSE(form.chkNoBooking.Checked()) << "the type in memory is invoiced here";
   EXPECT_EQ(form.lstInvoices.Count(), 2);
 
   dialog.Choose("lvwBezeichnung", "A Wartung");  // the chosen row: nothing to lose
-  world.screen.ExpectMessage({kLost, 4 + 48 + 256, "Tessarin Sorvane"}, ui::Answer::No);
-  dialog.Choose("lvwBezeichnung", "B Projekt");
-  EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 1);
-  EXPECT_TRUE(form.lblDirty.Visible());
-  EXPECT_EQ(form.lstInvoices.Count(), 2);
-  world.screen.ExpectMessage({kLost, 4 + 48 + 256, "Tessarin Sorvane"}, ui::Answer::Yes);
-  dialog.Choose("lvwBezeichnung", "B Projekt");
-  EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 2);
-  EXPECT_FALSE(form.lblDirty.Visible());
+  const ui::Message lost{
+      "Die Änderungen, die Sie an der Vertragsdefinition gemacht haben, gehen verloren, wenn Sie "
+      "eine andere Vertragsdefinition auswählen!\r\nWollen Sie das wirklich?",
+      4 + 48 + 256, "Tessarin Sorvane"};
+  for (const ui::Answer answer : {ui::Answer::No, ui::Answer::Yes}) {
+    world.screen.ExpectMessage(lost, answer);
+    dialog.Choose("lvwBezeichnung", "B Projekt");
+    EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), answer == ui::Answer::No ? 1 : 2);
+    EXPECT_EQ(form.lblDirty.Visible(), answer == ui::Answer::No);
+    EXPECT_EQ(form.lstInvoices.Count(), 2);
+  }
   dialog.Choose("lvwBezeichnung", "A Wartung");
 }
 
 TEST_F(Choice, CancelWritesNothing) {
-  Open();
   dialog.Click("cmdCancel");
   EXPECT_FALSE(form.Visible());
   EXPECT_FALSE(form.mbOK);
