@@ -6,6 +6,7 @@
 
 #include "support/contract_world.h"
 #include "support/failing_probe.h"
+#include "support/row_text.h"
 
 namespace pactora::contract {
 namespace {
@@ -14,7 +15,7 @@ namespace field = schema::field;
 namespace table = schema::table;
 using support::Day;
 using support::ErrorOf;
-using support::Row;
+using support::Lines;
 
 TEST(PeriodNames, NameTheStandardPeriodsAndSinglePayments) {
   const std::map<std::int32_t, std::string> names = {
@@ -28,25 +29,34 @@ TEST(PeriodNames, NameTheStandardPeriodsAndSinglePayments) {
   }
 }
 
+std::string NextNumber(support::ContractWorld& world,
+                       std::string_view name = field::Vertragnummer) {
+  return GetNextNumber(world.module, world.host.Table(table::vv_Vertraege)->Fields().Item(name));
+}
+void AddCounter(support::ContractWorld& world, store::Oid client, std::string_view number,
+                std::string_view counted = "VERTRAGNUMMER") {
+  world.Add(table::KELM_Nummern,
+            {{field::Tabelle, "VV_VERTRAEGE"}, {field::Feld, counted}, {field::Nummer, number}},
+            client);
+}
+std::vector<std::string> Counters(support::ContractWorld& world) {
+  return Lines(world, table::KELM_Nummern, {field::Tabelle, field::Feld, field::Nummer});
+}
+
 class SharedRoutines : public support::ContractWorldTest {
  protected:
   SharedRoutines() { world.Enter(); }
 
-  std::string NextNumber() {
-    return GetNextNumber(
-        world.module, world.host.Table(table::vv_Vertraege)->Fields().Item(field::Vertragnummer));
-  }
-  store::Oid AddCounter(store::Oid client, std::string_view number) {
-    return world.Add(
-        table::KELM_Nummern,
-        {{field::Tabelle, "VV_VERTRAEGE"}, {field::Feld, "VERTRAGNUMMER"}, {field::Nummer, number}},
-        client);
-  }
   // A stored contract that is current.
   store::Oid AddContract() {
     const store::Oid contract = world.Add(table::vv_Vertraege, {}, world.address);
     world.Goto(table::vv_Vertraege, contract);
     return contract;
+  }
+  std::vector<std::string> Appointments() {
+    return Lines(
+        world, table::vv_VertragsAktivitaeten,
+        {field::Typ, field::Datum, field::Betreff, field::Erledigt, field::Verantwortlich});
   }
 };
 
@@ -73,72 +83,44 @@ TEST_F(SharedRoutines, AHostErrorWhileReadingAVariableIsShownAndGivesNothing) {
   EXPECT_TRUE(probe.HasFailed());
 }
 
-TEST_F(SharedRoutines, TheFirstNumberMakesTheCounter) {
-  EXPECT_EQ(NextNumber(), "00000001");
-  EXPECT_EQ(NextNumber(), "00000002");
-  const auto counters = world.Rows(table::KELM_Nummern);
-  ASSERT_EQ(counters.size(), 1u);
-  EXPECT_EQ(counters[0].parent, world.client);
-  EXPECT_EQ(counters[0][field::Tabelle], host::Value("VV_VERTRAEGE"));
-  EXPECT_EQ(counters[0][field::Feld], host::Value("VERTRAGNUMMER"));
-  EXPECT_EQ(counters[0][field::Nummer], host::Value("00000002"));
+TEST(NextNumbers, ANewCounterStartsWhereThereIsNoneOfOurs) {
+  enum class Held { Nothing, OfOtherClients, OfAnotherField };
+  for (const Held held : {Held::Nothing, Held::OfOtherClients, Held::OfAnotherField}) {
+    SCOPED_TRACE(static_cast<int>(held));
+    support::ContractWorld world;
+    world.Enter();
+    for (const char* name : {"ANDERE", "ZWEITE"}) {
+      const store::Oid client = world.Add(table::KELM_Mandanten, {{field::TessarinName, name}});
+      if (held == Held::OfOtherClients) AddCounter(world, client, "00000500");
+    }
+    if (held == Held::OfAnotherField) AddCounter(world, world.client, "99", "VERTRAGNUMMERX");
+    std::vector<std::string> expected = Counters(world);
+    EXPECT_EQ(NextNumber(world), "00000001");
+    EXPECT_EQ(NextNumber(world), "00000002");
+    expected.push_back("VV_VERTRAEGE VERTRAGNUMMER 00000002");
+    EXPECT_THAT(Counters(world), testing::UnorderedElementsAreArray(expected));
+    EXPECT_EQ(world.Rows(table::KELM_Nummern).back().parent, world.client);
+  }
 }
 
-TEST_F(SharedRoutines, CountersGoUpFromWhatTheyHold) {
+TEST(NextNumbers, CountersGoUpFromWhatTheyHold) {
   const std::vector<std::array<std::string, 3>> cases = {
       {"carry", "00000009", "00000010"}, {"a ninth digit", "99999999", "100000000"},
       {"not padded", "41", "00000042"},  {"empty", "", "00000001"},
       {"no number", "abc", "00000001"},  {"a number and more", "12x7", "00000013"},
-      {"below zero", "-5", "-00000004"}, {"a half", "11.5", "00000013"},
-  };
+      {"below zero", "-5", "-00000004"}, {"a half", "11.5", "00000013"}};
   for (const auto& [name, held, expected] : cases) {
-    support::ContractWorld fresh;
-    fresh.Enter();
-    fresh.Add(
-        table::KELM_Nummern,
-        {{field::Tabelle, "VV_VERTRAEGE"}, {field::Feld, "VERTRAGNUMMER"}, {field::Nummer, held}},
-        fresh.client);
-    auto& number = fresh.host.Table(table::vv_Vertraege)->Fields().Item(field::Vertragnummer);
-    EXPECT_EQ(GetNextNumber(fresh.module, number), expected) << name;
-    EXPECT_EQ(fresh.Rows(table::KELM_Nummern)[0][field::Nummer], host::Value(expected)) << name;
+    support::ContractWorld world;
+    world.Enter();
+    AddCounter(world, world.client, held);
+    AddCounter(world, world.client, held, "AKTNAECHSTERECHNUNGSTR");
+    EXPECT_EQ(NextNumber(world), expected) << name;
+    // A field of eight characters gets the last of them.
+    EXPECT_EQ(NextNumber(world, field::AktNaechsteRechnungStr),
+              expected.substr(expected.size() - 8))
+        << name;
+    EXPECT_THAT(Lines(world, table::KELM_Nummern, {field::Nummer}), testing::Each(expected));
   }
-}
-
-TEST_F(SharedRoutines, ANumberIsCutToTheLastCharactersOfAShortField) {
-  world.Add(table::KELM_Nummern,
-            {{field::Tabelle, "VV_VERTRAEGE"},
-             {field::Feld, "AKTNAECHSTERECHNUNGSTR"},
-             {field::Nummer, "100000000"}},
-            world.client);
-  auto& short_field =
-      world.host.Table(table::vv_Vertraege)->Fields().Item(field::AktNaechsteRechnungStr);
-  ASSERT_EQ(short_field.Size(), 8);
-  EXPECT_EQ(GetNextNumber(world.module, short_field), "00000001");
-  EXPECT_EQ(world.Rows(table::KELM_Nummern)[0][field::Nummer], host::Value("100000001"));
-}
-
-TEST_F(SharedRoutines, EachClientCountsForItself) {
-  const store::Oid first = world.Add(table::KELM_Mandanten, {{field::TessarinName, "ANDERE"}});
-  const store::Oid last = world.Add(table::KELM_Mandanten, {{field::TessarinName, "ZWEITE"}});
-  AddCounter(first, "00000500");
-  AddCounter(last, "00000700");
-  EXPECT_EQ(NextNumber(), "00000001") << "no counter of ours among those of the key";
-  EXPECT_EQ(NextNumber(), "00000002");
-  std::map<store::Oid, host::Value> numbers;
-  for (const Row& row : world.Rows(table::KELM_Nummern)) numbers[row.parent] = row[field::Nummer];
-  EXPECT_EQ(numbers[first], host::Value("00000500"));
-  EXPECT_EQ(numbers[last], host::Value("00000700"));
-  EXPECT_EQ(numbers[world.client], host::Value("00000002"));
-}
-
-TEST_F(SharedRoutines, CountersOfOtherFieldsAreNoneOfOurs) {
-  world.Add(table::KELM_Nummern,
-            {{field::Tabelle, "VV_VERTRAEGE"},
-             {field::Feld, "VERTRAGNUMMERX"},
-             {field::Nummer, "00000099"}},
-            world.client);
-  EXPECT_EQ(NextNumber(), "00000001") << "the nearest key is another one";
-  EXPECT_EQ(NextNumber(), "00000002");
 }
 
 TEST_F(SharedRoutines, AClientIsFoundWithoutRegardToCaseAndAMissingOneGetsNoCounter) {
@@ -149,73 +131,64 @@ TEST_F(SharedRoutines, AClientIsFoundWithoutRegardToCaseAndAMissingOneGetsNoCoun
     clients->Store(256);
   };
   rename_client("ANDERE");
-  const auto error = ErrorOf([&] { NextNumber(); });
+  const auto error = ErrorOf([&] { NextNumber(world); });
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Number(), platform::ErrorNumber(0x80040002));
   EXPECT_EQ(error->Description(), "Mandant Firma GmbH fehlt in Mandantentabelle!");
   EXPECT_EQ(world.Count(table::KELM_Nummern), 0u);
   rename_client("Firma");
-  EXPECT_EQ(NextNumber(), "00000001");
-  EXPECT_EQ(NextNumber(), "00000002");
+  EXPECT_EQ(NextNumber(world), "00000001");
+  EXPECT_EQ(NextNumber(world), "00000002");
 }
 
 TEST_F(SharedRoutines, AnAlarmIsANewAppointmentOfTheContract) {
   const store::Oid contract = AddContract();
   CreateCancellationAlarm(world.module, "", Day(1, 2, 2025), Day(15, 3, 2025), "Bert",
                           kAlarmNotice);
-  CreateCancellationAlarm(world.module, "", Day(2, 2, 2025), Day(16, 3, 2025), "Bert", kAlarmEnd);
+  CreateCancellationAlarm(world.module, "", Day(1, 2, 2025), Day(16, 3, 2025), "Bert", kAlarmEnd);
   CreateOpenAlarm(world.module, "", Day(3, 2, 2025), "Anna");
+  EXPECT_THAT(
+      Appointments(),
+      testing::ElementsAre(
+          "Termin 01.02.2025 09:00:00 Kündigungsfrist läuft am  15.03.2025  aus False Bert",
+          "Termin 01.02.2025 09:00:00 Vertrag läuft am  16.03.2025  aus False Bert",
+          "Termin 03.02.2025 09:00:00 Vertragsabschluss ist noch nicht erfolgt? False Anna"));
   const auto rows = world.Rows(table::vv_VertragsAktivitaeten);
-  ASSERT_EQ(rows.size(), 3u);
-  const std::array<std::string, 3> subjects = {"Kündigungsfrist läuft am  15.03.2025  aus",
-                                               "Vertrag läuft am  16.03.2025  aus",
-                                               "Vertragsabschluss ist noch nicht erfolgt?"};
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    EXPECT_EQ(rows[i].parent, contract);
-    EXPECT_EQ(rows[i][field::Typ], host::Value("Termin"));
-    EXPECT_EQ(rows[i][field::Betreff], host::Value(subjects[i]));
-    EXPECT_EQ(rows[i][field::Datum].AsDate().days, Day(1, 2, 2025).days + double(i) + 0.375);
-    EXPECT_EQ(rows[i][field::Erledigt], host::Value(false));
-    EXPECT_EQ(rows[i][field::Verantwortlich], host::Value(i == 2 ? "Anna" : "Bert"));
-  }
-  EXPECT_EQ(world.Rows(table::vv_Vertraege)[0][field::AlarmOID],
-            host::Value(std::to_string(rows[2].oid)));
+  for (const support::Row& row : rows) EXPECT_EQ(row.parent, contract);
+  EXPECT_EQ(Lines(world, table::vv_Vertraege, {field::AlarmOID}).at(0),
+            std::to_string(rows.back().oid));
 }
 
 TEST_F(SharedRoutines, AnExistingAppointmentIsChangedAndAGoneOneIsLeftAlone) {
-  const store::Oid contract = AddContract();
-  const store::Oid appointment = world.Add(
-      table::vv_VertragsAktivitaeten, {{field::Betreff, "alt"}, {field::Erledigt, true}}, contract);
+  const store::Oid appointment =
+      world.Add(table::vv_VertragsAktivitaeten, {{field::Betreff, "alt"}, {field::Erledigt, true}},
+                AddContract());
   world.host.SetFilter(table::vv_VertragsAktivitaeten, embedded::FilterKind::First,
                        [](const store::Record&) { return false; });
   CreateOpenAlarm(world.module, "4711", Day(1, 2, 2025), "Anna");
-  EXPECT_EQ(world.Rows(table::vv_VertragsAktivitaeten)[0][field::Betreff], host::Value("alt"));
+  EXPECT_THAT(Lines(world, table::vv_VertragsAktivitaeten, {field::Betreff}),
+              testing::ElementsAre("alt"));
   CreateCancellationAlarm(world.module, std::to_string(appointment), Day(1, 2, 2025),
                           Day(15, 3, 2025), "Anna", kAlarmEnd);
-  const auto rows = world.Rows(table::vv_VertragsAktivitaeten);
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0][field::Betreff], host::Value("Vertrag läuft am  15.03.2025  aus"));
-  EXPECT_EQ(rows[0][field::Erledigt], host::Value(false));
+  EXPECT_THAT(Appointments(),
+              testing::ElementsAre(
+                  "Termin 01.02.2025 09:00:00 Vertrag läuft am  15.03.2025  aus False Anna"));
   EXPECT_TRUE(world.Rows(table::vv_Vertraege)[0][field::AlarmOID].IsEmpty());
 }
 
 TEST_F(SharedRoutines, AFailingAlarmIsShownInlineAndEndsNormally) {
   AddContract();
   const platform::Error full(platform::ErrorNumber(0x80041024), "Kein Platz", "Platte");
-  const auto inline_message = [](const std::string& routine) {
-    return ui::Message{"Fehler &H80041024\r\n(Kein Platz)\r\nin modVV." + routine};
+  const auto fail = [&](const char* operation, std::string_view name, const std::string& routine) {
+    world.screen.ExpectMessage({"Fehler &H80041024\r\n(Kein Platz)\r\nin modVV." + routine});
+    return support::FailingProbe(world.host, 1, operation, std::string(name), full);
   };
   {
-    support::FailingProbe probe(world.host, 1, "StoreNew",
-                                std::string(table::vv_VertragsAktivitaeten), full);
-    world.screen.ExpectMessage(inline_message("CreateCancellationAlarm"));
+    const auto probe = fail("StoreNew", table::vv_VertragsAktivitaeten, "CreateCancellationAlarm");
     CreateCancellationAlarm(world.module, "", Day(1, 2, 2025), Day(15, 3, 2025), "Anna", kAlarmEnd);
   }
-  {
-    support::FailingProbe probe(world.host, 1, "Store", std::string(table::vv_Vertraege), full);
-    world.screen.ExpectMessage(inline_message("CreateOpenAlarm"));
-    CreateOpenAlarm(world.module, "", Day(1, 2, 2025), "Anna");
-  }
+  const auto probe = fail("Store", table::vv_Vertraege, "CreateOpenAlarm");
+  CreateOpenAlarm(world.module, "", Day(1, 2, 2025), "Anna");
   EXPECT_EQ(world.Count(table::vv_VertragsAktivitaeten), 1u) << "the second one was stored before";
   EXPECT_TRUE(world.Rows(table::vv_Vertraege)[0][field::AlarmOID].IsEmpty());
 }

@@ -62,7 +62,7 @@ inline std::vector<std::string> Written(support::ContractWorld& world) {
       std::string line(name);
       line += " " + std::to_string(row.parent) + "/" + std::to_string(row.oid);
       for (const auto& [field_name, value] : row.cells) {
-        if (!value.IsEmpty()) line += " " + field_name + "=" + newcontract::Shown(value);
+        if (!value.IsEmpty()) line += " " + field_name + "=" + support::Shown(value);
       }
       lines.push_back(line);
     }
@@ -82,7 +82,7 @@ struct Office {
   void NewType() { entry.EditContractDefinition(world.host.App(), true); }
   void EditType(std::string_view name) {
     for (const support::Row& row : world.Rows(table::vv_Vertragsdefinitionen)) {
-      if (newcontract::Shown(row[field::Bezeichnung]) == name) {
+      if (support::Shown(row[field::Bezeichnung]) == name) {
         world.Goto(table::vv_Vertragsdefinitionen, row.oid);
       }
     }

@@ -12,14 +12,19 @@
 #include "shell/modGlobalDefs.h"
 #include "support/contract_world.h"
 #include "support/dialog_user.h"
+#include "support/row_text.h"
 
 namespace pactora::newcontract {
 
 namespace field = schema::field;
 namespace table = schema::table;
 using host::Value;
+using support::All;
 using support::Day;
+using support::Line;
+using support::Lines;
 using support::Row;
+using support::Shown;
 using support::Values;
 using support::With;
 
@@ -89,36 +94,6 @@ inline Values Position(const Values& changes = {}) {
                {field::Gruppierung, "Basis"},
                {field::Gruppierungsposition, 1}},
               changes);
-}
-
-inline std::string Shown(const Value& value) {
-  if (value.IsEmpty()) return "(leer)";
-  if (value.GetKind() == host::Kind::Object) return value.AsObject() ? "(Objekt)" : "(kein Objekt)";
-  return host::ToText(value);
-}
-
-// Everything that was written into the row, by field name.
-inline std::string All(const Row& row) {
-  std::string text;
-  for (const auto& [name, value] : row.cells) {
-    if (!value.IsEmpty()) text += (text.empty() ? "" : ", ") + name + "=" + Shown(value);
-  }
-  return text;
-}
-
-// Some fields of a row, for short comparisons.
-inline std::string Line(const Row& row, std::initializer_list<std::string_view> names) {
-  std::string line;
-  for (const std::string_view name : names) line += (line.empty() ? "" : " ") + Shown(row[name]);
-  return line;
-}
-
-// The same of all rows of a table.
-inline std::vector<std::string> Lines(support::ContractWorld& world, std::string_view table,
-                                      std::initializer_list<std::string_view> names) {
-  std::vector<std::string> lines;
-  for (const Row& row : world.Rows(table)) lines.push_back(Line(row, names));
-  return lines;
 }
 
 inline ui::Message Plain(std::string text) { return {std::move(text), ui::style::kOkOnly}; }
