@@ -92,29 +92,40 @@ class DefinitionTest : public support::ContractWorldTest {
     Show(dialog, acts);
   }
   // The current type.
-  void OpenEdit(const Acts& acts) {
+  void OpenEdit(const Acts& acts, bool for_new_contract = false) {
     frmFEditDefinitions dialog(world.module);
     ASSERT_TRUE(dialog.InitEdit());
+    if (for_new_contract) dialog.ShowForNewContract();
     Show(dialog, acts);
   }
-  void OpenForNewContract(const Acts& acts) {
-    frmFEditDefinitions dialog(world.module);
-    ASSERT_TRUE(dialog.InitEdit());
-    dialog.ShowForNewContract();
-    Show(dialog, acts);
-  }
-  void Show(frmFEditDefinitions& dialog, const Acts& acts) {
-    world.screen.ExpectDialog("frmFEditDefinitions", support::AsUser(acts));
+  void OpenForNewContract(const Acts& acts) { OpenEdit(acts, true); }
+  void Show(ui::Form& dialog, Acts acts) {
+    world.screen.ExpectDialog(dialog.ClassName(), support::AsUser(std::move(acts)));
     dialog.Show(world.screen);
   }
+
   // The position dialog comes next.
   void ExpectPosition(Acts acts) {
     world.screen.ExpectDialog("frmFEditDefPositions", support::AsUser(std::move(acts)));
   }
-  void AddArticle(DialogUser& user, std::int32_t row) {
+  static void Accept(DialogUser& position) { position.Click("cmdOk"); }
+  void AddArticle(DialogUser& user, std::int32_t row, Acts acts = Accept) {
     user.ChooseRow("lvwArtikel", row);
-    ExpectPosition([](DialogUser& position) { position.Click("cmdOk"); });
+    ExpectPosition(std::move(acts));
     user.Click("cmdAddPos");
+  }
+  void EditPosition(DialogUser& user, Acts acts) {
+    ExpectPosition(std::move(acts));
+    user.Click("cmdEditPos");
+  }
+  void DeletePosition(DialogUser& user, std::int32_t row, Answer answer = Answer::Yes) {
+    user.ChooseRow("lvwPositionen", row);
+    Expect(kDeleteQuestion, kYesNoQuestion, "Pactora", answer);
+    user.Click("cmdDeletePos");
+  }
+  void SaveWithoutPositions(DialogUser& user) {
+    ExpectNoPositionsQuestion(Answer::Yes);
+    user.Click("cmdSave");
   }
 
   void Expect(std::string text, std::int32_t style = kInformation, std::string title = "Pactora",
@@ -133,6 +144,13 @@ class DefinitionTest : public support::ContractWorldTest {
                        platform::RuntimeErrorText(error)));
   }
 
+  void ExpectInputError(const std::string& name) {
+    Expect("Ungültige Eingabe in " + name + " !", kInformation, "Bitte ändern ...");
+  }
+
+  static void ExpectFields(const Row& row, const Values& fields) {
+    for (const auto& [name, value] : fields) EXPECT_EQ(row[name], value) << name;
+  }
   std::vector<Row> Types() { return world.Rows(table::vv_Vertragsdefinitionen); }
   std::vector<Row> Positions() { return world.Rows(table::vv_Definitionspositionen); }
 

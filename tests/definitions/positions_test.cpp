@@ -7,120 +7,82 @@
 namespace pactora::definitions {
 namespace {
 
+using platform::RuntimeError;
 using testing::ElementsAre;
 
-class PositionsTest : public DefinitionTest {
- protected:
-  std::vector<std::string> RowTexts(const DialogUser& user, std::int32_t row) {
-    std::vector<std::string> texts;
-    for (std::int32_t column = 0; column <= 22; ++column) {
-      texts.push_back(user.Cell("lvwPositionen", row, column));
-    }
-    return texts;
+using PositionsTest = DefinitionTest;
+
+std::string RowText(const DialogUser& user, std::int32_t row) {
+  std::string text;
+  for (std::int32_t column = 1; column <= 22; ++column) {
+    text += user.Cell("lvwPositionen", row, column) + "|";
   }
-  void Delete(DialogUser& user, std::int32_t row, Answer answer = Answer::Yes) {
-    user.ChooseRow("lvwPositionen", row);
-    Expect(kDeleteQuestion, kYesNoQuestion, "Pactora", answer);
-    user.Click("cmdDeletePos");
-  }
-};
+  return text;
+}
 
 TEST_F(PositionsTest, AnArticleBecomesARow) {
   OpenNew([&](DialogUser& user) {
-    user.ChooseRow("lvwArtikel", 1);
-    ExpectPosition([](DialogUser& position) {
-      EXPECT_EQ(position.Text("txtNettopreis"), "120,00");
-      EXPECT_EQ(position.Text("lblPeriod"), "monatlich");
-      position.Paste("txtBeschreibung", "im Haus");
-      position.Choose("cboEinheit", "Stunde");
-      position.Retype("txtPreisM1", "11,5");
-      position.Retype("txtAnzahl", "2,5");
-      position.Click("cmdOk");
+    AddArticle(user, 1, [](DialogUser& position) {
+      position.Shows({{"txtNettopreis", "120,00"}, {"lblPeriod", "monatlich"}});
+      position.Enter({{"txtBeschreibung", "im Haus"}, {"cboEinheit", "Stunde"}});
+      position.Enter({{"txtPreisM1", "11,5"}, {"txtAnzahl", "2,5"}, {"cmdOk", ""}});
     });
-    user.Click("cmdAddPos");
-    EXPECT_THAT(
-        RowTexts(user, 1),
-        ElementsAre("", "Wartung Server", "2,50", "11,50", "28,75", "1000", "Dienst", "Stunde",
-                    "19", "im Haus", "8400", "A1", "11,50", "30,00", "60,00", "120,00", "240,00",
-                    "360,00", "480,00", "600,00", "120,00", "11,50", ""));
+    EXPECT_EQ(RowText(user, 1),
+              "Wartung Server|2,50|11,50|28,75|1000|Dienst|Stunde|19|im Haus|8400|A1|"
+              "11,50|30,00|60,00|120,00|240,00|360,00|480,00|600,00|120,00|11,50||");
     Expect("Der ausgewählte Artikel ist bereits eine Vertragsposition");
     user.Click("cmdAddPos");
+    AddArticle(user, 2, [](DialogUser& position) { position.Click("cmdCancel"); });
     EXPECT_EQ(user.RowCount("lvwPositionen"), 1);
-    ExpectPosition([](DialogUser& position) { position.Click("cmdCancel"); });
-    user.ChooseRow("lvwArtikel", 2);
-    user.Click("cmdAddPos");
-    EXPECT_EQ(user.RowCount("lvwPositionen"), 1);
+    // Prices of an unlimited type are those of a year.
+    Expect(kReminder, 0);
+    user.Click("optUnbefristet");
+    AddArticle(user, 2, [](DialogUser& position) {
+      position.Shows({{"lblDuration", "Gesamtlaufzeit: 12 Monate"}, {"txtPreisM1", "0,83"}});
+    });
   });
 }
 
 TEST_F(PositionsTest, ARowFromTheTableIsEditedInPlace) {
   AddPosition(AddType({{field::Zahlungsperiode, 3}}), "A7", "Netz", 10.125, 2);
   OpenEdit([&](DialogUser& user) {
-    const std::vector<std::string> before = RowTexts(user, 1);
-    EXPECT_EQ(before[2], "2,00");
-    EXPECT_EQ(before[3], "10,13");
-    EXPECT_EQ(before[4], "20,25");
-    EXPECT_EQ(before[12], "10,125");
-    EXPECT_EQ(before[21], "10,125");
-    ExpectPosition([](DialogUser& position) {
-      EXPECT_EQ(position.Text("txtPreisM1"), "10,13");
-      EXPECT_EQ(position.Text("txtGesamt"), "60,76");
-      position.Paste("txtArtikel", "Neuer Text");
-      position.Click("cmdOk");
+    EXPECT_EQ(RowText(user, 1),
+              "A7|2,00|10,13|20,25||||19||8400|A7|"
+              "10,125|30,375|60,75|121,5|243|364,5|486|607,5|121,5|10,125|Netz|");
+    const std::string oid = user.Cell("lvwPositionen", 1, 0);
+    EditPosition(user, [](DialogUser& position) {
+      position.Shows({{"txtPreisM1", "10,13"}, {"txtGesamt", "60,76"}});
+      position.Enter({{"txtArtikel", "Neuer Text"}, {"cmdOk", ""}});
     });
-    user.Click("cmdEditPos");
-    const std::vector<std::string> after = RowTexts(user, 1);
-    EXPECT_EQ(after[0], before[0]);
-    EXPECT_EQ(after[1], "Neuer Text");
-    EXPECT_EQ(after[3], "30,38");
-    EXPECT_EQ(after[4], "60,76");
-    EXPECT_EQ(after[11], "A7");
-    EXPECT_EQ(after[12], "10,13");
-    EXPECT_EQ(after[21], "30,38");
-    EXPECT_EQ(after[22], "Netz");
-    ExpectPosition([](DialogUser& position) { position.Paste("txtArtikel", "verworfen"); });
-    user.Click("cmdEditPos");
-    EXPECT_EQ(RowTexts(user, 1), after);
+    const std::string after =
+        "Neuer Text|2,00|30,38|60,76||||19||8400|A7|"
+        "10,13|30,38|60,75|121,50|243,00|364,50|486,00|607,50|121,50|30,38|Netz|";
+    EXPECT_EQ(RowText(user, 1), after);
+    EXPECT_EQ(user.Cell("lvwPositionen", 1, 0), oid);
+    EditPosition(user, [](DialogUser& position) { position.Paste("txtArtikel", "verworfen"); });
+    EXPECT_EQ(RowText(user, 1), after);
   });
 }
 
-TEST_F(PositionsTest, UnlimitedTypesCountPricesByTheYear) {
-  OpenNew([&](DialogUser& user) {
-    user.Click("optUnbefristet");
-    ExpectPosition([](DialogUser& position) {
-      EXPECT_EQ(position.Text("lblDuration"), "Gesamtlaufzeit: 12 Monate");
-      EXPECT_EQ(position.Text("txtPreisM1"), "10,00");
-    });
-    user.Click("cmdAddPos");
-  });
-}
-
-TEST_F(PositionsTest, WithoutATermNothingIsAddedButRowsCanBeEdited) {
-  AddPosition(AddType(), "A7", "");
-  OpenEdit([&](DialogUser& user) {
-    Expect(kReminder, 0);
-    user.Paste("txtDauer", "0");
-    ExpectError("vv_FEditDefinitions.cmdAddPos_Click", platform::RuntimeError::DivisionByZero);
-    user.Click("cmdAddPos");
-    EXPECT_EQ(user.RowCount("lvwPositionen"), 1);
-    ExpectPosition([](DialogUser& position) { position.Click("cmdOk"); });
-    user.Click("cmdEditPos");
-  });
-}
-
-TEST_F(PositionsTest, WithNothingSelectedTheButtonsSaySo) {
+TEST_F(PositionsTest, WithNothingToWorkOnTheButtonsSaySo) {
   world.Add(table::Artikelgruppen, {{field::ID, "G2"}, {field::Artikelgruppe, "Leer"}});
   AddPosition(AddType(), "A7", "");
   OpenEdit([&](DialogUser& user) {
+    // Without a term nothing is added, but rows can be edited.
+    Expect(kReminder, 0);
+    user.Paste("txtDauer", "0");
+    ExpectError("vv_FEditDefinitions.cmdAddPos_Click", RuntimeError::DivisionByZero);
+    user.Click("cmdAddPos");
+    EditPosition(user, Accept);
     user.Choose("cboArtikelGruppen", "Leer");
     EXPECT_EQ(user.RowCount("lvwArtikel"), 0);
-    ExpectError("vv_FEditDefinitions.cmdAddPos_Click", platform::RuntimeError::ObjectNotSet);
+    ExpectError("vv_FEditDefinitions.cmdAddPos_Click", RuntimeError::ObjectNotSet);
     user.Click("cmdAddPos");
     user.ChooseRow("lvwPositionen", 0);
-    ExpectError("vv_FEditDefinitions.cmdEditPos_Click", platform::RuntimeError::ObjectNotSet);
+    ExpectError("vv_FEditDefinitions.cmdEditPos_Click", RuntimeError::ObjectNotSet);
     user.Click("cmdEditPos");
     Expect(kDeleteQuestion, kYesNoQuestion, "Pactora", Answer::Yes);
-    ExpectError("vv_FEditDefinitions.cmdDeletePos_Click", platform::RuntimeError::ObjectNotSet);
+    ExpectError("vv_FEditDefinitions.cmdDeletePos_Click", RuntimeError::ObjectNotSet);
     user.Click("cmdDeletePos");
     EXPECT_EQ(user.RowCount("lvwPositionen"), 1);
   });
@@ -141,14 +103,14 @@ TEST_F(PositionsTest, DeletingSelectsTheRowBefore) {
   OpenEdit([&](DialogUser& user) {
     const auto& list = user.Get<ui::ListView>("lvwPositionen");
     EXPECT_EQ(list.SelectedRow(), 1);
-    Delete(user, 3, Answer::No);
+    DeletePosition(user, 3, Answer::No);
     EXPECT_EQ(list.RowCount(), 3);
-    Delete(user, 3);
+    DeletePosition(user, 3);
     EXPECT_EQ(list.SelectedRow(), 2);
-    Delete(user, 1);
+    DeletePosition(user, 1);
     EXPECT_EQ(list.SelectedRow(), 1);
-    EXPECT_EQ(user.Cell("lvwPositionen", 1, 1), "P2");
-    Delete(user, 1);
+    EXPECT_EQ(list.Text(1, 1), "P2");
+    DeletePosition(user, 1);
     user.Click("cmdDeletePos");
     user.Click("cmdEditPos");
     user.Click("cmdCancel");
@@ -177,9 +139,8 @@ TEST_F(PositionsTest, RemovedAndNewRowsAreStored) {
   const store::Oid kept = AddPosition(type, "A2", "");
   AddPosition(type, "A1", "");
   OpenEdit([&](DialogUser& user) {
-    Delete(user, 2);
+    DeletePosition(user, 2);
     AddArticle(user, 1);
-    Delete(user, 1, Answer::No);
     user.Click("cmdSave");
     EXPECT_FALSE(user.IsOpen());
   });
@@ -187,31 +148,29 @@ TEST_F(PositionsTest, RemovedAndNewRowsAreStored) {
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[0].oid, kept);
   EXPECT_EQ(rows[1].parent, type);
-  EXPECT_EQ(rows[1][field::Artikel], host::Value("Wartung Server"));
-  EXPECT_EQ(rows[1][field::Nettopreis], host::Value(10.0));
-  EXPECT_EQ(rows[1][field::Preis], host::Value(120.0));
-  EXPECT_EQ(rows[1][field::PreisM60], host::Value(600.0));
-  EXPECT_EQ(rows[1][field::Erloeskonto], host::Value(8400));
-  EXPECT_EQ(rows[1][field::Row], host::Value("002"));
+  ExpectFields(rows[1], {{field::Artikel, "Wartung Server"},
+                         {field::Nettopreis, 10.0},
+                         {field::Preis, 120.0},
+                         {field::PreisM60, 600.0},
+                         {field::Erloeskonto, 8400},
+                         {field::Row, "002"}});
 }
 
 TEST_F(PositionsTest, EmptyingTheListEmptiesTheTypeAfterAQuestion) {
   AddPosition(AddType({{field::NettoSumme, 10.0}}), "P1", "");
   OpenEdit([&](DialogUser& user) {
-    Delete(user, 1);
+    DeletePosition(user, 1);
     ExpectNoPositionsQuestion(Answer::No);
     user.Click("cmdSave");
     EXPECT_EQ(Positions().size(), 1u);
-    ExpectNoPositionsQuestion(Answer::Yes);
-    user.Click("cmdSave");
+    SaveWithoutPositions(user);
   });
   EXPECT_EQ(Positions().size(), 0u);
   EXPECT_EQ(Types().front()[field::NettoSumme], host::Value(0.0));
 }
 
 TEST_F(PositionsTest, ARowThatSomebodyDeletedStopsTheSaveWithoutAMessage) {
-  const store::Oid type = AddType({{field::NettoSumme, 1.0}});
-  const store::Oid first = AddPosition(type, "P1", "");
+  const store::Oid first = AddPosition(AddType({{field::NettoSumme, 1.0}}), "P1", "");
   OpenEdit([&](DialogUser& user) {
     AddArticle(user, 1);
     world.Goto(table::vv_Definitionspositionen, first);

@@ -7,50 +7,42 @@
 namespace pactora::definitions {
 namespace {
 
-using testing::ElementsAre;
-
-class SavingTest : public DefinitionTest {
- protected:
-  void ExpectRefused(DialogUser& user, const std::string& text,
-                     const std::string& title = "Pactora") {
-    Expect(text, kInformation, title);
-    user.Click("cmdSave");
-    EXPECT_TRUE(user.IsOpen());
-    EXPECT_EQ(Types().size(), 0u);
-  }
-  std::string Value(const Row& row, std::string_view name) { return host::ToText(row[name]); }
-};
+using SavingTest = DefinitionTest;
 
 TEST_F(SavingTest, EntriesAreCheckedInOrder) {
+  const auto misfit = [](const std::string& contract) {
+    return "Die Zahlungsperiode" + contract + " passt nicht zur Vertragsdauer (12 Monate)";
+  };
   OpenNew([&](DialogUser& user) {
+    const auto refused = [&](const std::string& text, const std::string& focus) {
+      ExpectNoPositionsQuestion(Answer::Yes);
+      Expect(text);
+      user.Click("cmdSave");
+      EXPECT_TRUE(user.IsOpen() && Types().empty());
+      EXPECT_TRUE(focus.empty() || user.HasFocus(focus)) << text;
+    };
     user.Paste("txtBezeichnung", "  ");
-    Expect("Die Zahlungsperiode passt nicht zur Vertragsdauer (12 Monate)");
+    Expect(misfit(""));
     user.Choose("cboZahlungsperiode", "zweijährlich");
     user.Choose("cboZahlungsperiode2", "dreijährlich");
-    ExpectRefused(user, "Geben Sie dem Vertragstyp bitte einen Namen !", "Bitte ändern ...");
+    Expect("Geben Sie dem Vertragstyp bitte einen Namen !", kInformation, "Bitte ändern ...");
+    user.Click("cmdSave");
     EXPECT_TRUE(user.HasFocus("txtBezeichnung"));
     user.Paste("txtBezeichnung", " Wartung ");
     ExpectNoPositionsQuestion(Answer::No);
     user.Click("cmdSave");
-    ExpectNoPositionsQuestion(Answer::Yes);
-    ExpectRefused(user, "Die Zahlungsperiode passt nicht zur Vertragsdauer (12 Monate)");
-    EXPECT_TRUE(user.HasFocus("cboZahlungsperiode"));
+    refused(misfit(""), "cboZahlungsperiode");
     user.Paste("txtDauer", "0");
-    ExpectNoPositionsQuestion(Answer::Yes);
-    ExpectRefused(user,
-                  "Die Zahlungsperiode (Folgevertrag) passt nicht zur Vertragsdauer (12 Monate)");
-    EXPECT_TRUE(user.HasFocus("cboZahlungsperiode2"));
+    refused(misfit(" (Folgevertrag)"), "cboZahlungsperiode2");
     user.Choose("cboZahlungsperiode2", "monatlich");
-    ExpectNoPositionsQuestion(Answer::Yes);
-    ExpectRefused(user, "Für diesen Vertragstyp müssen Sie eine Vertragsdauer eingeben !");
-    Expect("Ungültige Eingabe in Vertragsdauer !", kInformation, "Bitte ändern ...");
+    refused("Für diesen Vertragstyp müssen Sie eine Vertragsdauer eingeben !", "");
+    ExpectInputError("Vertragsdauer");
     user.Paste("txtDauer", "");
     ExpectNoPositionsQuestion(Answer::Yes);
     ExpectError("vv_FEditDefinitions.cmdSave_Click", platform::RuntimeError::TypeMismatch);
     user.Click("cmdSave");
     user.Paste("txtDauer", "24");
-    ExpectNoPositionsQuestion(Answer::Yes);
-    user.Click("cmdSave");
+    SaveWithoutPositions(user);
     EXPECT_FALSE(user.IsOpen());
   });
   EXPECT_EQ(Types().front()[field::Bezeichnung], host::Value(" Wartung "));
@@ -58,96 +50,87 @@ TEST_F(SavingTest, EntriesAreCheckedInOrder) {
 
 TEST_F(SavingTest, ANewTypeIsStoredWithItsPositions) {
   OpenNew([&](DialogUser& user) {
-    user.Type("txtBezeichnung", "Wartung");
-    user.Choose("cboStatus", "freigegeben");
-    user.Paste("txtDauer", "24");
-    user.Choose("cboZahlungsperiode", "jährlich");
-    user.Choose("cboZahlungsperiode2", "halbjährlich");
-    user.Choose("cboRechnungWann", "nachträglich");
-    user.Choose("cboKuendFrist", "3");
-    user.Choose("cboKuendEinh2", "Monate");
-    user.Click("chkNoBooking");
-    user.Choose("cboWorkflow", "Nachfragen");
+    user.Enter({{"txtBezeichnung", "Wartung"},
+                {"cboStatus", "freigegeben"},
+                {"txtDauer", "24"},
+                {"cboZahlungsperiode", "jährlich"},
+                {"cboZahlungsperiode2", "halbjährlich"},
+                {"cboRechnungWann", "nachträglich"},
+                {"cboKuendFrist", "3"},
+                {"cboKuendFrist2", "4"},
+                {"cboKuendEinh2", "Monate"},
+                {"chkNoBooking", ""},
+                {"cboWorkflow", "Nachfragen"},
+                {"txtDauer2", "36"}});
     AddArticle(user, 1);
     AddArticle(user, 2);
     user.Click("cmdSave");
     EXPECT_FALSE(user.IsOpen());
   });
-  ASSERT_EQ(Types().size(), 1u);
-  const Row type = Types().front();
-  const std::vector<std::pair<std::string_view, host::Value>> fields = {
-      {field::Status, "freigegeben"},
-      {field::NoBooking, true},
-      {field::Typ, "D"},
-      {field::Bezeichnung, "Wartung"},
-      {field::Art, 1},
-      {field::ArtStr, "verlängerbar"},
-      {field::Dauer, 24},
-      {field::Verlaengerungsdauer, 24},
-      {field::Kuendigungsfrist, 3},
-      {field::KuendigungsfristEinh, "Wochen"},
-      {field::VerlKuendigungsfrist, 3},
-      {field::VerlKuendigungsfristEinh, "Monate"},
-      {field::Zahlungsperiode, 12},
-      {field::VerlaengerungsZahlungsperiode, 6},
-      {field::RechnungWann, 1},
-      {field::WorkflowID, "W3"},
-      {field::SetztMerkmal, ""},
-      {field::KuendigungsfristBezug, {}},
-      {field::NettoSumme, 65.0}};
-  for (const auto& [name, value] : fields) EXPECT_EQ(type[name], value) << name;
+  const Row type = world.TheOnly(table::vv_Vertragsdefinitionen);
+  ExpectFields(type, {{field::Status, "freigegeben"},
+                      {field::NoBooking, true},
+                      {field::Typ, "D"},
+                      {field::Bezeichnung, "Wartung"},
+                      {field::Art, 1},
+                      {field::ArtStr, "verlängerbar"},
+                      {field::Dauer, 24},
+                      {field::Verlaengerungsdauer, 36},
+                      {field::Kuendigungsfrist, 3},
+                      {field::KuendigungsfristEinh, "Wochen"},
+                      {field::VerlKuendigungsfrist, 4},
+                      {field::VerlKuendigungsfristEinh, "Monate"},
+                      {field::Zahlungsperiode, 12},
+                      {field::VerlaengerungsZahlungsperiode, 6},
+                      {field::RechnungWann, 1},
+                      {field::WorkflowID, "W3"},
+                      {field::SetztMerkmal, ""},
+                      {field::KuendigungsfristBezug, {}},
+                      {field::NettoSumme, 65.0}});
   ASSERT_EQ(Positions().size(), 2u);
   for (const Row& position : Positions()) EXPECT_EQ(position.parent, type.oid);
 }
 
 TEST_F(SavingTest, KindsClearWhatTheyHaveNoUseFor) {
-  OpenNew([&](DialogUser& user) {
-    user.Type("txtBezeichnung", "einmalig");
-    user.Choose("cboWorkflow", "Nachfragen");
-    user.Choose("cboKuendFrist2", "4");
-    user.Click("chkVerlaengerbar");
-    ExpectNoPositionsQuestion(Answer::Yes);
-    user.Click("cmdSave");
-  });
-  OpenNew([&](DialogUser& user) {
-    user.Type("txtBezeichnung", "unbefristet");
-    user.Click("optUnbefristet");
-    user.Choose("cboZahlungsperiode", "fünfjährlich");
-    ExpectNoPositionsQuestion(Answer::Yes);
-    user.Click("cmdSave");
-  });
-  const std::vector<Row> types = Types();
-  EXPECT_EQ(Value(types[0], field::ArtStr), "einmalig");
-  EXPECT_EQ(Value(types[0], field::Kuendigungsfrist), "0");
-  EXPECT_EQ(Value(types[0], field::VerlKuendigungsfrist), "0");
-  EXPECT_EQ(Value(types[0], field::WorkflowID), "");
-  EXPECT_EQ(Value(types[1], field::ArtStr), "unbefristet");
-  EXPECT_EQ(Value(types[1], field::Dauer), "0");
-  EXPECT_EQ(Value(types[1], field::Verlaengerungsdauer), "0");
-  EXPECT_EQ(Value(types[1], field::Zahlungsperiode), "60");
+  const std::vector<std::pair<DialogUser::Texts, Values>> cases = {
+      {{{"cboWorkflow", "Nachfragen"}, {"cboKuendFrist2", "4"}, {"chkVerlaengerbar", ""}},
+       {{field::ArtStr, "einmalig"},
+        {field::Kuendigungsfrist, 0},
+        {field::VerlKuendigungsfrist, 0},
+        {field::WorkflowID, ""}}},
+      {{{"optUnbefristet", ""}, {"cboZahlungsperiode", "fünfjährlich"}},
+       {{field::ArtStr, "unbefristet"},
+        {field::Dauer, 0},
+        {field::Verlaengerungsdauer, 0},
+        {field::Zahlungsperiode, 60}}}};
+  for (const auto& [entries, fields] : cases) {
+    OpenNew([&](DialogUser& user) {
+      user.Paste("txtBezeichnung", "Typ");
+      user.Enter(entries);
+      SaveWithoutPositions(user);
+    });
+    ExpectFields(Types().back(), fields);
+  }
 }
 
 TEST_F(SavingTest, ACreditorTypeHasOnePlaceholder) {
   OpenNew([&](DialogUser& user) {
     AddArticle(user, 1);
-    user.Type("txtBezeichnung", "Miete");
-    user.Click("optKreditor");
-    user.Click("cmdSave");
+    user.Enter({{"txtBezeichnung", "Miete"}, {"optKreditor", ""}, {"cmdSave", ""}});
   });
-  ASSERT_EQ(Positions().size(), 1u);
-  const Row dummy = Positions().front();
-  EXPECT_EQ(Value(dummy, field::Artikel), "Tragen Sie hier die Bezeichnung ein!");
-  EXPECT_EQ(Value(dummy, field::Artikelnummer), "00000000");
-  EXPECT_EQ(Value(dummy, field::Artikelart), "Verbindlichkeit");
-  EXPECT_EQ(Value(dummy, field::Einheit), "Stück");
-  EXPECT_EQ(Value(dummy, field::ArtikelID), "00000000");
-  EXPECT_EQ(Value(dummy, field::Row), "001");
-  EXPECT_EQ(dummy[field::Positionsnummer], host::Value(""));
-  EXPECT_EQ(dummy[field::Anzahl], host::Value(1.0));
-  EXPECT_EQ(dummy[field::PreisM60], host::Value(0.0));
-  EXPECT_EQ(dummy[field::Gruppierungsposition], host::Value(0));
-  EXPECT_TRUE(dummy[field::UStSatz].IsEmpty());
-  EXPECT_TRUE(dummy[field::Erloeskonto].IsEmpty());
+  ExpectFields(world.TheOnly(table::vv_Definitionspositionen),
+               {{field::Artikel, "Tragen Sie hier die Bezeichnung ein!"},
+                {field::Artikelnummer, "00000000"},
+                {field::Artikelart, "Verbindlichkeit"},
+                {field::Einheit, "Stück"},
+                {field::ArtikelID, "00000000"},
+                {field::Row, "001"},
+                {field::Positionsnummer, ""},
+                {field::Anzahl, 1.0},
+                {field::PreisM60, 0.0},
+                {field::Gruppierungsposition, 0},
+                {field::UStSatz, {}},
+                {field::Erloeskonto, {}}});
   EXPECT_EQ(Types().front()[field::NettoSumme], host::Value(0.0));
 
   OpenEdit([&](DialogUser& user) { user.Click("cmdSave"); });
@@ -175,14 +158,13 @@ TEST_F(MemoryTest, AChangeForOneContractTouchesNoTable) {
     EXPECT_FALSE(user.Reaches("cboStatus"));
     EXPECT_FALSE(user.Reaches("cboRequiGroup"));
     EXPECT_TRUE(user.Reaches("cboPutGroup"));
-    user.Paste("txtBezeichnung", "Sonderfall");
     Expect(kReminder, 0);
-    user.Choose("cboZahlungsperiode", "einmalig");
-    EXPECT_EQ(user.Text("cboZahlungsperiode2"), "monatlich");
     Expect(kReminder, 0);
-    user.Paste("txtDauer", "7");
-    user.Choose("cboPutGroup", "Abteilung");
-    user.Click("cmdSave");
+    user.Enter({{"txtBezeichnung", "Sonderfall"},
+                {"cboZahlungsperiode", "einmalig"},
+                {"txtDauer", "7"},
+                {"cboPutGroup", "Abteilung"},
+                {"cmdSave", ""}});
     EXPECT_FALSE(user.IsOpen());
   });
   EXPECT_EQ(Types().front().cells, types);
@@ -213,26 +195,14 @@ TEST_F(MemoryTest, AnEarlierChangeComesBackAndLeavesMemory) {
   AddPosition(type, "P1", "Netz");
   OpenForNewContract([&](DialogUser& user) {
     Expect(kReminder, 0);
-    user.Paste("txtDauer", "7");
     Expect(kReminder, 0);
+    user.Paste("txtDauer", "7");
     user.Choose("cboZahlungsperiode", "einmalig");
-    user.Choose("cboKuendFrist", "3");
-    user.Choose("cboKuendFrist2", "4");
-    user.Paste("txtDauer2", "24");
-    user.Choose("cboPutGroup", "Kunde");
-    user.Choose("cboPutValue", "Industrie");
-    user.Choose("cboWorkflow", "Verlängern");
     user.Click("cmdSave");
   });
   OpenForNewContract([&](DialogUser& user) {
     EXPECT_EQ(world.module.gDefinition, nullptr);
-    EXPECT_EQ(user.Text("txtDauer"), "7");
-    EXPECT_EQ(user.Text("cboZahlungsperiode"), "einmalig");
-    EXPECT_EQ(user.Text("cboKuendFrist"), "3");
-    EXPECT_EQ(user.Text("cboKuendFrist2"), "4");
-    EXPECT_EQ(user.Text("txtDauer2"), "24");
-    EXPECT_EQ(user.Text("cboPutValue"), "Industrie");
-    EXPECT_EQ(user.Text("cboWorkflow"), "Verlängern");
+    user.Shows({{"txtDauer", "7"}, {"cboZahlungsperiode", "einmalig"}});
     EXPECT_EQ(user.Cell("lvwPositionen", 1, 1), "P1");
     EXPECT_EQ(user.Cell("lvwPositionen", 1, 22), "");
     user.Click("cmdSave");
@@ -247,7 +217,7 @@ TEST_F(MemoryTest, AChangeOfAnotherTypeStaysInMemoryUnseen) {
   AddType();
   world.module.gDefinition = std::make_shared<vv_CDefinition>();
   world.module.gDefinition->Bezeichnung = "anderer";
-  OpenForNewContract([&](DialogUser& user) { EXPECT_EQ(user.Text("txtBezeichnung"), "Wartung"); });
+  OpenForNewContract([&](DialogUser& user) { user.Shows({{"txtBezeichnung", "Wartung"}}); });
   EXPECT_EQ(world.module.gDefinition->Bezeichnung, "anderer");
 }
 
@@ -255,12 +225,10 @@ TEST_F(MemoryTest, ASinglePaymentOfATermInTheListShowsAsThatPeriod) {
   AddType();
   OpenForNewContract([&](DialogUser& user) {
     user.Choose("cboZahlungsperiode", "einmalig");
-    ExpectNoPositionsQuestion(Answer::Yes);
-    user.Click("cmdSave");
+    SaveWithoutPositions(user);
   });
   EXPECT_EQ(world.module.gDefinition->Zahlungsperiode, 12);
-  OpenForNewContract(
-      [&](DialogUser& user) { EXPECT_EQ(user.Text("cboZahlungsperiode"), "jährlich"); });
+  OpenForNewContract([&](DialogUser& user) { user.Shows({{"cboZahlungsperiode", "jährlich"}}); });
 }
 
 TEST_F(MemoryTest, PositionsOfACreditorAndOfNone) {
@@ -270,10 +238,7 @@ TEST_F(MemoryTest, PositionsOfACreditorAndOfNone) {
   EXPECT_EQ(world.module.gPositions->front()->Artikelart, "Verbindlichkeit");
   AddType();
   world.module.gDefinition->Dirty = false;
-  OpenForNewContract([&](DialogUser& user) {
-    ExpectNoPositionsQuestion(Answer::Yes);
-    user.Click("cmdSave");
-  });
+  OpenForNewContract([&](DialogUser& user) { SaveWithoutPositions(user); });
   // The collection of the earlier change stays.
   EXPECT_EQ(world.module.gPositions->front()->Artikelart, "Verbindlichkeit");
   EXPECT_EQ(world.module.gDefinition->NettoSumme, 0.0);

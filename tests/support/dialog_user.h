@@ -60,6 +60,23 @@ class DialogUser {
     Must(person_.PickDate((*this)[name], date), name);
   }
   void Leave(std::string_view name) { Must(person_.Leave((*this)[name]), name); }
+  // Texts by control name.
+  using Texts = std::vector<std::pair<std::string_view, std::string_view>>;
+  // Pastes into text boxes, chooses in lists and clicks what is left.
+  void Enter(const Texts& entries) {
+    for (const auto& [name, text] : entries) {
+      if (form_.Find<ui::TextBox>(name) != nullptr) {
+        Paste(name, std::string(text));
+      } else if (form_.Find<ui::ComboBox>(name) != nullptr) {
+        Choose(name, text);
+      } else {
+        Click(name);
+      }
+    }
+  }
+  void Shows(const Texts& texts) const {
+    for (const auto& [name, text] : texts) EXPECT_EQ(Text(name), text) << name;
+  }
   // The box keeps the focus instead of giving it to another control.
   void CannotLeave(std::string_view name) {
     EXPECT_EQ(person_.Leave((*this)[name]).kind, ui::Outcome::Kind::FocusKept) << name;
