@@ -77,7 +77,9 @@ class DefinitionTest : public support::ContractWorldTest {
     Values values = {
         {field::Artikel, article_id}, {field::ArtikelID, article_id},  {field::Anzahl, quantity},
         {field::Nettopreis, price},   {field::NettoOhneRabatt, price}, {field::Preis, 12 * price},
-        {field::UStSatz, 19.0},       {field::Erloeskonto, 8400},      {field::Gruppierung, group}};
+        {field::UStSatz, 19.0},       {field::Erloeskonto, 8400},      {field::Gruppierung, group},
+        {field::Artikelnummer, "Nr"}, {field::Artikelart, "Ware"},     {field::Einheit, "Paar"},
+        {field::Beschreibung, "Text"}};
     for (std::size_t i = 0; i < schema::kPeriods.size(); ++i) {
       values.emplace_back(schema::kPriceFields[i], price * schema::kPeriods[i]);
     }

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "definition_world.h"
 
 namespace pactora::definitions {
@@ -47,7 +49,7 @@ TEST_F(PositionsTest, ARowFromTheTableIsEditedInPlace) {
   AddPosition(AddType({{field::Zahlungsperiode, 3}}), "A7", "Netz", 10.125, 2);
   OpenEdit([&](DialogUser& user) {
     EXPECT_EQ(RowText(user, 1),
-              "A7|2,00|10,13|20,25||||19||8400|A7|"
+              "A7|2,00|10,13|20,25|Nr|Ware|Paar|19|Text|8400|A7|"
               "10,125|30,375|60,75|121,5|243|364,5|486|607,5|121,5|10,125|Netz|");
     const std::string oid = user.Cell("lvwPositionen", 1, 0);
     EditPosition(user, [](DialogUser& position) {
@@ -55,7 +57,7 @@ TEST_F(PositionsTest, ARowFromTheTableIsEditedInPlace) {
       position.Enter({{"txtArtikel", "Neuer Text"}, {"cmdOk", ""}});
     });
     const std::string after =
-        "Neuer Text|2,00|30,38|60,76||||19||8400|A7|"
+        "Neuer Text|2,00|30,38|60,76|Nr|Ware|Paar|19|Text|8400|A7|"
         "10,13|30,38|60,75|121,50|243,00|364,50|486,00|607,50|121,50|30,38|Netz|";
     EXPECT_EQ(RowText(user, 1), after);
     EXPECT_EQ(user.Cell("lvwPositionen", 1, 0), oid);
@@ -118,55 +120,31 @@ TEST_F(PositionsTest, DeletingSelectsTheRowBefore) {
   EXPECT_EQ(Positions().size(), 3u);
 }
 
-TEST_F(PositionsTest, GroupsAreWrittenTogether) {
+TEST_F(PositionsTest, RowsAreWrittenGroupByGroup) {
   const store::Oid type = AddType();
-  for (const char* group : {"A", "B", "A"}) AddPosition(type, group, group);
+  std::vector<store::Oid> oids;
+  for (const char* group : {"A", "B", "A", "B"}) oids.push_back(AddPosition(type, group, group));
   AddPosition(AddType(), "fremd", "");
   world.Goto(table::vv_Vertragsdefinitionen, type);
-  OpenEdit([&](DialogUser& user) { user.Click("cmdSave"); });
+  OpenEdit([&](DialogUser& user) {
+    AddArticle(user, 1);
+    DeletePosition(user, 4);
+    user.Click("cmdSave");
+  });
   std::vector<std::string> written;
   for (const Row& row : Positions()) {
-    written.push_back(host::ToText(row[field::Row]) + " " +
-                      host::ToText(row[field::Positionsnummer]) + " " +
-                      host::ToText(row[field::Gruppierungsposition]));
+    if (row.parent != type) continue;
+    std::string line = std::to_string(std::ranges::find(oids, row.oid) - oids.begin());
+    for (const std::string_view name :
+         {field::Artikel, field::Row, field::Positionsnummer, field::Gruppierungsposition}) {
+      line += " " + host::ToText(row[name]);
+    }
+    written.push_back(line);
   }
-  EXPECT_THAT(written, ElementsAre("001 1 1", "002 3 2", "003 2 1", "  "));
-  EXPECT_EQ(Types().front()[field::NettoSumme], host::Value(30.0));
-}
-
-TEST_F(PositionsTest, RemovedAndNewRowsAreStored) {
-  const store::Oid type = AddType();
-  const store::Oid kept = AddPosition(type, "A2", "");
-  AddPosition(type, "A1", "");
-  OpenEdit([&](DialogUser& user) {
-    DeletePosition(user, 2);
-    AddArticle(user, 1);
-    user.Click("cmdSave");
-    EXPECT_FALSE(user.IsOpen());
-  });
-  const std::vector<Row> rows = Positions();
-  ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[0].oid, kept);
-  EXPECT_EQ(rows[1].parent, type);
-  ExpectFields(rows[1], {{field::Artikel, "Wartung Server"},
-                         {field::Nettopreis, 10.0},
-                         {field::Preis, 120.0},
-                         {field::PreisM60, 600.0},
-                         {field::Erloeskonto, 8400},
-                         {field::Row, "002"}});
-}
-
-TEST_F(PositionsTest, EmptyingTheListEmptiesTheTypeAfterAQuestion) {
-  AddPosition(AddType({{field::NettoSumme, 10.0}}), "P1", "");
-  OpenEdit([&](DialogUser& user) {
-    DeletePosition(user, 1);
-    ExpectNoPositionsQuestion(Answer::No);
-    user.Click("cmdSave");
-    EXPECT_EQ(Positions().size(), 1u);
-    SaveWithoutPositions(user);
-  });
-  EXPECT_EQ(Positions().size(), 0u);
-  EXPECT_EQ(Types().front()[field::NettoSumme], host::Value(0.0));
+  EXPECT_THAT(written,
+              ElementsAre("0 A 001 1 1", "1 B 002 3 2", "2 A 003 2 1", "4 Wartung Server 004 4 3"));
+  EXPECT_EQ(Positions().size(), 5u);
+  EXPECT_EQ(Positions().back()[field::PreisM60], host::Value(600.0));
 }
 
 TEST_F(PositionsTest, ARowThatSomebodyDeletedStopsTheSaveWithoutAMessage) {

@@ -122,6 +122,11 @@ class WalkTest : public DefinitionTest {
     return form.Find<ui::ComboBox>(name)->Text();
   }
 
+  static std::string ArtIn(const ui::Form& form) {
+    if (On(form, "optUnbefristet")) return "unbefristet";
+    return form.Find<ui::CheckBox>("chkVerlaengerbar")->Checked() ? "verlängerbar" : "einmalig";
+  }
+
   // The states that the rules allow.
   static void ExpectSound(const ui::Form& form) {
     if (form.ClassName() != "frmFEditDefinitions") return;
@@ -146,7 +151,7 @@ class WalkTest : public DefinitionTest {
       EXPECT_EQ(At(form, name).Enabled(), claim && renews) << name;
     }
     EXPECT_TRUE((claim && renews) || TextOf(form, "cboWorkflow") == "<kein Workflow>");
-    EXPECT_TRUE(limited || TextOf(form, "txtDauer") == "0");
+    EXPECT_TRUE(limited || TextOf(form, "txtDauer") + TextOf(form, "txtDauer2") == "00");
     EXPECT_FALSE(At(form, "cboKuenfristBezug").Enabled());
     for (const std::string name : {"Requi", "Put"}) {
       EXPECT_NE(At(form, "cbo" + name + "Value").Visible(),
@@ -170,9 +175,7 @@ class WalkTest : public DefinitionTest {
     }
     shown["Typ"] = On(form, "optDebitor") ? "D" : "K";
     shown["NoBooking"] = form.Find<ui::CheckBox>("chkNoBooking")->Checked() ? "1" : "0";
-    shown["Art"] = On(form, "optUnbefristet")                               ? "3"
-                   : form.Find<ui::CheckBox>("chkVerlaengerbar")->Checked() ? "1"
-                                                                            : "2";
+    shown["Art"] = ArtIn(form);
     for (const std::string name : {"Requi", "Put"}) {
       shown[name + "Group"] = TextOf(form, "cbo" + name + "Group");
       shown[name + "Attribute"] = TextOf(form, "cbo" + name + "Attribute");
@@ -190,6 +193,20 @@ class WalkTest : public DefinitionTest {
       }
     }
     return shown;
+  }
+  // The stored net sum and the name of the kind are those of the dialog.
+  void ExpectStored(const ui::Form& form) {
+    const Row type = Types().back();
+    double net_sum = 0.0;
+    const auto& list = *form.Find<ui::ListView>("lvwPositionen");
+    for (std::int32_t row = 1; row <= list.RowCount() && On(form, "optDebitor"); ++row) {
+      net_sum += platform::ParseNumber(list.Text(row, 4), platform::Locale{}).value();
+    }
+    EXPECT_NEAR(host::ToDouble(type[field::NettoSumme]), net_sum, 0.001);
+    EXPECT_EQ(host::ToText(type[field::ArtStr]), ArtIn(form));
+    if (ArtIn(form) == "einmalig") {
+      EXPECT_EQ(TextOf(form, "cboKuendFrist") + TextOf(form, "cboKuendFrist2"), "00");
+    }
   }
   // "10,50" and "10,5" are one number.
   static std::string Comparable(const std::string& text) {
@@ -230,6 +247,7 @@ TEST_F(WalkTest, StoredTypes) {
       ExpectSound(again);
       EXPECT_EQ(ShownIn(again), ShownIn(dialog));
       EXPECT_EQ(TextOf(again, "cboStatus"), TextOf(dialog, "cboStatus"));
+      ExpectStored(again);
     }
     EXPECT_THAT(walk.walker.errors, testing::IsEmpty());
   }

@@ -91,28 +91,6 @@ TEST_F(SavingTest, ANewTypeIsStoredWithItsPositions) {
   for (const Row& position : Positions()) EXPECT_EQ(position.parent, type.oid);
 }
 
-TEST_F(SavingTest, KindsClearWhatTheyHaveNoUseFor) {
-  const std::vector<std::pair<DialogUser::Texts, Values>> cases = {
-      {{{"cboWorkflow", "Nachfragen"}, {"cboKuendFrist2", "4"}, {"chkVerlaengerbar", ""}},
-       {{field::ArtStr, "einmalig"},
-        {field::Kuendigungsfrist, 0},
-        {field::VerlKuendigungsfrist, 0},
-        {field::WorkflowID, ""}}},
-      {{{"optUnbefristet", ""}, {"cboZahlungsperiode", "fünfjährlich"}},
-       {{field::ArtStr, "unbefristet"},
-        {field::Dauer, 0},
-        {field::Verlaengerungsdauer, 0},
-        {field::Zahlungsperiode, 60}}}};
-  for (const auto& [entries, fields] : cases) {
-    OpenNew([&](DialogUser& user) {
-      user.Paste("txtBezeichnung", "Typ");
-      user.Enter(entries);
-      SaveWithoutPositions(user);
-    });
-    ExpectFields(Types().back(), fields);
-  }
-}
-
 TEST_F(SavingTest, ACreditorTypeHasOnePlaceholder) {
   OpenNew([&](DialogUser& user) {
     AddArticle(user, 1);
