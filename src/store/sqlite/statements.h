@@ -1,8 +1,7 @@
 // The prepared statements of a store, each made when it is first used.
 #pragma once
 
-#include <array>
-#include <cstddef>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,7 +23,6 @@ enum class Operation {
   UpdateKeys,
   Erase,
 };
-inline constexpr std::size_t kOperations = 9;
 
 // Columns of statements that find rows.
 inline constexpr int kOidColumn = 0;
@@ -47,7 +45,7 @@ class Statements {
   Statements(const Connection& connection, const schema::Catalog& catalog);
 
   Statement& Get(TableId table, Operation operation) {
-    auto& place = tables_[table].by_operation[static_cast<std::size_t>(operation)];
+    auto& place = tables_[table].by_operation[operation];
     if (place == nullptr) place = Prepare(OperationSql(table, operation));
     return *place;
   }
@@ -59,7 +57,7 @@ class Statements {
 
  private:
   struct TableStatements {
-    std::array<std::unique_ptr<Statement>, kOperations> by_operation;
+    std::map<Operation, std::unique_ptr<Statement>> by_operation;
     std::vector<std::unique_ptr<Statement>> next_by_key;
   };
 
