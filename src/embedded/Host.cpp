@@ -75,13 +75,4 @@ void Host::SetMacroListener(
   core_->macro_listener = std::move(listener);
 }
 
-void Host::SetFilter(std::string_view table, FilterKind kind,
-                     std::function<bool(const store::Record&)> shows) {
-  LiveTable* live = core_->FindTable(table);
-  if (live == nullptr) Raise(HostError::UnknownTable, table);
-  live->SetFilter(kind, std::move(shows));
-}
-
-void Host::ReloadProfile() { core_->Profile().Reload(); }
-
 }  // namespace pactora::embedded

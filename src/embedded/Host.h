@@ -50,8 +50,6 @@ class OperationProbe {
   virtual void Before(std::string_view operation, std::string_view table) = 0;
 };
 
-enum class FilterKind { First, Second };  // switched off by FilterOff and FilterOff2
-
 class Core;  // the state behind the handed-out objects
 
 class Host {
@@ -72,7 +70,8 @@ class Host {
   // raised.
   void EndUnit();
 
-  // Drops what was stored since the last EndUnit; all tables are at Eof.
+  // Drops what was stored since the last EndUnit and reads the profile again; all
+  // tables are at Eof.
   void DropUnit();
 
   // Null switches it off. The probe must outlive its use.
@@ -80,13 +79,6 @@ class Host {
   // Told of each macro run, with the path "project/module/procedure".
   void SetMacroListener(
       std::function<void(const std::string& path, const host::ValueArray& args)> listener);
-
-  // Hides the rows for which shows returns false until the filter is switched off.
-  void SetFilter(std::string_view table, FilterKind kind,
-                 std::function<bool(const store::Record&)> shows);
-
-  // Reads users, settings, variables and macros again after they were replaced.
-  void ReloadProfile();
 
  private:
   std::shared_ptr<Core> core_;

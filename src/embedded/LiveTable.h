@@ -18,6 +18,8 @@
 
 namespace pactora::embedded {
 
+enum class FilterKind { First, Second };  // switched off by FilterOff and FilterOff2
+
 class LiveField;
 class LiveFields;
 class LiveIndexes;
@@ -63,6 +65,7 @@ class LiveTable final : public host::HostTable {
   Core& GetCore() { return core_; }
   const schema::Table& Schema() const { return schema_; }
   void Begin(OperationName operation) { core_.Begin(operation, schema_.name); }
+  // Hides the rows for which shows returns false until the filter is switched off.
   void SetFilter(FilterKind kind, std::function<bool(const store::Record&)> shows);
   // The current row's cells; raises NoCurrentRow when there is none.
   const std::vector<host::Value>& Cells();

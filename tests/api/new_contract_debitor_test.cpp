@@ -276,8 +276,7 @@ TEST_F(NewContractDebitor, NumbersCountUpAndEachContractStandsForItself) {
 }
 
 TEST_F(NewContractDebitor, AFilterOnTheContractsIsSwitchedOff) {
-  world.host.SetFilter(table::vv_Vertraege, embedded::FilterKind::Second,
-                       [](const store::Record&) { return false; });
+  world.HideRows(table::vv_Vertraege, embedded::FilterKind::Second);
   world.Article();
   world.Call();
   EXPECT_EQ(world.host.Table(table::vv_Vertraege)->ScopeCount(), 1);

@@ -194,10 +194,8 @@ TEST_F(Articles, TheUsersCursorOnTheArticlesIsPutBack) {
 }
 
 TEST_F(Articles, AreFoundBehindAFilter) {
-  world.host.SetFilter(table::Artikel, embedded::FilterKind::First,
-                       [](const store::Record&) { return false; });
-  world.host.SetFilter(table::Artikel, embedded::FilterKind::Second,
-                       [](const store::Record&) { return false; });
+  world.HideRows(table::Artikel, embedded::FilterKind::First);
+  world.HideRows(table::Artikel, embedded::FilterKind::Second);
   world.Article();
   world.Call();
   EXPECT_EQ(world.Count(table::vv_Vertragspositionen), 1u);

@@ -163,8 +163,7 @@ TEST_F(SharedRoutines, AnExistingAppointmentIsChangedAndAGoneOneIsLeftAlone) {
   const store::Oid appointment =
       world.Add(table::vv_VertragsAktivitaeten, {{field::Betreff, "alt"}, {field::Erledigt, true}},
                 AddContract());
-  world.host.SetFilter(table::vv_VertragsAktivitaeten, embedded::FilterKind::First,
-                       [](const store::Record&) { return false; });
+  world.HideRows(table::vv_VertragsAktivitaeten, embedded::FilterKind::First);
   CreateOpenAlarm(world.module, "4711", Day(1, 2, 2025), "Anna");
   EXPECT_THAT(Lines(world, table::vv_VertragsAktivitaeten, {field::Betreff}),
               testing::ElementsAre("alt"));

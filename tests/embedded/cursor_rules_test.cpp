@@ -5,6 +5,7 @@
 #include <string>
 
 #include "embedded/Host.h"
+#include "embedded/LiveTable.h"
 #include "schema/names.h"
 #include "store/Document.h"
 #include "store/errors.h"
@@ -209,8 +210,8 @@ TEST_P(CursorRules, FiltersHideRowsFromMovesSeeksAndCountsUntilSwitchedOff) {
   const Table articles = Get(table::Artikel);
   const std::string hidden = articles->Oid();
   for (const FilterKind kind : {FilterKind::First, FilterKind::Second}) {
-    host_->SetFilter(table::Artikel, kind,
-                     [](const store::Record& row) { return row.cells[0].AsText() != "A3"; });
+    dynamic_cast<LiveTable&>(*articles).SetFilter(
+        kind, [](const store::Record& row) { return row.cells[0].AsText() != "A3"; });
     EXPECT_EQ(articles->ScopeCount(), 2);
     articles->Indexes().Select(schema::index::Id, 0);
     EXPECT_FALSE(articles->SeekKey("A3", 256));

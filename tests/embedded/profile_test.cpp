@@ -54,7 +54,7 @@ TEST_P(ProfileTest, KeepsEachStoreOfSettingsApart) {
   EXPECT_THROW(mine.Add("FARBE", "x"), platform::Error);
   mine.Item("Farbe").SetValue("grün");
   host_.EndUnit();
-  host_.ReloadProfile();
+  host_.DropUnit();
   EXPECT_EQ(mine.Item("Farbe").Value().AsText(), "grün");
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "embedded/Host.h"
+#include "embedded/LiveTable.h"
 #include "platform/Text.h"
 #include "support/store_kinds.h"
 
@@ -237,10 +238,10 @@ class Walk {
       default:
         log_ = "SetFilter";
         if (Pick(3) != 0) break;
-        host_.SetFilter(kNames[t], Pick(2) == 0 ? FilterKind::First : FilterKind::Second,
-                        [](const store::Record& record) {
-                          return record.cells[1].IsEmpty() || record.cells[1].AsLong() % 2 != 0;
-                        });
+        dynamic_cast<LiveTable&>(live).SetFilter(
+            Pick(2) == 0 ? FilterKind::First : FilterKind::Second, [](const store::Record& record) {
+              return record.cells[1].IsEmpty() || record.cells[1].AsLong() % 2 != 0;
+            });
         table.hides_even = true;
     }
     log_ += " on " + kNames[t];

@@ -36,10 +36,9 @@ class Workflow : public DialogTest {
  protected:
   // A macro of that name, or one that fails.
   void AddMacro(bool fails) {
-    store::Profile profile = world.host.Store().ReadProfile();
-    profile.macros = {{"Project/vv_Macros/vv_CreateAttribute", fails, 5, "geht nicht"}};
-    world.host.Store().WriteProfile(profile);
-    world.host.ReloadProfile();
+    world.ChangeProfile([&](store::Profile& profile) {
+      profile.macros = {{"Project/vv_Macros/vv_CreateAttribute", fails, 5, "geht nicht"}};
+    });
     world.host.SetMacroListener(
         [this](const std::string&, const host::ValueArray& args) { calls.push_back(args); });
   }

@@ -85,10 +85,7 @@ TEST_F(Opening, NeedsAReleasedType) {
 
 TEST_F(Opening, LetsTheDevelopmentUserConcludeContracts) {
   AddType(Quarterly());
-  store::Profile profile = world.host.Store().ReadProfile();
-  profile.current_user = "DEVELOPMENT";
-  world.host.Store().WriteProfile(profile);
-  world.host.ReloadProfile();
+  world.ChangeProfile([](store::Profile& profile) { profile.current_user = "DEVELOPMENT"; });
   Open();
   EXPECT_EQ(form.cboVerantwortlich.Text(), "DEVELOPMENT");
 }

@@ -138,10 +138,9 @@ TEST_F(Config, ADefaultThatCannotBeStoredIsGivenAllTheSame) {
 }
 
 TEST_F(Config, AReadOnlyVariableStaysAndANewOneIsMade) {
-  store::Profile profile = world.host.Store().ReadProfile();
-  profile.settings.push_back({store::SettingScope::PersistVar, "", "Fest", "alt", true});
-  world.host.Store().WriteProfile(profile);
-  world.host.ReloadProfile();
+  world.ChangeProfile([](store::Profile& profile) {
+    profile.settings.push_back({store::SettingScope::PersistVar, "", "Fest", "alt", true});
+  });
   world.Enter();
   CConfig config(world.module);
   config.WritePersistVarSetting("Fest", "neu");

@@ -106,7 +106,7 @@ TEST_F(Entry, NewContractSwitchesTheFiltersOff) {
   AddReleasedType();
   world.Add(table::vv_Vertraege, {}, world.address);
   for (const auto kind : {embedded::FilterKind::First, embedded::FilterKind::Second}) {
-    world.host.SetFilter(table::vv_Vertraege, kind, [](const store::Record&) { return false; });
+    world.HideRows(table::vv_Vertraege, kind);
   }
   ExpectDialog("cmdCancel");
   New();

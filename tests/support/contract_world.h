@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "embedded/Host.h"
+#include "embedded/LiveTable.h"
 #include "host/Value.h"
 #include "platform/Clock.h"
 #include "schema/Catalog.h"
@@ -164,6 +165,21 @@ class ContractWorld {
     return rows.empty() ? Row{} : rows.front();
   }
   std::size_t Count(std::string_view table) { return Rows(table).size(); }
+
+  // Changes the stored profile past the host, which then reads it again.
+  void ChangeProfile(const std::function<void(store::Profile&)>& change) {
+    store::Profile profile = host.Store().ReadProfile();
+    change(profile);
+    host.Store().WriteProfile(profile);
+    host.EndUnit();
+    host.DropUnit();
+  }
+
+  // A filter hides all rows of the table until it is switched off.
+  void HideRows(std::string_view table, embedded::FilterKind kind) {
+    dynamic_cast<embedded::LiveTable&>(*host.Table(table))
+        .SetFilter(kind, [](const store::Record&) { return false; });
+  }
 
   void SetVariable(std::string_view name, const host::Value& value) {
     host::HostPersistVars& variables = host.App()->CurrentDb()->Formulas().PersistVars();
