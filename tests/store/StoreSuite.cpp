@@ -11,15 +11,6 @@ namespace pactora::store {
 using host::Kind;
 using host::Value;
 
-std::int32_t ErrorOf(const std::function<void()>& operation) {
-  try {
-    operation();
-  } catch (const platform::Error& error) {
-    return error.Number();
-  }
-  return 0;
-}
-
 TableId TableOf(const RecordStore& store, std::string_view name) {
   return store.Catalog().FindTable(name).value();
 }

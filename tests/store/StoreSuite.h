@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -17,14 +16,14 @@
 #include "schema/names.h"
 #include "store/RecordStore.h"
 #include "store/errors.h"
+#include "support/error_of.h"
 #include "support/store_kinds.h"
 
 namespace pactora::store {
 
-using Cells = std::vector<std::pair<std::string_view, host::Value>>;
+using support::ErrorNumberOf;
 
-// The error's number, 0 when nothing is raised.
-std::int32_t ErrorOf(const std::function<void()>& operation);
+using Cells = std::vector<std::pair<std::string_view, host::Value>>;
 
 // The position of a table or index. Requires: it exists.
 TableId TableOf(const RecordStore& store, std::string_view name);

@@ -16,7 +16,11 @@ constexpr std::string_view kTables[] = {
     table::Adressen, table::Adressmerkmale,        table::Artikelgruppen,
     table::Artikel,  table::MerkmalgruppeAdressen, table::MerkmallisteAdressen};
 
-using Model = std::map<TableId, std::map<Oid, Record>>;
+struct ModelTable {
+  std::map<Oid, Record> rows;
+  std::int64_t greatest = 0;  // oid or order ever given, of rows that are gone too
+};
+using Model = std::map<TableId, ModelTable>;
 
 class StoreWalk : public StoreSuite {
  protected:
@@ -32,9 +36,9 @@ class StoreWalk : public StoreSuite {
   int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random_); }
 
   std::string RandomText() {
-    constexpr std::string_view kLetters[] = {"A", "B", "ä", "Z", " ", "a"};
+    constexpr std::string_view kLetters[] = {"A", "B", "ä", "Z", " ", "a", {"\0", 1}};
     std::string text;
-    for (int length = Below(4); length > 0; --length) text += kLetters[Below(6)];
+    for (int length = Below(4); length > 0; --length) text += kLetters[Below(7)];
     return text;
   }
 
@@ -68,42 +72,39 @@ class StoreWalk : public StoreSuite {
 
   // An oid of the model's table, now and then one that it has not.
   Oid RandomOid(TableId id) {
-    const auto& rows = model_[id];
+    const auto& rows = model_[id].rows;
     if (rows.empty() || Below(20) == 0) return Below(50) + 1;
     return std::next(rows.begin(), Below(static_cast<int>(rows.size())))->first;
   }
 
   // The version that the model has, now and then another one.
   std::int64_t RandomVersion(TableId id, Oid oid) {
-    const auto row = model_[id].find(oid);
-    return (row == model_[id].end() ? 1 : row->second.version) + (Below(6) == 0 ? 1 : 0);
+    const auto& rows = model_[id].rows;
+    const auto row = rows.find(oid);
+    return (row == rows.end() ? 1 : row->second.version) + (Below(6) == 0 ? 1 : 0);
   }
 
   bool HasChildren(TableId id, Oid oid) {
     const auto& children = store_->Catalog().tables[id].children;
     return std::any_of(children.begin(), children.end(), [&](TableId child) {
-      return std::any_of(model_[child].begin(), model_[child].end(),
+      const auto& rows = model_[child].rows;
+      return std::any_of(rows.begin(), rows.end(),
                          [&](const auto& row) { return row.second.parent == oid; });
     });
-  }
-
-  std::int64_t Greatest(TableId id) {
-    std::int64_t greatest = 0;
-    for (const auto& [oid, row] : model_[id]) greatest = std::max({greatest, oid, row.order});
-    return greatest;
   }
 
   void Insert(TableId id) {
     const auto parent = store_->Catalog().tables[id].parent;
     Record record;
     record.parent = parent ? RandomOid(*parent) : 0;
-    if (Below(4) == 0) record.oid = Below(3) == 0 ? RandomOid(id) : Greatest(id) + 1 + Below(3);
+    std::int64_t& greatest = model_[id].greatest;
+    if (Below(4) == 0) record.oid = Below(3) == 0 ? RandomOid(id) : greatest + 1 + Below(3);
+    if (Below(8) == 0) record.order = greatest + 1 + Below(3);
     FillContent(id, record);
     const Record given = record;
-    const std::int64_t greatest = Greatest(id);
-    const bool orphan = parent && !model_[*parent].contains(given.parent);
-    const bool taken = model_[id].contains(given.oid);
-    const std::int32_t error = ErrorOf([&] { store_->Insert(id, record); });
+    const bool orphan = parent && !model_[*parent].rows.contains(given.parent);
+    const bool taken = model_[id].rows.contains(given.oid);
+    const std::int32_t error = ErrorNumberOf([&] { store_->Insert(id, record); });
     ASSERT_EQ(error != 0, orphan || taken);
     if (orphan != taken) {
       ASSERT_EQ(error, Number(taken ? StoreError::DuplicateOid : StoreError::Failed));
@@ -114,23 +115,28 @@ class StoreWalk : public StoreSuite {
     } else {
       ASSERT_EQ(record.oid, given.oid);
     }
-    ASSERT_GT(record.order, greatest);
+    if (given.order == 0) {
+      ASSERT_GT(record.order, greatest);
+    } else {
+      ASSERT_EQ(record.order, given.order);
+    }
     ASSERT_EQ(record.version, 1);
-    model_[id][record.oid] = record;
+    greatest = std::max({greatest, record.oid, record.order});
+    model_[id].rows[record.oid] = record;
   }
 
   void Update(TableId id) {
     Record record;
     record.oid = RandomOid(id);
-    record.version = RandomVersion(id, record.oid);
-    const auto row = model_[id].find(record.oid);
-    const bool fits = row != model_[id].end() && row->second.version == record.version;
+    const std::int64_t version = record.version = RandomVersion(id, record.oid);
+    auto& rows = model_[id].rows;
+    const auto row = rows.find(record.oid);
+    const bool fits = row != rows.end() && row->second.version == version;
     if (fits) record = row->second;
     FillContent(id, record);
     ASSERT_EQ(store_->Update(id, record), fits);
-    if (!fits) return;
-    ASSERT_EQ(record.version, row->second.version + 1);
-    row->second = record;
+    ASSERT_EQ(record.version, fits ? version + 1 : version);
+    if (fits) row->second = record;
   }
 
   void UpdateKeys(TableId id) {
@@ -138,20 +144,22 @@ class StoreWalk : public StoreSuite {
     Record record;
     FillContent(id, record);
     store_->UpdateKeys(id, oid, record.keys);
-    if (model_[id].contains(oid)) model_[id][oid].keys = record.keys;
+    auto& rows = model_[id].rows;
+    if (rows.contains(oid)) rows[oid].keys = record.keys;
   }
 
   void Erase(TableId id) {
     const Oid oid = RandomOid(id);
     const std::int64_t version = RandomVersion(id, oid);
-    const auto row = model_[id].find(oid);
-    const bool fits = row != model_[id].end() && row->second.version == version;
+    auto& rows = model_[id].rows;
+    const auto row = rows.find(oid);
+    const bool fits = row != rows.end() && row->second.version == version;
     const std::int32_t expected =
         fits && HasChildren(id, oid) ? Number(StoreError::HasChildren) : 0;
     bool erased = false;
-    ASSERT_EQ(ErrorOf([&] { erased = store_->Erase(id, oid, version); }), expected);
+    ASSERT_EQ(ErrorNumberOf([&] { erased = store_->Erase(id, oid, version); }), expected);
     ASSERT_EQ(erased, fits && expected == 0);
-    if (erased) model_[id].erase(row);
+    if (erased) rows.erase(row);
   }
 
   // The row that comes first among those that lie behind, by a place that can be
@@ -161,7 +169,7 @@ class StoreWalk : public StoreSuite {
                       const std::function<bool(const Record&)>& counts,
                       const std::function<Place(const Record&)>& place_of) {
     const Record* first = nullptr;
-    for (const auto& [oid, row] : model_[id]) {
+    for (const auto& [oid, row] : model_[id].rows) {
       if (!counts(row) || !(behind < place_of(row))) continue;
       if (first == nullptr || place_of(row) < place_of(*first)) first = &row;
     }
@@ -177,28 +185,27 @@ class StoreWalk : public StoreSuite {
     const schema::Table& description = store_->Catalog().tables[id];
     Record record;
     const Oid oid = RandomOid(id);
-    const auto row = model_[id].find(oid);
+    const auto& rows = model_[id].rows;
+    const auto row = rows.find(oid);
     bool found = store_->Read(id, oid, record);
-    ASSERT_EQ(FoundText(found, record),
-              FoundText(row == model_[id].end() ? nullptr : &row->second));
+    ASSERT_EQ(FoundText(found, record), FoundText(row == rows.end() ? nullptr : &row->second));
 
     const Oid parent = description.parent ? RandomOid(*description.parent) : 0;
     const std::int64_t after =
-        row == model_[id].end() || Below(3) == 0 ? 0 : row->second.order - Below(2);
+        row == rows.end() || Below(3) == 0 ? 0 : row->second.order - Below(2);
     const auto counts = [&](const Record& other) { return other.parent == parent; };
     found = store_->NextInParent(id, parent, after, record);
     ASSERT_EQ(FoundText(found, record),
               FoundText(First<std::int64_t>(id, after, counts,
                                             [](const Record& other) { return other.order; })));
     const auto count = [&](const auto& other) { return counts(other.second); };
-    ASSERT_EQ(store_->CountInParent(id, parent),
-              std::count_if(model_[id].begin(), model_[id].end(), count));
-    ASSERT_EQ(store_->Count(id), static_cast<std::int64_t>(model_[id].size()));
+    ASSERT_EQ(store_->CountInParent(id, parent), std::count_if(rows.begin(), rows.end(), count));
+    ASSERT_EQ(store_->Count(id), static_cast<std::int64_t>(rows.size()));
 
     for (IndexId index = 0; index < description.indexes.size(); ++index) {
       using Place = std::pair<std::string, std::int64_t>;
       const Place behind = {
-          Below(2) == 0 || row == model_[id].end() ? RandomText() : row->second.keys[index], after};
+          Below(2) == 0 || row == rows.end() ? RandomText() : row->second.keys[index], after};
       found = store_->NextByKey(id, index, behind.first, behind.second, record);
       ASSERT_EQ(FoundText(found, record),
                 FoundText(First<Place>(
