@@ -4,7 +4,8 @@
 
 #include <functional>
 #include <limits>
-#include <optional>
+
+#include "support/error_of.h"
 
 namespace pactora::host {
 namespace {
@@ -12,15 +13,7 @@ namespace {
 constexpr std::int32_t kOverflow = 6;
 constexpr std::int32_t kTypeMismatch = 13;
 
-// The number of the error that the operation raises, 0 if none.
-std::int32_t ErrorOf(const std::function<void()>& operation) {
-  try {
-    operation();
-  } catch (const Error& error) {
-    return error.Number();
-  }
-  return 0;
-}
+using support::ErrorNumberOf;
 
 std::int16_t Integer(int number) { return static_cast<std::int16_t>(number); }
 
@@ -141,21 +134,21 @@ TEST(Values, WhatHasNoSuchFormIsATypeMismatch) {
   const Value null(nullptr);
   const Value array(ValueArray{1});
   for (const Value& value : {object, null, array}) {
-    EXPECT_EQ(ErrorOf([&] { ToLong(value); }), kTypeMismatch);
-    EXPECT_EQ(ErrorOf([&] { ToDouble(value); }), kTypeMismatch);
-    EXPECT_EQ(ErrorOf([&] { ToDate(value); }), kTypeMismatch);
-    EXPECT_EQ(ErrorOf([&] { ToBoolean(value); }), kTypeMismatch);
-    EXPECT_EQ(ErrorOf([&] { ToText(value); }), kTypeMismatch);
+    EXPECT_EQ(ErrorNumberOf([&] { ToLong(value); }), kTypeMismatch);
+    EXPECT_EQ(ErrorNumberOf([&] { ToDouble(value); }), kTypeMismatch);
+    EXPECT_EQ(ErrorNumberOf([&] { ToDate(value); }), kTypeMismatch);
+    EXPECT_EQ(ErrorNumberOf([&] { ToBoolean(value); }), kTypeMismatch);
+    EXPECT_EQ(ErrorNumberOf([&] { ToText(value); }), kTypeMismatch);
   }
   for (const char* text : {"", "abc", "wahr", "1.5", "1 000", "01.01.2024"}) {
-    EXPECT_EQ(ErrorOf([&] { ToLong(text); }), kTypeMismatch) << text;
-    EXPECT_EQ(ErrorOf([&] { ToDouble(text); }), kTypeMismatch) << text;
-    EXPECT_EQ(ErrorOf([&] { ToBoolean(text); }), kTypeMismatch) << text;
+    EXPECT_EQ(ErrorNumberOf([&] { ToLong(text); }), kTypeMismatch) << text;
+    EXPECT_EQ(ErrorNumberOf([&] { ToDouble(text); }), kTypeMismatch) << text;
+    EXPECT_EQ(ErrorNumberOf([&] { ToBoolean(text); }), kTypeMismatch) << text;
   }
-  EXPECT_EQ(ErrorOf([] { ToDate("15.03.2024"); }), kTypeMismatch);
-  EXPECT_EQ(ErrorOf([] { ToDate("0"); }), kTypeMismatch);
+  EXPECT_EQ(ErrorNumberOf([] { ToDate("15.03.2024"); }), kTypeMismatch);
+  EXPECT_EQ(ErrorNumberOf([] { ToDate("0"); }), kTypeMismatch);
   for (const Value& value : {Value(0), Value("x"), array}) {
-    EXPECT_EQ(ErrorOf([&] { ToObject(value); }), kTypeMismatch);
+    EXPECT_EQ(ErrorNumberOf([&] { ToObject(value); }), kTypeMismatch);
   }
   EXPECT_EQ(ToObject(Value()), nullptr);
   EXPECT_EQ(ToObject(null), nullptr);
@@ -166,13 +159,13 @@ TEST(Values, WhatIsOutOfRangeIsAnOverflow) {
   for (const double number :
        {2147483647.5, -2147483649.0, 1e300, std::numeric_limits<double>::infinity(),
         std::numeric_limits<double>::quiet_NaN()}) {
-    EXPECT_EQ(ErrorOf([&] { ToLong(number); }), kOverflow) << number;
-    EXPECT_EQ(ErrorOf([&] { ToDate(number); }), kOverflow) << number;
+    EXPECT_EQ(ErrorNumberOf([&] { ToLong(number); }), kOverflow) << number;
+    EXPECT_EQ(ErrorNumberOf([&] { ToDate(number); }), kOverflow) << number;
   }
-  EXPECT_EQ(ErrorOf([] { ToLong("2147483648"); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { ToDate(2958466); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { ToDate(-657435); }), kOverflow);
-  EXPECT_EQ(ErrorOf([] { ToText(std::numeric_limits<double>::infinity()); }), kOverflow);
+  EXPECT_EQ(ErrorNumberOf([] { ToLong("2147483648"); }), kOverflow);
+  EXPECT_EQ(ErrorNumberOf([] { ToDate(2958466); }), kOverflow);
+  EXPECT_EQ(ErrorNumberOf([] { ToDate(-657435); }), kOverflow);
+  EXPECT_EQ(ErrorNumberOf([] { ToText(std::numeric_limits<double>::infinity()); }), kOverflow);
 }
 
 }  // namespace
