@@ -98,6 +98,7 @@ TEST_P(StoreRows, UniqueFieldsAreUniqueUnderTheirParent) {
             Number(StoreError::DuplicateKey));
   Cell(*store_, table::KELM_Nummern, record, field::Feld) = "H";
   EXPECT_TRUE(store_->Update(counters, record));
+  EXPECT_TRUE(store_->Update(counters, record)) << "a row is no double of its own";
   Record found;
   ASSERT_TRUE(store_->Read(counters, record.oid, found));
   EXPECT_EQ(Text(found), Text(record));
