@@ -68,6 +68,7 @@ TEST_P(CursorRules, EachRefusalHasItsNumber) {
   addresses.StoreNew(256);
   expect(HostError::RowAlreadyStored, [&] { addresses.StoreNew(256); });
   NewRow(table::vv_Vertraege);
+  EXPECT_EQ(ErrorNumberOf(write(field::Vertragnummer, std::string(20, '1'))), 0);
   EXPECT_EQ(ErrorNumberOf(write(field::Vertragnummer, std::string(21, '1'))),
             store::Number(store::StoreError::TextTooLong));
 }

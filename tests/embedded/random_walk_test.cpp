@@ -226,8 +226,7 @@ class Walk {
         }
         break;
       case 14:
-        log_ = "EndUnit";
-        host_.EndUnit();
+        EndUnitStep();
         break;
       case 15:
         log_ = "FilterOff";
@@ -362,6 +361,22 @@ class Walk {
     seen_.insert("deleted");
   }
 
+  void EndUnitStep() {
+    if (Pick(4) != 0) {
+      log_ = "EndUnit";
+      host_.EndUnit();
+      committed_ = model_;
+      return;
+    }
+    log_ = "DropUnit";
+    host_.DropUnit();
+    for (std::size_t t = 0; t < kTables; ++t) {
+      model_.tables[t].rows = committed_.tables[t].rows;
+      model_.Drop(t);
+    }
+    model_.oids = committed_.oids;
+  }
+
   Text Describe(std::size_t t) const {
     host::HostTable& live = *live_[t];
     Text text = kNames[t] + ": " + std::to_string(live.ScopeCount()) + " ";
@@ -380,6 +395,7 @@ class Walk {
   Host& host_;
   std::mt19937 random_;
   Model model_;
+  Model committed_;
   std::vector<std::shared_ptr<host::HostTable>> live_;
   Text log_;
   std::set<Text> seen_;
