@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "api_world.h"
-#include "support/failing_probe.h"
+#include "support/fault_sweep.h"
 
 namespace pactora::api {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "api/modAPI.h"
 #include "api_world.h"
-#include "support/failing_probe.h"
+#include "support/fault_sweep.h"
 
 namespace pactora::api {
 namespace {

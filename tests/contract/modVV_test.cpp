@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "support/contract_world.h"
-#include "support/failing_probe.h"
+#include "support/fault_sweep.h"
 #include "support/row_text.h"
 
 namespace pactora::contract {

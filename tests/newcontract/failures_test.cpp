@@ -5,12 +5,13 @@
 
 #include "definitions/vv_CPosition.h"
 #include "newcontract/dialog_world.h"
-#include "support/failing_probe.h"
+#include "support/fault_sweep.h"
 
 namespace pactora::newcontract {
 namespace {
 
 using testing::EndsWith;
+using testing::HasSubstr;
 using testing::SizeIs;
 using testing::StartsWith;
 
@@ -82,16 +83,6 @@ class SaveFailures : public testing::TestWithParam<SaveCase> {
     }
   }
 
-  // What a save that goes well stores.
-  static std::vector<std::string> Complete(const char* discount) {
-    support::ContractWorld world;
-    Dialog dialog(world);
-    Prepare(world, dialog, discount);
-    dialog.Click("cmdOK");
-    EXPECT_TRUE(dialog.form.mbOK);
-    return LastContract(world);
-  }
-
   static void Remember(support::ContractWorld& world, frmNewContract& form) {
     auto type = std::make_shared<definitions::vv_CDefinition>();
     type->DefOid = form.lvwBezeichnung.Text(1, 2);
@@ -109,54 +100,52 @@ class SaveFailures : public testing::TestWithParam<SaveCase> {
 };
 
 TEST_P(SaveFailures, LeaveTheDialogOpenForACompleteSecondSave) {
-  const std::vector<std::string> complete = Complete("10");
-  const std::vector<std::string> without_discount = Complete("0");
+  std::vector<std::string> complete;
+  std::vector<std::string> without_discount;
+  for (const char* discount : {"0", "10"}) {
+    support::ContractWorld world;
+    Dialog dialog(world);
+    Prepare(world, dialog, discount);
+    dialog.Click("cmdOK");
+    EXPECT_TRUE(dialog.form.mbOK);
+    without_discount = std::exchange(complete, LastContract(world));
+  }
   bool ended = false;  // the discount
-  std::size_t refused = 0;
-  for (std::size_t nth = 1;; ++nth) {
+  for (support::FaultSweep sweep; sweep.Next();) {
     support::ContractWorld world;
     Dialog dialog(world);
     Prepare(world, dialog);
-    bool failed = false;
-    std::string operation;
-    {
-      support::FailingProbe probe(world.host, nth);
-      dialog.Click("cmdOK");
-      failed = probe.HasFailed();
-      operation = std::to_string(nth) + " " + probe.Failed();
+    EXPECT_FALSE(sweep.Run(world.host, [&] { dialog.Click("cmdOK"); }));
+    if (!sweep.Fails()) {
+      EXPECT_GT(sweep.Operations(), 100u);
+      EXPECT_EQ(LastContract(world), complete);
+      continue;
     }
-    if (!failed) {
-      EXPECT_GT(refused, 100u);
-      EXPECT_EQ(ended, GetParam().renews);
-      break;
-    }
-    ASSERT_THAT(world.screen.Messages(), SizeIs(1)) << operation;
+    ASSERT_THAT(world.screen.Messages(), SizeIs(1));
     const ui::Message message = world.screen.Messages()[0];
     EXPECT_THAT(message.text, StartsWith("Fehler &H80049999\r\n(Probeweise gescheitert)\r\nin "));
     EXPECT_EQ(message.style, 0);
     EXPECT_EQ(message.title, "Pactora");
     if (dialog.form.mbOK) {
       // Only an appointment may be missing.
-      EXPECT_THAT(message.text, testing::HasSubstr("in modVV.Create")) << operation;
+      EXPECT_THAT(message.text, HasSubstr("in modVV.Create"));
       continue;
     }
-    ++refused;
-    const bool memory_road =
-        GetParam().from_memory && message.text.find("SaveFromMemory") != std::string::npos;
-    if (!memory_road) {
-      EXPECT_THAT(message.text, EndsWith("in vv_FNewContract.cmdOK_Click")) << operation;
+    if (!GetParam().from_memory || message.text.find("SaveFromMemory") == std::string::npos) {
+      EXPECT_THAT(message.text, EndsWith("in vv_FNewContract.cmdOK_Click"));
     }
-    EXPECT_TRUE(dialog.form.Visible()) << operation;
+    EXPECT_TRUE(dialog.form.Visible());
     const std::size_t stored = CountAll(world);
     dialog.Click("cmdOK");
-    ASSERT_TRUE(dialog.form.mbOK) << operation;
-    ASSERT_THAT(world.screen.Messages(), SizeIs(1)) << operation;
+    ASSERT_TRUE(dialog.form.mbOK);
+    ASSERT_THAT(world.screen.Messages(), SizeIs(1));
     const std::vector<std::string> second = LastContract(world);
     ended = ended || second != complete;
-    ASSERT_EQ(second, ended ? without_discount : complete) << operation;
+    ASSERT_EQ(second, ended ? without_discount : complete);
     // The contract with all below it, and its attribute, beside what was there.
-    ASSERT_EQ(CountAll(world), stored + complete.size() + 1) << operation;
+    ASSERT_EQ(CountAll(world), stored + complete.size() + 1);
   }
+  EXPECT_EQ(ended, GetParam().renews);
 }
 
 INSTANTIATE_TEST_SUITE_P(

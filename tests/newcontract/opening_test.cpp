@@ -2,7 +2,7 @@
 
 #include "newcontract/dialog_world.h"
 #include "support/attributes.h"
-#include "support/failing_probe.h"
+#include "support/fault_sweep.h"
 
 namespace pactora::newcontract {
 namespace {

@@ -2,7 +2,7 @@
 // a takeover has is its plan's, proven where it is made.
 
 #include "newcontract/dialog_world.h"
-#include "support/failing_probe.h"
+#include "support/fault_sweep.h"
 
 namespace pactora::newcontract {
 namespace {

@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "support/contract_world.h"
-#include "support/failing_probe.h"
+#include "support/fault_sweep.h"
 
 namespace pactora::shell {
 namespace {

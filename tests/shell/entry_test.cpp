@@ -4,7 +4,7 @@
 
 #include "shell/entry/CVV.h"
 #include "support/contract_world.h"
-#include "support/failing_probe.h"
+#include "support/fault_sweep.h"
 
 namespace pactora::shell {
 namespace {

@@ -7,10 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -28,6 +26,7 @@
 #include "shell/Module.h"
 #include "store/memory/MemoryStore.h"
 #include "store/rows.h"
+#include "support/error_of.h"
 #include "ui/RecordingScreen.h"
 
 namespace pactora::host {
@@ -239,16 +238,6 @@ class ContractWorld {
     return records;
   }
 };
-
-// The error that the body raises, if it raises one.
-inline std::optional<platform::Error> ErrorOf(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const platform::Error& error) {
-    return error;
-  }
-  return std::nullopt;
-}
 
 inline ui::Message ReporterMessage(std::string_view procedure, const std::string& text) {
   return {text, ui::style::kExclamation, "Fehler in " + std::string(procedure)};
