@@ -262,14 +262,17 @@ void LiveTable::SelectIndex(std::optional<store::IndexId> index) {
 
 // ---------------------------------------------------------------- writing
 
-host::Value LiveTable::NewRecordOid(std::int32_t) {
+host::Value LiveTable::NewRecordOid(std::int32_t) try {
   Begin("NewRecordOid");
   const auto parent = ScopeParent();
   if (!parent) Raise(HostError::NoParentRow, parent_->Schema().name);
   return host::ValueArray{static_cast<std::int32_t>(table_), static_cast<double>(*parent)};
+} catch (...) {
+  MoveToEof();
+  throw;
 }
 
-void LiveTable::GotoRec(const host::Value& position) {
+void LiveTable::GotoRec(const host::Value& position) try {
   Begin("GotoRec");
   if (position.GetKind() != host::Kind::Array || position.AsArray().size() != 2 ||
       host::ToLong(position.AsArray()[0]) != static_cast<std::int32_t>(table_)) {
@@ -284,6 +287,9 @@ void LiveTable::GotoRec(const host::Value& position) {
   row_.parent = parent;
   row_.cells.assign(schema_.fields.size(), host::Value());
   if (had_row) TellChildren();
+} catch (...) {
+  MoveToEof();
+  throw;
 }
 
 void LiveTable::BeginEdit() {

@@ -138,7 +138,9 @@ class HostTable : public Object {
   virtual std::int32_t ScopeCount() = 0;
 
   // The position of a new, empty row under the parent's current row; good for
-  // one GotoRec. Raises an error when the parent has no stored current row.
+  // one GotoRec. Raises an error when the parent has no stored current row. After
+  // an error of either the table has no current row: a caller who goes on writes
+  // the values of the new row into no other.
   virtual host::Value NewRecordOid(std::int32_t flags) = 0;
   virtual void GotoRec(const host::Value& position) = 0;
   // Opens the current row for writing; field writes work without it.

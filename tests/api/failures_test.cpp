@@ -146,6 +146,29 @@ TEST(Failures, OneAnswerToTheAttributeCountsAsSetAndAnyOtherIsRaised) {
   }
 }
 
+TEST(Failures, AnAttributeWithoutARowOfItsOwnGoesIntoNoOther) {
+  for (const char* operation : {"NewRecordOid", "GotoRec"}) {
+    SCOPED_TRACE(operation);
+    ApiWorld world;
+    world.Article();
+    const auto attributes = world.host.Table(table::Adressmerkmale);
+    const auto fail = [&](const char* name) {
+      FailingProbe probe(world.host, 1, name, attributes->Name(), platform::Error(5, "x"));
+      EXPECT_EQ(ErrorOf([&] { world.Call(); })->Source(), "modAPI.CreateAttribute");
+    };
+    fail("StoreNew");
+    EXPECT_FALSE(attributes->Eof()) << "the row of the first contract is left unstored";
+    world.contract->SetztMerkmalGruppe = "";
+    fail(operation);
+    EXPECT_EQ(world.Count(table::Adressmerkmale), 0u) << "it is not stored for the second one";
+
+    world.Call();
+    fail(operation);
+    EXPECT_TRUE(attributes->Eof());
+    EXPECT_EQ(world.Count(table::Adressmerkmale), 1u);
+  }
+}
+
 TEST(Failures, AFailedCallSpendsItsNumberAndDoesNoHarmToTheNext) {
   ApiWorld world;
   world.Article();

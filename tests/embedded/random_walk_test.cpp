@@ -303,6 +303,12 @@ class Walk {
     log_ = "new row";
     if (t > 0 && !model_.tables[t - 1].current) {
       ASSERT_THROW(live_[t]->NewRecordOid(0), platform::Error);
+      model_.Take(t, std::nullopt);
+      return;
+    }
+    if (Pick(9) == 0) {
+      ASSERT_THROW(live_[t]->GotoRec("keine Stelle"), platform::Error);
+      model_.Take(t, std::nullopt);
       return;
     }
     live_[t]->GotoRec(live_[t]->NewRecordOid(0));
