@@ -53,7 +53,10 @@ class ApiWorld : public ContractWorld {
     return *article;
   }
 
-  void Call() { entry.NewContractDebitor(host.App(), contract, articles); }
+  void Call() { CallWith(contract); }
+  void CallWith(const std::shared_ptr<api::PropertyBag>& record) {
+    entry.NewContractDebitor(host.App(), record, articles);
+  }
 
   // How many rows there are of what a contract is made of, in this order:
   // contracts, appointments, status rows, positions, attributes.

@@ -8,6 +8,7 @@
 #include "api/ApiPositionRow.h"
 #include "api/modAPI.h"
 #include "api_world.h"
+#include "contract/money.h"
 
 namespace pactora::api {
 namespace {
@@ -43,15 +44,6 @@ TEST(Prices, EachPeriodIsRoundedFromTheMonthNotFromItsPrice) {
   EXPECT_EQ(ErrorOf([] { CalculatePrices(0, 1.0); })->Number(), 11);
 }
 
-// For a price of 7.77 a month.
-double MonthsAt(std::int32_t months) {
-  const auto found = std::find(schema::kPeriods.begin(), schema::kPeriods.end(), months);
-  const PeriodPrices prices = CalculatePrices(1, 7.77);
-  return found != schema::kPeriods.end()
-             ? prices[static_cast<std::size_t>(found - schema::kPeriods.begin())]
-             : months * prices[0];
-}
-
 TEST(Prices, EveryTermAndPeriodHasItsPrice) {
   for (const std::int32_t term : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 24, 36, 48, 60}) {
     for (std::int32_t period = 1; period <= term; ++period) {
@@ -70,9 +62,7 @@ TEST(Prices, EveryTermAndPeriodHasItsPrice) {
       EXPECT_NEAR(position[field::NettoOhneRabatt].AsDouble(), price, 1e-9) << name;
       EXPECT_NEAR(position[field::Nettopreis].AsDouble(), price, 1e-9) << name;
       // A term without a price field costs what the payment period costs.
-      const bool own_price =
-          MonthsAt(term) > 0 && std::find(schema::kPeriods.begin(), schema::kPeriods.end(), term) !=
-                                    schema::kPeriods.end();
+      const bool own_price = contract::PriceFieldOf(term).has_value();
       EXPECT_NEAR(position[field::Preis].AsDouble(), own_price ? term * 7.77 : price, 1e-9) << name;
       EXPECT_NEAR(world.Rows(table::vv_Vertraege).at(0)[field::AktValue].AsDouble(), 3 * price,
                   1e-9)
@@ -81,89 +71,94 @@ TEST(Prices, EveryTermAndPeriodHasItsPrice) {
   }
 }
 
-class Positions : public support::ApiTest {
- protected:
-  std::vector<Row> Call() {
-    world.Call();
-    return world.Rows(table::vv_Vertragspositionen);
-  }
+void SetPrice(vv_CArticle& article, double price) {
+  article.bSonderpreisVerwenden = true;
+  article.dblPreis = price;
+}
+void SetDiscount(vv_CArticle& article, double discount) {
+  article.bUseCustomDiscount = true;
+  article.dblCustomDiscount = discount;
+}
+
+struct PositionCase {
+  std::string name;
+  std::function<void(ApiWorld&)> add;
+  std::vector<std::string_view> fields;
+  std::vector<std::string> rows;
 };
 
-TEST_F(Positions, EqualArticlesShareARow) {
-  world.Article("A1", 2.0).sGruppierung = "erste";
-  world.Article("A2", 1.0, 1);
-  auto& again = world.Article("a1", 3.5);
-  again.sGruppierung = "zweite";
-  again.sBeschreibung = "VOR ORT";
-  const auto rows = Call();
-  ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[0][field::ArtikelID], Value("A1"));
-  EXPECT_EQ(rows[0][field::Anzahl], Value(5.5));
-  EXPECT_EQ(rows[0][field::Gruppierung], Value("erste"));
-  EXPECT_EQ(rows[0][field::Beschreibung], Value("Vor Ort"));
-  EXPECT_EQ(rows[0][field::Row], Value("001"));
-  EXPECT_EQ(rows[1][field::Row], Value("002"));
-  EXPECT_EQ(rows[1][field::Artikel], Value("Hotline"));
-  EXPECT_EQ(rows[1][field::Erloeskonto], Value(8300));
-  EXPECT_EQ(rows[1][field::UStSatz], Value(7.0));
+const std::vector<PositionCase>& PositionCases() {
+  static const std::vector<PositionCase> cases = {
+      {"equal articles share the first one's row",
+       [](ApiWorld& world) {
+         world.Article("A1", 2.0).sGruppierung = "erste";
+         world.Article("A2", 1.0, 1);
+         auto& again = world.Article("a1", 3.5);
+         again.sGruppierung = "zweite";
+         again.sBeschreibung = "VOR ORT";
+       },
+       {field::Row, field::ArtikelID, field::Artikel, field::Anzahl, field::Erloeskonto,
+        field::UStSatz, field::Beschreibung, field::Gruppierung},
+       {"001/A1/Wartung Server/5,5/8400/19/Vor Ort/erste", "002/A2/Hotline/1/8300/7//"}},
+      {"articles that differ in one thing stand alone",
+       [](ApiWorld& world) {
+         world.Article();
+         world.Article().sBeschreibung = "anders";
+         world.Article().sAuftragsnummer = "B-1";
+         SetDiscount(world.Article(), 5.0);
+         SetPrice(world.Article(), 121.0);
+       },
+       {field::Beschreibung, field::Auftragsnummer, field::Rabattprozent, field::Nettopreis,
+        field::PreisM12},
+       {"Vor Ort//10/9/120", "anders//10/9/120", "Vor Ort/B-1/10/9/120", "Vor Ort//5/9,5/120",
+        "Vor Ort//10/9,07/121"}},
+      {"the same price for another time and the same discount merge",
+       [](ApiWorld& world) {
+         world.Article("A1", 1.0, 12);
+         SetPrice(world.Article("A1", 1.0, 1), 10.0);
+         SetDiscount(world.Article("A1", 1.0, 12), 10.0);
+       },
+       {field::Anzahl},
+       {"3"}},
+      {"what is switched off has no effect",
+       [](ApiWorld& world) {
+         auto& article = world.Article();
+         article.dblPreis = 999.0;
+         article.dblCustomDiscount = 50.0;
+       },
+       {field::PreisM12, field::Rabattprozent},
+       {"120/10"}},
+      {"everything off leaves the price before discount",
+       [](ApiWorld& world) { SetDiscount(world.Article(), 100.0); },
+       {field::Nettopreis, field::NettoOhneRabatt},
+       {"0/10"}},
+  };
+  return cases;
 }
 
-TEST_F(Positions, ArticlesThatDifferInOneThingStandAlone) {
-  world.Article();
-  world.Article().sBeschreibung = "anders";
-  world.Article().sAuftragsnummer = "B-1";
-  auto& discounted = world.Article();
-  discounted.bUseCustomDiscount = true;
-  discounted.dblCustomDiscount = 5.0;
-  auto& priced = world.Article();
-  priced.bSonderpreisVerwenden = true;
-  priced.dblPreis = 121.0;
-  const auto rows = Call();
-  ASSERT_EQ(rows.size(), 5u);
-  EXPECT_EQ(rows[1][field::Beschreibung], Value("anders"));
-  EXPECT_EQ(rows[2][field::Auftragsnummer], Value("B-1"));
-  EXPECT_EQ(rows[3][field::Rabattprozent], Value(5.0));
-  EXPECT_EQ(rows[3][field::Nettopreis], Value(9.5));
-  EXPECT_EQ(rows[4][field::PreisM12], Value(121.0));
-}
+using Positions = support::ApiTest;
 
-TEST_F(Positions, TheSamePriceForAnotherTimeMerges) {
-  world.Article("A1", 1.0, 12);
-  auto& monthly = world.Article("A1", 1.0, 1);
-  monthly.bSonderpreisVerwenden = true;
-  monthly.dblPreis = 10.0;
-  auto& same_discount = world.Article("A1", 1.0, 12);
-  same_discount.bUseCustomDiscount = true;
-  same_discount.dblCustomDiscount = 10.0;
-  const auto rows = Call();
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0][field::Anzahl], Value(3.0));
-}
-
-TEST_F(Positions, WhatIsSwitchedOffHasNoEffect) {
-  auto& article = world.Article();
-  article.dblPreis = 999.0;
-  article.dblCustomDiscount = 50.0;
-  const auto rows = Call();
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0][field::PreisM12], Value(120.0));
-  EXPECT_EQ(rows[0][field::Rabattprozent], Value(10.0));
-}
-
-TEST_F(Positions, EverythingOffLeavesThePriceBeforeDiscount) {
-  auto& article = world.Article();
-  article.bUseCustomDiscount = true;
-  article.dblCustomDiscount = 100.0;
-  const auto rows = Call();
-  EXPECT_EQ(rows.at(0)[field::Nettopreis], Value(0.0));
-  EXPECT_EQ(rows.at(0)[field::NettoOhneRabatt], Value(10.0));
+TEST_F(Positions, FollowTheTableOfCases) {
+  for (const PositionCase& row : PositionCases()) {
+    ApiWorld fresh;
+    row.add(fresh);
+    fresh.Call();
+    std::vector<std::string> lines;
+    for (const Row& position : fresh.Rows(table::vv_Vertragspositionen)) {
+      std::string& line = lines.emplace_back();
+      for (const std::string_view name : row.fields) {
+        line += (name == row.fields[0] ? "" : "/") + host::ToText(position[name]);
+      }
+    }
+    EXPECT_EQ(lines, row.rows) << row.name;
+  }
 }
 
 TEST_F(Positions, TheValueIsTheSumOfOneInvoiceNotRounded) {
   world.contract->dblRabatt = 0.0;
   world.Article("A1", 1.333);
   world.Article("A2", 0.5, 1);
-  Call();
+  world.Call();
   const Value expected(10.0 * 1.333 + 10.0 * 0.5);
   EXPECT_EQ(world.Rows(table::vv_Vertraege).at(0)[field::AktValue], expected);
   EXPECT_EQ(world.Rows(table::vv_Vertragsstaende).at(0)[field::Value], expected);
@@ -173,7 +168,8 @@ TEST_F(Positions, RowsCountBeyondThreeDigits) {
   world.contract->dblRabatt = 0.0;
   for (int i = 1; i <= 1001; ++i) world.Article("A1", 1.0).sBeschreibung = std::to_string(i);
   world.Article("A1", 4.0).sBeschreibung = "1";
-  const auto rows = Call();
+  world.Call();
+  const auto rows = world.Rows(table::vv_Vertragspositionen);
   ASSERT_EQ(rows.size(), 1001u);
   EXPECT_EQ(rows[0][field::Anzahl], Value(5.0));
   EXPECT_EQ(rows[98][field::Row], Value("099"));
@@ -183,51 +179,52 @@ TEST_F(Positions, RowsCountBeyondThreeDigits) {
   EXPECT_EQ(world.module.gApiPositionRows->front().ArtikelID, "");
 }
 
-TEST_F(Positions, TheUsersCursorOnTheArticlesIsPutBack) {
-  world.Goto(table::Artikel, world.hotline);
-  world.Article("A1");
-  Call();
-  EXPECT_EQ(world.host.Table(table::Artikel)->Oid(), std::to_string(world.hotline));
-}
+struct BeyondCase {
+  std::string name;
+  std::function<void(ApiWorld&)> spoil;
+  std::int32_t number;
+  std::string source;
+  std::vector<std::size_t> counts;
+};
 
-TEST_F(Positions, AmountsBeyondAllBoundsAreRaisedAndTheContractStays) {
-  struct Case {
-    std::string name;
-    std::function<void(ApiWorld&)> spoil;
-    std::string source;
-    std::size_t positions;
-  };
+TEST_F(Positions, WhatIsBeyondAllBoundsIsRaisedAndTheContractStays) {
   constexpr double kMost = std::numeric_limits<double>::max();
-  const std::vector<Case> cases = {
-      {"a price",
+  constexpr double kEndless = std::numeric_limits<double>::infinity();
+  constexpr std::int32_t kLongest = std::numeric_limits<std::int32_t>::min();
+  const std::string contract = "modAPI.CreateVandVS";
+  const std::string positions = "modAPI.GetNewPositions";
+  const std::vector<std::size_t> nothing(5, 0);
+  const std::vector<std::size_t> no_position = {1, 0, 1, 0, 0};
+  const std::vector<BeyondCase> cases = {
+      {"a notice date", [](ApiWorld& w) { w.contract->KuendFristInWochen = kLongest; }, 5, contract,
+       nothing},
+      {"the end of a contract that is not renewed",
        [](ApiWorld& w) {
-         auto& article = w.Article();
-         article.bSonderpreisVerwenden = true;
-         article.dblPreis = 1e18;
+         w.contract->lVertragArt = 2;
+         w.contract->VertragBeginn = support::Day(1, 2, 9999);
        },
-       "modAPI.GetNewPositions", 0},
-      {"a discount",
-       [](ApiWorld& w) {
-         auto& article = w.Article();
-         article.bUseCustomDiscount = true;
-         article.dblCustomDiscount = kMost;
-       },
-       "modAPI.GetNewPositions", 0},
-      {"a merged quantity", [](ApiWorld& w) { w.Article("A1", kMost), w.Article("A1", kMost); },
-       "modAPI.GetNewPositions", 0},
-      {"an endless quantity",
-       [](ApiWorld& w) { w.Article("A1", std::numeric_limits<double>::infinity()); },
-       "modAPI.GetNewPositions", 0},
-      {"the value", [](ApiWorld& w) { w.Article("A1", kMost); }, "modAPI.WriteNewPositions", 1},
+       5, contract, nothing},
+      {"a price", [](ApiWorld& w) { SetPrice(w.Article(), 1e18); }, 6, positions, no_position},
+      {"a discount", [](ApiWorld& w) { SetDiscount(w.Article(), kMost); }, 6, positions,
+       no_position},
+      {"a merged quantity", [](ApiWorld& w) { w.Article("A1", kMost), w.Article("A1", kMost); }, 6,
+       positions, no_position},
+      {"an endless quantity", [](ApiWorld& w) { w.Article("A1", kEndless); }, 6, positions,
+       no_position},
+      {"the value",
+       [](ApiWorld& w) { w.Article("A1", kMost); },
+       6,
+       "modAPI.WriteNewPositions",
+       {1, 0, 1, 1, 0}},
   };
-  for (const Case& row : cases) {
+  for (const BeyondCase& row : cases) {
     ApiWorld fresh;
     row.spoil(fresh);
     const auto error = ErrorOf([&] { fresh.Call(); });
     ASSERT_TRUE(error) << row.name;
-    EXPECT_EQ(error->Number(), 6) << row.name;
+    EXPECT_EQ(error->Number(), row.number) << row.name;
     EXPECT_EQ(error->Source(), row.source) << row.name;
-    EXPECT_EQ(fresh.Counts(), (std::vector<std::size_t>{1, 0, 1, row.positions, 0})) << row.name;
+    EXPECT_EQ(fresh.Counts(), row.counts) << row.name;
   }
 }
 

@@ -243,6 +243,13 @@ inline ui::Message ReporterMessage(std::string_view procedure, const std::string
   return {text, ui::style::kExclamation, "Fehler in " + std::string(procedure)};
 }
 
+// For a run-time error of the add-on's own.
+inline ui::Message ReporterMessage(std::string_view procedure, platform::RuntimeError error) {
+  return ReporterMessage(procedure, "Fehler &H" +
+                                        platform::HexNumber(static_cast<std::int32_t>(error)) +
+                                        " in Pactora2\r\n" + platform::RuntimeErrorText(error));
+}
+
 // A world for each test. Every message must have been expected, and must come.
 class ContractWorldTest : public testing::Test {
  protected:
