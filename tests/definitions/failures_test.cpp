@@ -66,58 +66,50 @@ class SaveFailureTest : public DefinitionTest {
   }
 };
 
-TEST_F(SaveFailureTest, NewType) {
-  FailEachOperation(
-      [this](const Acts& save) {
-        OpenNew([&](DialogUser& user) {
-          user.Type("txtBezeichnung", "Neu");
-          user.Choose("cboPutGroup", "Kunde");
-          AddArticle(user, 1);
-          AddArticle(user, 2);
-          save(user);
-        });
-      },
-      "WritePositions", true);
+TEST_F(SaveFailureTest, OfANewTypeStoreItOnce) {
+  const auto claim = [this](const Acts& save) {
+    OpenNew([&](DialogUser& user) {
+      user.Type("txtBezeichnung", "Neu");
+      user.Choose("cboPutGroup", "Kunde");
+      AddArticle(user, 1);
+      AddArticle(user, 2);
+      save(user);
+    });
+  };
+  FailEachOperation(claim, "WritePositions", true);
+  const auto liability = [this](const Acts& save) {
+    OpenNew([&](DialogUser& user) {
+      user.Type("txtBezeichnung", "Miete");
+      user.Click("optKreditor");
+      save(user);
+    });
+  };
+  FailEachOperation(liability, "WriteDummyPosition", true);
 }
 
-TEST_F(SaveFailureTest, ChangedType) {
-  FailEachOperation(
-      [this](const Acts& save) {
-        const store::Oid type = AddType({{field::NettoSumme, 30.0}});
-        for (const char* article : {"P1", "P2", "P3"}) AddPosition(type, article, "A");
-        OpenEdit([&](DialogUser& user) {
-          user.Paste("txtBezeichnung", "Geändert");
-          for (const std::int32_t row : {1, 2}) {
-            user.ChooseRow("lvwPositionen", row);
-            Expect(kDeleteQuestion, kYesNoQuestion, "Pactora", Answer::Yes);
-            user.Click("cmdDeletePos");
-          }
-          AddArticle(user, 1);
-          save(user);
-        });
-      },
-      "WritePositions", false);
-}
-
-TEST_F(SaveFailureTest, NewCreditorType) {
-  FailEachOperation(
-      [this](const Acts& save) {
-        OpenNew([&](DialogUser& user) {
-          user.Type("txtBezeichnung", "Miete");
-          user.Click("optKreditor");
-          save(user);
-        });
-      },
-      "WriteDummyPosition", true);
-}
-
-TEST_F(SaveFailureTest, CreditorTypeWithoutAPosition) {
-  FailEachOperation(
-      [this](const Acts& save) {
-        AddType({{field::Typ, "K"}});
-        OpenEdit(save);
-      },
-      "WriteDummyPosition", false);
+TEST_F(SaveFailureTest, OfAChangedTypeChangeItOnce) {
+  const auto claim = [this](const Acts& save) {
+    const store::Oid type = AddType({{field::NettoSumme, 30.0}});
+    AddPosition(type, "P1", "A");
+    AddPosition(type, "P2", "B");
+    AddPosition(type, "P3", "A");
+    OpenEdit([&](DialogUser& user) {
+      user.Paste("txtBezeichnung", "Geändert");
+      for (const std::int32_t row : {1, 2}) {
+        user.ChooseRow("lvwPositionen", row);
+        Expect(kDeleteQuestion, kYesNoQuestion, "Pactora", Answer::Yes);
+        user.Click("cmdDeletePos");
+      }
+      AddArticle(user, 1);
+      save(user);
+    });
+  };
+  FailEachOperation(claim, "WritePositions", false);
+  const auto liability_without_position = [this](const Acts& save) {
+    AddType({{field::Typ, "K"}});
+    OpenEdit(save);
+  };
+  FailEachOperation(liability_without_position, "WriteDummyPosition", false);
 }
 
 // Nothing is stored on the way to memory; what fails there is reported, and the
