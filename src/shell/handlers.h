@@ -45,24 +45,48 @@ void ReportError(Module& module, const std::string& display_name, const platform
 // Form 1: through the reporter; the procedure ends normally.
 template <typename Body>
 void WithReporter(Module& module, std::string_view module_name, std::string_view procedure,
-                  Body&& body);
+                  Body&& body) {
+  try {
+    std::forward<Body>(body)();
+  } catch (...) {
+    ReportError(module, DisplayName(module_name, procedure), CurrentError());
+  }
+}
 
 // Form 2: an inline message box; the procedure ends normally.
 template <typename Body>
 void WithInlineMessage(Module& module, std::string_view module_name, std::string_view procedure,
-                       Body&& body);
+                       Body&& body) {
+  try {
+    std::forward<Body>(body)();
+  } catch (...) {
+    ShowInlineError(module, DisplayName(module_name, procedure), CurrentError());
+  }
+}
 
 // Form 3: raised again to the caller with the same number and description and
 // the display name as the source.
 template <typename Body>
-auto RaisingAgain(std::string_view module_name, std::string_view procedure, Body&& body)
-    -> decltype(std::forward<Body>(body)());
+decltype(auto) RaisingAgain(std::string_view module_name, std::string_view procedure, Body&& body) {
+  try {
+    return std::forward<Body>(body)();
+  } catch (...) {
+    const platform::Error error = CurrentError();
+    throw platform::Error(error.Number(), error.Description(), DisplayName(module_name, procedure));
+  }
+}
 
 // Errors ignored: runs one step and gives its error, if any, to the caller to
 // look at; error may be null. Returns true when the step succeeded.
 template <typename Body>
-bool IgnoringErrors(platform::Error* error, Body&& body);
+bool IgnoringErrors(platform::Error* error, Body&& body) {
+  try {
+    std::forward<Body>(body)();
+    return true;
+  } catch (...) {
+    if (error != nullptr) *error = CurrentError();
+    return false;
+  }
+}
 
 }  // namespace pactora::shell
-
-#include "shell/handlers_inl.h"

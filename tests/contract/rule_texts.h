@@ -6,9 +6,11 @@
 #include <string_view>
 
 #include "platform/Date.h"
-#include "platform/Error.h"
+#include "support/error_of.h"
 
 namespace pactora::contract {
+
+using support::ErrorNumberOf;
 
 // From "dd.MM.yyyy".
 inline platform::Date Day(std::string_view text) {
@@ -20,17 +22,6 @@ inline platform::Date Day(std::string_view text) {
 
 inline std::string Text(platform::Date date) {
   return date == platform::kNoInvoiceDate ? "none" : FormatDate(date, platform::kGermanPattern);
-}
-
-// 0 when the body raises no error.
-template <typename Body>
-std::int32_t ErrorNumberOf(Body&& body) {
-  try {
-    body();
-  } catch (const platform::Error& error) {
-    return error.Number();
-  }
-  return 0;
 }
 
 }  // namespace pactora::contract

@@ -196,7 +196,8 @@ TEST_F(Entry, EditContractDefinitionReadsTheSettingForAppointments) {
   }
   world.module.gVersionText = "unverändert";
   settings.Item("CreateAppointment4AllContracts").SetValue("vielleicht");
-  EXPECT_EQ(ErrorOf([&] { entry.EditContractDefinition(world.host.App(), true); })->Number(), 13);
+  EXPECT_EQ(support::ErrorNumberOf([&] { entry.EditContractDefinition(world.host.App(), true); }),
+            13);
   EXPECT_EQ(world.module.gVersionText, "unverändert");
 }
 

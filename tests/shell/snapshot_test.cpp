@@ -9,7 +9,6 @@ namespace pactora::shell {
 namespace {
 
 namespace table = schema::table;
-using support::ErrorOf;
 
 class Snapshot : public support::ContractWorldTest {
  protected:
@@ -100,7 +99,7 @@ TEST_F(Snapshot, TheApplicationIsPutBackOnlyWhenAsked) {
 
 TEST_F(Snapshot, OfNoTableIsAnError) {
   CTableProperties unset(world.module);
-  EXPECT_EQ(ErrorOf([&] { unset.Save(); })->Number(), 91);
+  EXPECT_EQ(support::ErrorNumberOf([&] { unset.Save(); }), 91);
 }
 
 }  // namespace
