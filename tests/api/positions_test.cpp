@@ -106,12 +106,13 @@ const std::vector<PositionCase>& PositionCases() {
          world.Article().sBeschreibung = "anders";
          world.Article().sAuftragsnummer = "B-1";
          SetDiscount(world.Article(), 5.0);
+         SetDiscount(world.Article(), 0.0);
          SetPrice(world.Article(), 121.0);
        },
        {field::Beschreibung, field::Auftragsnummer, field::Rabattprozent, field::Nettopreis,
         field::PreisM12},
        {"Vor Ort//10/9/120", "anders//10/9/120", "Vor Ort/B-1/10/9/120", "Vor Ort//5/9,5/120",
-        "Vor Ort//10/9,07/121"}},
+        "Vor Ort//0/10/120", "Vor Ort//10/9,07/121"}},
       {"the same price for another time and the same discount merge",
        [](ApiWorld& world) {
          world.Article("A1", 1.0, 12);
