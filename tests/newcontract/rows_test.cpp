@@ -141,28 +141,21 @@ TEST(Rows, OfEachRoadAreThese) {
   }
 }
 
-// Writes down which rows are stored, in order.
-class StoreLog final : public embedded::OperationProbe {
- public:
-  explicit StoreLog(embedded::Host& host) : host_(host) { host_.SetProbe(this); }
-  ~StoreLog() override { host_.SetProbe(nullptr); }
-  void Before(std::string_view operation, std::string_view name) override {
-    if (operation != "StoreNew" && operation != "Store") return;
-    log.push_back(std::string(operation) + " " + std::string(name));
-  }
-  std::vector<std::string> log;
-
- private:
-  embedded::Host& host_;
-};
+// Which rows were stored, in order.
+std::vector<std::string> Stores(const support::OperationLog& log) {
+  std::vector<std::string> stores;
+  for (const std::string& operation : log.Seen())
+    if (operation.starts_with("Store")) stores.push_back(operation);
+  return stores;
+}
 
 TEST(Rows, OfATakeoverAreStoredInThisOrder) {
   Conclusion road({Quarterly(), Day(1, 1, 2023), 1});
   road.world.module.gAppointment4AllContracts = true;
-  StoreLog stores(road.world.host);
+  const support::OperationLog log(road.world.host);
   road.dialog.Click("cmdOK");
   EXPECT_THAT(
-      stores.log,
+      Stores(log),
       ElementsAre("StoreNew KELM_Nummern", "Store KELM_Nummern", "StoreNew vv_Vertraege",
                   "StoreNew vv_VertragsAktivitaeten", "Store vv_Vertraege",
                   "StoreNew vv_Vertragsstaende", "StoreNew vv_Vertragspositionen",
