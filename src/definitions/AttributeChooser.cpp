@@ -36,45 +36,45 @@ AttributeChooser::AttributeChooser(ui::Container& parent, const AttributeRole& r
     : role_(role),
       module_(module),
       tables_(tables),
-      loading_(loading),
+      mbLoading(loading),
       frame_(parent, std::string(role.frame), std::string(role.caption)),
-      group_label_(frame_, NameOf("lbl", role, "Group"), "Gruppe"),
-      group_(frame_, NameOf("cbo", role, "Group")),
-      attribute_label_(frame_, NameOf("lbl", role, "Attribute"), "Merkmal"),
-      attribute_(frame_, NameOf("cbo", role, "Attribute")),
-      value_label_(frame_, NameOf("lbl", role, "Value"), "Wert"),
-      value_(frame_, NameOf("cbo", role, "Value")),
-      date_(frame_, NameOf("DTP", role, "Value")) {
-  date_.SetVisible(false);
-  date_.SetValue(module.environment.clock.Today());
-  group_.Click = [this] { Group_Click(); };
-  attribute_.Click = [this] { Attribute_Click(); };
+      lblGroup(frame_, NameOf("lbl", role, "Group"), "Gruppe"),
+      cboGroup(frame_, NameOf("cbo", role, "Group")),
+      lblAttribute(frame_, NameOf("lbl", role, "Attribute"), "Merkmal"),
+      cboAttribute(frame_, NameOf("cbo", role, "Attribute")),
+      lblValue(frame_, NameOf("lbl", role, "Value"), "Wert"),
+      cboValue(frame_, NameOf("cbo", role, "Value")),
+      DTPValue(frame_, NameOf("DTP", role, "Value")) {
+  DTPValue.SetVisible(false);
+  DTPValue.SetValue(module.environment.clock.Today());
+  cboGroup.Click = [this] { cboGroup_Click(); };
+  cboAttribute.Click = [this] { cboAttribute_Click(); };
 }
 
 void AttributeChooser::AddEmptyGroup() { AddGroup(kEmptyEntry, ""); }
 
 void AttributeChooser::AddGroup(std::string name, std::string oid) {
-  group_.AddItem(std::move(name));
-  group_oids_.push_back(std::move(oid));
+  cboGroup.AddItem(std::move(name));
+  msGroupOids.push_back(std::move(oid));
 }
 
-void AttributeChooser::SelectEmptyGroup() { group_.SetListIndex(0); }
+void AttributeChooser::SelectEmptyGroup() { cboGroup.SetListIndex(0); }
 
 void AttributeChooser::FillEmptyAttribute() {
-  attribute_.Clear();
-  attribute_.AddItem(kEmptyEntry);
-  attribute_oids_.assign(1, "");
+  cboAttribute.Clear();
+  cboAttribute.AddItem(kEmptyEntry);
+  msAttributeOids.assign(1, "");
 }
 
-void AttributeChooser::SelectEmptyAttribute() { attribute_.SetListIndex(0); }
+void AttributeChooser::SelectEmptyAttribute() { cboAttribute.SetListIndex(0); }
 
-void AttributeChooser::Group_Click() {
+void AttributeChooser::cboGroup_Click() {
   Report("cbo", "Group_Click", [this] {
-    if (loading_ || group_.ListIndex() == ui::ListControl::kNone) return;
-    const std::string& oid = ChosenOid(group_, group_oids_);
+    if (mbLoading || cboGroup.ListIndex() == ui::ListControl::kNone) return;
+    const std::string& oid = ChosenOid(cboGroup, msGroupOids);
     if (oid.empty()) {
       {
-        const LoadingScope loading(loading_);
+        const LoadingScope loading(mbLoading);
         FillEmptyAttribute();
       }
       SelectEmptyAttribute();
@@ -86,33 +86,33 @@ void AttributeChooser::Group_Click() {
       return;
     }
     ReadAttributeList();
-    ChooseFirst(attribute_);
+    ChooseFirst(cboAttribute);
   });
 }
 
 void AttributeChooser::ReadAttributeList() {
   Report("Read", "AttributeList", [this] {
-    attribute_.Clear();
-    attribute_oids_.clear();
+    cboAttribute.Clear();
+    msAttributeOids.clear();
     host::HostTable& attributes = Held(tables_.moMerkmale);
     attributes.Indexes().SelectNone(host::kFlagsNone);
     for (attributes.MoveFirst(host::kFlagsUsual); !attributes.Eof();
          attributes.MoveNext(1, host::kFlagsUsual)) {
-      attribute_.AddItem(ReadText(attributes, schema::field::Merkmal));
-      attribute_oids_.push_back(attributes.Oid());
+      cboAttribute.AddItem(ReadText(attributes, schema::field::Merkmal));
+      msAttributeOids.push_back(attributes.Oid());
     }
   });
 }
 
-void AttributeChooser::Attribute_Click() {
+void AttributeChooser::cboAttribute_Click() {
   Report("cbo", "Attribute_Click", [this] {
-    if (loading_) return;
-    value_.Clear();
-    if (attribute_.ListIndex() == ui::ListControl::kNone) return;
-    const std::string& oid = ChosenOid(attribute_, attribute_oids_);
+    if (mbLoading) return;
+    cboValue.Clear();
+    if (cboAttribute.ListIndex() == ui::ListControl::kNone) return;
+    const std::string& oid = ChosenOid(cboAttribute, msAttributeOids);
     if (oid.empty()) {
       ShowValueBox();
-      value_.SetEnabled(false);
+      cboValue.SetEnabled(false);
       return;
     }
     if (Held(tables_.moMerkmale).FindOid(oid, host::kFlagsUsual)) {
@@ -120,8 +120,8 @@ void AttributeChooser::Attribute_Click() {
     } else {
       ShowValueBox();
     }
-    value_.SetEnabled(value_.Count() > 0);
-    ChooseFirst(value_);
+    cboValue.SetEnabled(cboValue.Count() > 0);
+    ChooseFirst(cboValue);
   });
 }
 
@@ -132,10 +132,10 @@ void AttributeChooser::OfferValues() {
   values.MoveFirst(host::kFlagsUsual);
   const std::string first = values.Eof() ? std::string() : ReadText(values, schema::field::Wert);
   if (first == schema::kDateValue) {
-    value_kind_ = kDateKind;
-    value_.SetVisible(false);
-    date_.SetVisible(true);
-    date_.SetValue(module_.environment.clock.Today());
+    mlValueKind = kDateKind;
+    cboValue.SetVisible(false);
+    DTPValue.SetVisible(true);
+    DTPValue.SetValue(module_.environment.clock.Today());
     return;
   }
   ShowValueBox();
@@ -144,27 +144,27 @@ void AttributeChooser::OfferValues() {
     return;
   }
   for (; !values.Eof(); values.MoveNext(1, host::kFlagsUsual)) {
-    value_.AddItem(ReadText(values, schema::field::Wert));
+    cboValue.AddItem(ReadText(values, schema::field::Wert));
   }
 }
 
 void AttributeChooser::LoadUsers() {
   Report("Load", "Users", [this] {
-    value_.Clear();
+    cboValue.Clear();
     host::HostUsers& users = module_.gDb->Users();
     const std::int32_t count = users.Count();
     for (std::int32_t i = 0; i < count; ++i) {
       const std::string name = users.Item(i).Name();
-      if (name != schema::kDevelopmentUser) value_.AddItem(name);
+      if (name != schema::kDevelopmentUser) cboValue.AddItem(name);
     }
-    ChooseFirst(value_);
+    ChooseFirst(cboValue);
   });
 }
 
 void AttributeChooser::ShowValueBox() {
-  value_kind_ = 0;
-  value_.SetVisible(true);
-  date_.SetVisible(false);
+  mlValueKind = 0;
+  cboValue.SetVisible(true);
+  DTPValue.SetVisible(false);
 }
 
 void AttributeChooser::Restore(const AttributeTriple& stored) {
@@ -172,13 +172,13 @@ void AttributeChooser::Restore(const AttributeTriple& stored) {
     host::HostTable& groups = Held(tables_.moMerkmalgruppen);
     groups.Indexes().Select(schema::index::Merkmalgruppe, host::kFlagsUsual);
     if (groups.SeekKey(platform::UpperCase(stored.group), host::kFlagsUsual)) {
-      group_.SetText(stored.group);
+      cboGroup.SetText(stored.group);
     }
   }
   if (!stored.attribute.empty()) RestoreAttribute(stored);
   if (stored.value.empty()) return;
-  if (value_.FindText(stored.value) == ui::ListControl::kNone) value_.AddItem(stored.value);
-  value_.SetListIndex(value_.FindText(stored.value));
+  if (cboValue.FindText(stored.value) == ui::ListControl::kNone) cboValue.AddItem(stored.value);
+  cboValue.SetListIndex(cboValue.FindText(stored.value));
 }
 
 void AttributeChooser::RestoreAttribute(const AttributeTriple& stored) {
@@ -186,41 +186,41 @@ void AttributeChooser::RestoreAttribute(const AttributeTriple& stored) {
   attributes.Indexes().Select(schema::index::Merkmal, host::kFlagsUsual);
   if (attributes.SeekKey(stored.attribute, host::kFlagsUsual)) {
     if (ReadText(Held(tables_.moMerkmalgruppen), schema::field::Gruppe) == stored.group) {
-      attribute_.SetText(stored.attribute);
-    } else if (attribute_.Count() > 0) {
+      cboAttribute.SetText(stored.attribute);
+    } else if (cboAttribute.Count() > 0) {
       // An attribute of another group by that name takes the first place.
-      attribute_.SetItemText(0, stored.attribute);
-      attribute_oids_.at(0) = attributes.Oid();
+      cboAttribute.SetItemText(0, stored.attribute);
+      msAttributeOids.at(0) = attributes.Oid();
     } else {
-      attribute_.AddItem(stored.attribute);
-      attribute_oids_.push_back(attributes.Oid());
-      attribute_.SetText(stored.attribute);
+      cboAttribute.AddItem(stored.attribute);
+      msAttributeOids.push_back(attributes.Oid());
+      cboAttribute.SetText(stored.attribute);
     }
     return;
   }
   {
-    const LoadingScope loading(loading_);
-    if (attribute_.Count() > 0 && attribute_.ItemText(0) == kEmptyEntry) {
-      attribute_.SetItemText(0, stored.attribute);
-      attribute_oids_.at(0).clear();
+    const LoadingScope loading(mbLoading);
+    if (cboAttribute.Count() > 0 && cboAttribute.ItemText(0) == kEmptyEntry) {
+      cboAttribute.SetItemText(0, stored.attribute);
+      msAttributeOids.at(0).clear();
     } else {
-      attribute_.AddItem(stored.attribute);
-      attribute_oids_.emplace_back();
+      cboAttribute.AddItem(stored.attribute);
+      msAttributeOids.emplace_back();
     }
   }
-  attribute_.SetText(stored.attribute);
+  cboAttribute.SetText(stored.attribute);
 }
 
-bool AttributeChooser::NothingChosen() const { return attribute_.Text() == kEmptyEntry; }
+bool AttributeChooser::NothingChosen() const { return cboAttribute.Text() == kEmptyEntry; }
 
 AttributeTriple AttributeChooser::Chosen() const {
   if (NothingChosen()) return {};
   AttributeTriple chosen;
-  chosen.attribute = attribute_.Text();
-  chosen.value = value_kind_ == kDateKind
-                     ? platform::FormatDate(date_.Value(), platform::kIsoPattern)
-                     : value_.Text();
-  if (group_.Text() != kEmptyEntry) chosen.group = group_.Text();
+  chosen.attribute = cboAttribute.Text();
+  chosen.value = mlValueKind == kDateKind
+                     ? platform::FormatDate(DTPValue.Value(), platform::kIsoPattern)
+                     : cboValue.Text();
+  if (cboGroup.Text() != kEmptyEntry) chosen.group = cboGroup.Text();
   return chosen;
 }
 

@@ -43,11 +43,13 @@ struct AttributeRole {
   bool returns_to_first_group = false;
 };
 
-inline constexpr AttributeRole kRequiredAttribute{
+inline constexpr AttributeRole kRequiAttribute{
     "Requi", "Frame3", "Erforderliches Adressmerkmal bei neuem Vertrag", true};
-inline constexpr AttributeRole kSetAttribute{
+inline constexpr AttributeRole kPutAttribute{
     "Put", "Frame4", "Setzt Adressmerkmal bei Anlage eines neuen Vertrages", false};
 
+// Controls, members and procedures are called as those of the two, less the role:
+// cboGroup is cboRequiGroup in the one and cboPutGroup in the other.
 class AttributeChooser {
  public:
   // While loading is true the boxes' handlers do nothing. The references must
@@ -76,9 +78,9 @@ class AttributeChooser {
   ui::Frame& Frame() { return frame_; }
 
  private:
-  void Group_Click();
+  void cboGroup_Click();
   void ReadAttributeList();
-  void Attribute_Click();
+  void cboAttribute_Click();
   void OfferValues();
   void LoadUsers();
   void RestoreAttribute(const AttributeTriple& stored);
@@ -90,21 +92,21 @@ class AttributeChooser {
   const AttributeRole role_;
   shell::Module& module_;
   const AttributeTables& tables_;
-  bool& loading_;
+  bool& mbLoading;
 
   ui::Frame frame_;
-  ui::Label group_label_;
-  ui::ComboBox group_;
-  ui::Label attribute_label_;
-  ui::ComboBox attribute_;
-  ui::Label value_label_;
-  ui::ComboBox value_;
-  ui::DatePicker date_;
+  ui::Label lblGroup;
+  ui::ComboBox cboGroup;
+  ui::Label lblAttribute;
+  ui::ComboBox cboAttribute;
+  ui::Label lblValue;
+  ui::ComboBox cboValue;
+  ui::DatePicker DTPValue;
 
   // Oids of the rows at the boxes' list positions; "" for "<leer>".
-  std::vector<std::string> group_oids_;
-  std::vector<std::string> attribute_oids_;
-  std::int32_t value_kind_ = 0;
+  std::vector<std::string> msGroupOids;
+  std::vector<std::string> msAttributeOids;
+  std::int32_t mlValueKind = 0;
 };
 
 }  // namespace pactora::definitions

@@ -7,8 +7,8 @@ namespace pactora::definitions {
 DefinitionForm::DefinitionForm(shell::Module& module)
     : Form("frmFEditDefinitions"),
       module_(module),
-      required_attribute_(*this, kRequiredAttribute, module, attribute_tables_, mbLoading),
-      set_attribute_(*this, kSetAttribute, module, attribute_tables_, mbLoading) {
+      requi_attribute_(*this, kRequiAttribute, module, attribute_tables_, mbLoading),
+      put_attribute_(*this, kPutAttribute, module, attribute_tables_, mbLoading) {
   optDebitor.SetValue(true);
   optBefristet.SetValue(true);
   chkVerlaengerbar.SetChecked(true);

@@ -59,8 +59,8 @@ class DefinitionForm : public ui::Form {
   ui::ComboBox cboKuendFrist2{fraVerlaengerung, "cboKuendFrist2"};
   ui::ComboBox cboKuendEinh2{fraVerlaengerung, "cboKuendEinh2"};
 
-  AttributeChooser required_attribute_;
-  AttributeChooser set_attribute_;
+  AttributeChooser requi_attribute_;
+  AttributeChooser put_attribute_;
 
   ui::Frame fraWF{*this, "fraWF", "Workflow bei Verlängerung"};
   ui::Label lblWorkflow{fraWF, "lblWorkflow", "Workflow"};

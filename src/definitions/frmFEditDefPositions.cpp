@@ -70,7 +70,7 @@ void frmFEditDefPositions::Wire() {
   txtNettopreis.KeyPress = [](std::int32_t& key) { FilterKey(key, "*"); };
   txtNettopreis.Validate = [this](bool& cancel) { txtNettopreis_Validate(cancel); };
   cmdOk.Click = [this] { cmdOk_Click(); };
-  cmdCancel.Click = [this] { Hide(); };
+  cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 
 void frmFEditDefPositions::Form_Load() {
@@ -178,9 +178,11 @@ void frmFEditDefPositions::cmdOk_Click() {
   Hide();
 }
 
+void frmFEditDefPositions::cmdCancel_Click() { Hide(); }
+
 void frmFEditDefPositions::ShowInputError(const std::string& control) {
   // Without the three letters of the kind of control.
-  SayInputError(module_, control.substr(3));
+  definitions::ShowInputError(module_, control.substr(3));
 }
 
 double frmFEditDefPositions::NumberIn(const ui::TextBox& box) const {

@@ -57,6 +57,7 @@ class frmFEditDefPositions final : public ui::Form {
   void NumberBox_Validate(ui::TextBox& box, bool& cancel);
   void txtNettopreis_Validate(bool& cancel);
   void cmdOk_Click();
+  void cmdCancel_Click();
   void ShowInputError(const std::string& control);
   double NumberIn(const ui::TextBox& box) const;
   double ActivePrice() const;

@@ -43,7 +43,7 @@ void frmFEditDefinitions::Wire() {
   cmdEditPos.Click = [this] { cmdEditPos_Click(); };
   cmdDeletePos.Click = [this] { cmdDeletePos_Click(); };
   cmdSave.Click = [this] { cmdSave_Click(); };
-  cmdCancel.Click = [this] { Hide(); };
+  cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 
 void frmFEditDefinitions::Report(std::string_view procedure, const std::function<void()>& body) {

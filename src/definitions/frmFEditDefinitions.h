@@ -95,8 +95,9 @@ class frmFEditDefinitions final : public DefinitionForm {
   std::string Evaluate(std::string_view expression);
   std::string Fixed(double number) const;
 
-  // Saving.
+  // Leaving.
   void cmdSave_Click();
+  void cmdCancel_Click();
   bool MayBeSaved();
   bool SaveType();
   vv_CDefinition EnteredDefinition() const;

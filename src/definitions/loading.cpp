@@ -64,23 +64,23 @@ void frmFEditDefinitions::FillAttributes() {
 
   host::HostTable& groups = *tables.moMerkmalgruppen;
   groups.Indexes().Select(schema::index::Merkmalgruppe, host::kFlagsUsual);
-  required_attribute_.AddEmptyGroup();
-  set_attribute_.AddEmptyGroup();
+  requi_attribute_.AddEmptyGroup();
+  put_attribute_.AddEmptyGroup();
   for (groups.MoveFirst(host::kFlagsUsual); !groups.Eof(); groups.MoveNext(1, host::kFlagsUsual)) {
     const std::string name = ReadText(groups, field::Gruppe);
-    required_attribute_.AddGroup(name, groups.Oid());
-    set_attribute_.AddGroup(name, groups.Oid());
+    requi_attribute_.AddGroup(name, groups.Oid());
+    put_attribute_.AddGroup(name, groups.Oid());
   }
   groups.MoveFirst(host::kFlagsUsual);
   tables.moMerkmale->Indexes().SelectNone(host::kFlagsNone);
   tables.moMerkmalwerte->Indexes().SelectNone(host::kFlagsNone);
-  for (AttributeChooser* chooser : {&required_attribute_, &set_attribute_}) {
+  for (AttributeChooser* chooser : {&requi_attribute_, &put_attribute_}) {
     chooser->SelectEmptyGroup();
     chooser->FillEmptyAttribute();
   }
   mbLoading = false;
-  required_attribute_.SelectEmptyAttribute();
-  set_attribute_.SelectEmptyAttribute();
+  requi_attribute_.SelectEmptyAttribute();
+  put_attribute_.SelectEmptyAttribute();
 }
 
 void frmFEditDefinitions::FillArticleGroups() {
@@ -136,10 +136,10 @@ bool frmFEditDefinitions::ShowStoredType() {
   cboKuendFrist2.SetText(std::to_string(ReadLong(type, field::VerlKuendigungsfrist)));
   cboKuendEinh2.SetText(ReadText(type, field::VerlKuendigungsfristEinh));
   SelectRechnungWann(ReadLong(type, field::RechnungWann));
-  required_attribute_.Restore({ReadText(type, field::ErfordertMerkmalGruppe),
-                               ReadText(type, field::ErfordertMerkmal),
-                               ReadText(type, field::ErfordertWert)});
-  set_attribute_.Restore({ReadText(type, field::SetztMerkmalGruppe),
+  requi_attribute_.Restore({ReadText(type, field::ErfordertMerkmalGruppe),
+                            ReadText(type, field::ErfordertMerkmal),
+                            ReadText(type, field::ErfordertWert)});
+  put_attribute_.Restore({ReadText(type, field::SetztMerkmalGruppe),
                           ReadText(type, field::SetztMerkmal), ReadText(type, field::SetztWert)});
   ReadStoredPositions();
   EnableWorkflowSelection(IsRenewableClaim());

@@ -16,7 +16,7 @@ void frmFEditDefinitions::ShowForNewContract() {
     cboZahlungsperiode.AddItem(kSinglePayment, Dauer());
     if (module_.gDefinition && module_.gDefinition->Dirty) ShowFromMemory();
     cboStatus.SetEnabled(false);
-    required_attribute_.Frame().SetEnabled(false);
+    requi_attribute_.Frame().SetEnabled(false);
     cmdSave.SetCaption("Übernehmen");
   });
 }
@@ -56,7 +56,7 @@ void frmFEditDefinitions::ShowDefinition(const vv_CDefinition& definition) {
   SelectRechnungWann(definition.RechnungWann);
   msWorkflowID = definition.VerlaengerungsWorkflowID;
   EnableWorkflowSelection(msTyp == schema::kTypDebtor && definition.Art == schema::kArtRenewable);
-  set_attribute_.Restore(
+  put_attribute_.Restore(
       {definition.SetztMerkmalGruppe, definition.SetztMerkmal, definition.SetztWert});
   if (module_.gPositions) ShowPositionsFromMemory(*module_.gPositions);
 }

@@ -15,7 +15,7 @@ bool Ask(shell::Module& module, std::string text, std::string title) {
          ui::Answer::Yes;
 }
 
-void SayInputError(shell::Module& module, const std::string& name) {
+void ShowInputError(shell::Module& module, const std::string& name) {
   Say(module, "Ungültige Eingabe in " + name + " !", ui::style::kInformation, kPleaseChange);
 }
 

@@ -18,7 +18,7 @@ void Say(shell::Module& module, std::string text, std::int32_t style,
 // A question with Yes and No, No the default. True for Yes.
 bool Ask(shell::Module& module, std::string text, std::string title = ui::kDefaultTitle);
 
-// "Ungültige Eingabe in <name> !"
-void SayInputError(shell::Module& module, const std::string& name);
+// "Ungültige Eingabe in <name> !", titled kPleaseChange.
+void ShowInputError(shell::Module& module, const std::string& name);
 
 }  // namespace pactora::definitions

@@ -1,4 +1,4 @@
-// The button that stores the type or hands it over to memory.
+// The buttons that end the dialog: one stores the type or hands it over to memory.
 #include <cstddef>
 
 #include "contract/position_groups.h"
@@ -43,6 +43,9 @@ void frmFEditDefinitions::cmdSave_Click() {
     Hide();
   });
 }
+
+// Nothing is written; removed positions stay in their table.
+void frmFEditDefinitions::cmdCancel_Click() { Hide(); }
 
 bool frmFEditDefinitions::MayBeSaved() {
   if (platform::Trim(txtBezeichnung.Text()).empty()) {
@@ -113,11 +116,11 @@ vv_CDefinition frmFEditDefinitions::EnteredDefinition() const {
   entered.VerlaengerungsZahlungsperiode = Zahlungsperiode2();
   entered.RechnungWann = cboRechnungWann.ListIndex();
   if (IsRenewableClaim()) entered.VerlaengerungsWorkflowID = ChosenWorkflowID();
-  const AttributeTriple required = required_attribute_.Chosen();
+  const AttributeTriple required = requi_attribute_.Chosen();
   entered.ErfordertMerkmalGruppe = required.group;
   entered.ErfordertMerkmal = required.attribute;
   entered.ErfordertWert = required.value;
-  const AttributeTriple set = set_attribute_.Chosen();
+  const AttributeTriple set = put_attribute_.Chosen();
   entered.SetztMerkmalGruppe = set.group;
   entered.SetztMerkmal = set.attribute;
   entered.SetztWert = set.value;
@@ -145,10 +148,10 @@ void frmFEditDefinitions::WriteDefinition(const vv_CDefinition& definition) {
   WriteTriple(
       type, {field::ErfordertMerkmalGruppe, field::ErfordertMerkmal, field::ErfordertWert},
       {definition.ErfordertMerkmalGruppe, definition.ErfordertMerkmal, definition.ErfordertWert},
-      required_attribute_.NothingChosen());
+      requi_attribute_.NothingChosen());
   WriteTriple(type, {field::SetztMerkmalGruppe, field::SetztMerkmal, field::SetztWert},
               {definition.SetztMerkmalGruppe, definition.SetztMerkmal, definition.SetztWert},
-              set_attribute_.NothingChosen());
+              put_attribute_.NothingChosen());
 }
 
 std::optional<double> frmFEditDefinitions::WritePositions() {

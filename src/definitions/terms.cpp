@@ -44,7 +44,7 @@ void frmFEditDefinitions::RemindPriceCheck() {
 
 void frmFEditDefinitions::txtDauer_Change() {
   if (txtDauer.Text().empty()) {
-    SayInputError(module_, "Vertragsdauer");
+    ShowInputError(module_, "Vertragsdauer");
     txtDauer.SetFocus();
     return;
   }
@@ -61,7 +61,7 @@ void frmFEditDefinitions::SetSinglePaymentTerm(std::int32_t term) {
 
 void frmFEditDefinitions::txtDauer2_Validate(bool& cancel) {
   if (txtDauer2.Text().empty()) {
-    SayInputError(module_, "Verlängerungsvertragsdauer");
+    ShowInputError(module_, "Verlängerungsvertragsdauer");
     cancel = true;
     return;
   }
