@@ -35,10 +35,10 @@ InvoicePeriodList ListInvoicePeriods(const InvoicePeriodTerms& terms) {
     AddRows(list.rows, AddDays(term_end, 1), terms.today, terms.verl_zahlungsperiode);
     return list;
   }
-  list.list_end = terms.art == schema::kArtOnce
-                      ? TermEnd(terms.begin, terms.dauer)
-                      : TermEnd(FirstStartFromToday(terms), terms.zahlungsperiode);
-  AddRows(list.rows, terms.begin, *list.list_end, terms.zahlungsperiode);
+  list.mdtListEnde = terms.art == schema::kArtOnce
+                         ? TermEnd(terms.begin, terms.dauer)
+                         : TermEnd(FirstStartFromToday(terms), terms.zahlungsperiode);
+  AddRows(list.rows, terms.begin, *list.mdtListEnde, terms.zahlungsperiode);
   return list;
 }
 

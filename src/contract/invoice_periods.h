@@ -31,7 +31,7 @@ struct InvoicePeriodList {
   std::vector<InvoicePeriod> rows;
   // The day before which the last row starts. Renewing contracts have none: their
   // rows go on until today.
-  std::optional<platform::Date> list_end;
+  std::optional<platform::Date> mdtListEnde;
 };
 
 // Renewing contract: all periods of the first term, then those of the renewals

@@ -86,7 +86,7 @@ class RenewableTakeover {
   // The renewal is the last one that has taken effect.
   bool IsLastRenewal() const {
     return terms_.today > notice_ && last_invoiced_ < renewal_end_ &&
-           contract_.last_listed < renewal_end_;
+           contract_.mdtLetzteListe < renewal_end_;
   }
 
   // The selected period lies in this renewal or in a later one. A renewal term

@@ -30,8 +30,8 @@ struct RunningContract {
   NoticeRule notice;          // of the first term
   NoticeRule renewal_notice;  // of every later one
   std::int32_t alarm_weeks = 0;
-  std::size_t selected = 0;    // row of the list of invoice periods that was invoiced last
-  platform::Date last_listed;  // start of the last row of that list
+  std::size_t selected = 0;       // row of the list of invoice periods that was invoiced last
+  platform::Date mdtLetzteListe;  // start of the last row of that list
 };
 
 // An amount that is known only once positions are written.

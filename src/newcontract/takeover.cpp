@@ -60,7 +60,7 @@ contract::RunningContract frmNewContract::RunningContractOf(DefinitionSource& so
   running.renewal_notice = source.RenewalNotice();
   running.alarm_weeks = module_.gAlarmWochenKuendigung;
   running.selected = static_cast<std::size_t>(lstInvoices.ListIndex());
-  running.last_listed = mdtLetzteListe;
+  running.mdtLetzteListe = mdtLetzteListe;
   return running;
 }
 

@@ -29,7 +29,7 @@ std::string Listed(const InvoicePeriodList& list) {
   std::string text;
   for (const InvoicePeriod& row : list.rows) text += Text(row.start) + " ";
   if (!list.rows.empty()) text += "- " + Text(list.rows.back().last_day);
-  return text + (list.list_end ? " < " + Text(*list.list_end) : "");
+  return text + (list.mdtListEnde ? " < " + Text(*list.mdtListEnde) : "");
 }
 
 TEST(InvoicePeriods, AreThese) {
@@ -101,7 +101,7 @@ TEST(InvoicePeriods, FollowEachOtherForEveryBegin) {
           ASSERT_EQ(start, AddDays(list.rows[i - 1].last_day, 1)) << Text(begin);
           ASSERT_LE(ToCivil(start).day, ToCivil(list.rows[i - 1].start).day) << Text(begin);
         }
-        const Date bound = list.list_end      ? *list.list_end
+        const Date bound = list.mdtListEnde   ? *list.mdtListEnde
                            : renewals < today ? today
                                               : AddDays(renewals, -1);
         ASSERT_LT(list.rows.back().start, bound);

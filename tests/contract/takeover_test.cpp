@@ -55,7 +55,7 @@ RunningContract Quarterly(const char* today, const char* selected, std::int32_t 
   const auto rows = ListInvoicePeriods(contract.terms).rows;
   const auto row = std::ranges::find(rows, Day(selected), &InvoicePeriod::start);
   contract.selected = static_cast<std::size_t>(row - rows.begin());
-  contract.last_listed = rows.back().start;
+  contract.mdtLetzteListe = rows.back().start;
   return contract;
 }
 
@@ -233,7 +233,7 @@ TEST(Takeover, LawsHoldForEveryRowOnEveryDayOfFourYears) {
     for (Date today = Day("01.01.2023"); today < Day("01.01.2027"); today.days += 1) {
       contract.terms.today = today;
       const auto rows = ListInvoicePeriods(contract.terms).rows;
-      contract.last_listed = rows.back().start;
+      contract.mdtLetzteListe = rows.back().start;
       for (contract.selected = 0; contract.selected < rows.size(); ++contract.selected) {
         const InvoicePeriod& row = rows[contract.selected];
         CheckLaws(contract, row);
