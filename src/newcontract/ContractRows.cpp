@@ -25,16 +25,16 @@ ContractRows::ContractRows(shell::Module& module, DefinitionSource& source,
                            const ContractInput& input)
     : module_(module), source_(source), input_(input), discount_(input.discount) {
   host::HostTables& tables = module.gDb->Tables();
-  const auto definition_positions = tables.Item(table::vv_Definitionspositionen);
+  const auto moDefPositionen = tables.Item(table::vv_Definitionspositionen);
   moVertraege = tables.Item(table::vv_Vertraege);
   moVertragsstaende = tables.Item(table::vv_Vertragsstaende);
   moVertragspositionen = tables.Item(table::vv_Vertragspositionen);
   moDefinitionen = tables.Item(table::vv_Vertragsdefinitionen);
   moArtikel = tables.Item(table::Artikel);
 
-  definition_positions->FilterOff(host::kTrue, host::kFlagsUsual);
-  definition_positions->FilterOff2(host::kTrue, host::kFlagsUsual);
-  definition_positions->Indexes().SelectNone(host::kFlagsNone);
+  moDefPositionen->FilterOff(host::kTrue, host::kFlagsUsual);
+  moDefPositionen->FilterOff2(host::kTrue, host::kFlagsUsual);
+  moDefPositionen->Indexes().SelectNone(host::kFlagsNone);
   moVertraege->Indexes().SelectNone(host::kFlagsUsual);
   moVertraege->LinkChildren();
   moVertragsstaende->LinkChildren();

@@ -22,13 +22,13 @@ class StoredPosition final : public DefinitionPosition {
 
 StoredDefinition::StoredDefinition(std::shared_ptr<host::HostTable> definitions,
                                    std::shared_ptr<host::HostTable> positions)
-    : definitions_(std::move(definitions)),
-      positions_(std::move(positions)),
+    : moDefinitionen(std::move(definitions)),
+      moDefPositionen(std::move(positions)),
       attribute_{host::ToText(Field(field::SetztMerkmalGruppe)),
                  host::ToText(Field(field::SetztMerkmal)), host::ToText(Field(field::SetztWert))} {}
 
 host::Value StoredDefinition::Field(std::string_view name) {
-  return definitions_->Fields().Item(name).Value();
+  return moDefinitionen->Fields().Item(name).Value();
 }
 
 host::Value StoredDefinition::RenewalWorkflowId() { return Field(field::WorkflowID); }
@@ -39,9 +39,9 @@ std::string StoredDefinition::FirstPeriodName(std::int32_t) {
 
 void StoredDefinition::ForEachPosition(PositionOrder,
                                        const std::function<void(DefinitionPosition&)>& visit) {
-  StoredPosition position(positions_->Fields());
-  for (positions_->MoveFirst(host::kFlagsUsual); !positions_->Eof();
-       positions_->MoveNext(1, host::kFlagsUsual)) {
+  StoredPosition position(moDefPositionen->Fields());
+  for (moDefPositionen->MoveFirst(host::kFlagsUsual); !moDefPositionen->Eof();
+       moDefPositionen->MoveNext(1, host::kFlagsUsual)) {
     visit(position);
   }
 }

@@ -28,8 +28,8 @@ class StoredDefinition final : public DefinitionSource {
                        const std::function<void(DefinitionPosition&)>& visit) override;
 
  private:
-  std::shared_ptr<host::HostTable> definitions_;
-  std::shared_ptr<host::HostTable> positions_;
+  std::shared_ptr<host::HostTable> moDefinitionen;
+  std::shared_ptr<host::HostTable> moDefPositionen;
   SetAttribute attribute_;
 };
 

@@ -112,8 +112,9 @@ class frmNewContract final : public ui::Form {
   static void txtRabatt_KeyPress(std::int32_t& key);
   void txtRabatt_Validate(bool& cancel);
 
-  // Saving.
+  // Leaving.
   void cmdOK_Click();
+  void cmdCancel_Click();
   bool HasRequiredAttribute();
   bool Save(DefinitionSource& source);
   bool SaveFromMemory();

@@ -65,7 +65,7 @@ void frmNewContract::Wire() {
   txtRabatt.Validate = [this](bool& cancel) { txtRabatt_Validate(cancel); };
   chkOldContract.Click = [this] { chkOldContract_Click(); };
   cmdOK.Click = [this] { cmdOK_Click(); };
-  cmdCancel.Click = [this] { Hide(); };
+  cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 
 void frmNewContract::Form_Load() {

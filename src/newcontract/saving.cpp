@@ -41,6 +41,8 @@ void frmNewContract::cmdOK_Click() {
   });
 }
 
+void frmNewContract::cmdCancel_Click() { Hide(); }
+
 // False, after a message, when the address lacks the attribute that the stored
 // type demands; a type changed in memory demands the same.
 bool frmNewContract::HasRequiredAttribute() {
