@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 
+#include "contract/money.h"
 #include "schema/names.h"
 #include "shell/Module.h"
 
@@ -60,6 +61,9 @@ bool CreateVandVS(shell::Module& module);
 // Fills gApiPositionRows from the articles, merging equal ones. True when there
 // was at least one article. The cursor of the article table is put back.
 bool GetNewPositions(shell::Module& module, std::int32_t lZahlungsperiode, double dblRabatt);
+
+// The one rounding of amounts, under the name that it has on this road.
+inline double RoundToCents(double amount) { return contract::RoundCents(amount); }
 
 using PeriodPrices = std::array<double, schema::kPeriods.size()>;
 

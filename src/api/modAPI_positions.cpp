@@ -179,7 +179,7 @@ PeriodPrices CalculatePrices(std::int32_t lPreisDauer, double dPreis) {
   const double base = dPreis / lPreisDauer;
   PeriodPrices prices{};
   for (std::size_t i = 0; i < prices.size(); ++i) {
-    prices[i] = contract::RoundCents(base * schema::kPeriods[i]);
+    prices[i] = RoundToCents(base * schema::kPeriods[i]);
   }
   return prices;
 }
