@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/HostApp.h"
@@ -16,10 +17,14 @@ class CAddonError {
  public:
   // Creates the host's error text object. The module must outlive the reporter.
   explicit CAddonError(Module& module);
+  virtual ~CAddonError() = default;
 
   // Shows "Fehler &H<number> in <source>", a line break and the host's text for
   // the number, titled "Fehler in <procedure>"; returns when the box is closed.
-  void ShowErrText(const std::string& psProcedure, const platform::Error& objErr);
+  // Without objErr the error is the one that is being handled.
+  // Requires: objErr, or called in a catch block.
+  virtual void ShowErrText(const std::string& psProcedure,
+                           const std::optional<platform::Error>& objErr = std::nullopt);
 
  private:
   ui::Screen& screen_;

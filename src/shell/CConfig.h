@@ -28,33 +28,38 @@ class CConfig {
  public:
   // Works on the module's gDb of this moment. The module must outlive the object.
   explicit CConfig(Module& module) : module_(module), mDb(module.gDb) {}
+  virtual ~CConfig() = default;
 
   // True for a text that begins with the number -1 or is "t", "true", "w" or
   // "wahr" in any case; a Boolean counts as its text.
-  bool CBoolean(const host::Value& vValue);
+  virtual bool CBoolean(const host::Value& vValue);
 
-  std::string ReadPrivateSetting(std::string_view psSetting, std::string_view psDefault = {});
-  void WritePrivateSetting(std::string_view psSetting, std::string_view psValue);
-  std::string ReadPublicSetting(std::string_view psSetting, std::string_view psDefault = {});
-  void WritePublicSetting(std::string_view psSetting, std::string_view psValue);
+  virtual std::string ReadPrivateSetting(std::string_view psSetting,
+                                         std::string_view psDefault = {});
+  virtual void WritePrivateSetting(std::string_view psSetting, std::string_view psValue);
+  virtual std::string ReadPublicSetting(std::string_view psSetting,
+                                        std::string_view psDefault = {});
+  virtual void WritePublicSetting(std::string_view psSetting, std::string_view psValue);
 
   // Settings of the database and of tables are never written: the two write
   // operations do nothing while writing is not allowed, which it never is.
-  std::string ReadDatabaseSetting(std::string_view psSetting, std::string_view psDefault = {});
-  void WriteDatabaseSetting(std::string_view psSetting, std::string_view psValue);
+  virtual std::string ReadDatabaseSetting(std::string_view psSetting,
+                                          std::string_view psDefault = {});
+  virtual void WriteDatabaseSetting(std::string_view psSetting, std::string_view psValue);
 
-  std::string ReadPersistVarSetting(std::string_view psSetting, std::string_view psDefault = {});
+  virtual std::string ReadPersistVarSetting(std::string_view psSetting,
+                                            std::string_view psDefault = {});
   // Creates a missing variable; leaves a read-only one alone.
-  void WritePersistVarSetting(std::string_view psSetting, const host::Value& psValue);
+  virtual void WritePersistVarSetting(std::string_view psSetting, const host::Value& psValue);
 
-  std::string ReadTableSetting(const std::shared_ptr<host::HostTable>& pTable,
-                               std::string_view psSetting, std::string_view psDefault = {});
-  void WriteTableSetting(const std::shared_ptr<host::HostTable>& pTable, std::string_view psSetting,
-                         std::string_view psValue);
+  virtual std::string ReadTableSetting(const std::shared_ptr<host::HostTable>& pTable,
+                                       std::string_view psSetting, std::string_view psDefault = {});
+  virtual void WriteTableSetting(const std::shared_ptr<host::HostTable>& pTable,
+                                 std::string_view psSetting, std::string_view psValue);
 
   // The current user's private value, else the database's, else the default, in
   // the host's own global application. The key is not cut; nothing is written.
-  std::string ReadSetting(std::string_view psSetting, std::string_view psDefault = {});
+  virtual std::string ReadSetting(std::string_view psSetting, std::string_view psDefault = {});
 
  private:
   host::HostDb& Db() const;  // raises error 91 when there was none

@@ -18,17 +18,18 @@ class CTableProperties {
  public:
   // The module must outlive the snapshot.
   explicit CTableProperties(Module& module) : module_(module) {}
+  virtual ~CTableProperties() = default;
 
-  void Init(const std::shared_ptr<host::HostTable>& pTable) { mTable = pTable; }
+  virtual void Init(const std::shared_ptr<host::HostTable>& pTable) { mTable = pTable; }
 
   // Overwrites an earlier snapshot. Raises error 91 without a table.
-  void Save();
+  virtual void Save();
 
   // Puts back the two modes, then the row, then the index; with
   // pbRestoreApplication the application's current objects and state as well.
   // A row that is gone leaves the cursor where it is, and so does a saved Eof; no
   // index selected at Save leaves the index alone. Does nothing before a Save.
-  void Restore(bool pbRestoreApplication = false);
+  virtual void Restore(bool pbRestoreApplication = false);
 
  private:
   Module& module_;
