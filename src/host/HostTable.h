@@ -65,8 +65,9 @@ class HostField {
   virtual host::Value Value() const = 0;
   // Converts to the field's type and keeps the value pending until the row is
   // stored. An empty value leaves the field unwritten; the number 0 in a date
-  // field means no date. Raises error 13 for a value that the type cannot take
-  // and an error for a text longer than Size().
+  // field means no date. Raises error 13 for a value that the type cannot take,
+  // error 6 for a number out of its range, and an error for a text longer than
+  // Size().
   virtual void SetValue(const host::Value& value) = 0;
   virtual std::string Name() const = 0;
   // Maximum length in characters; 0 where the type has none.

@@ -12,8 +12,8 @@
 
 namespace pactora::store {
 
-// The value in the field's type; empty stays empty. Raises error 13 for a value
-// that the type cannot take and StoreError::TextTooLong for a longer text.
+// The value in the field's type; empty stays empty. Raises error 13 for a value that the type
+// cannot take, error 6 for a number out of its range and StoreError::TextTooLong for a longer text.
 host::Value ConvertToField(const schema::Field& field, const host::Value& value);
 
 // The keys of a row, one for each index of its table. parent_cells may be null
