@@ -17,6 +17,8 @@ namespace field = schema::field;
 namespace {
 
 constexpr char kNumberMissing[] = "Vergeben Sie bitte eine Vertragsnummer!";
+constexpr char kNotOpened[] =
+    "Der Dialog konnte nicht vollständig geöffnet werden. Es wird kein Vertrag gespeichert.";
 constexpr std::int32_t kDaysUntilReminder = 2;
 
 std::string AttributeMissing(const std::string& attribute, const std::string& value) {
@@ -28,8 +30,12 @@ std::string AttributeMissing(const std::string& attribute, const std::string& va
 
 void frmNewContract::cmdOK_Click() {
   shell::WithInlineMessage(module_, shell::module_name::frmNewContract, "cmdOK_Click", [&] {
+    if (lvwBezeichnung.RowCount() == 0) return;
     // A dialog whose opening failed half way knows no type, whatever its list shows.
-    if (lvwBezeichnung.RowCount() == 0 || !mbInitDone) return;
+    if (!mbInitDone) {
+      throw platform::Error(static_cast<std::int32_t>(platform::RuntimeError::ObjectNotSet),
+                            kNotOpened);
+    }
     const std::string oid = lvwBezeichnung.Text(lvwBezeichnung.SelectedRow(), column::kOid);
     if (!moDefinitionen->FindOid(oid, host::kFlagsUsual)) return;
     StoredDefinition stored(moDefinitionen, Tables().Item(schema::table::vv_Definitionspositionen));

@@ -108,6 +108,7 @@ TEST(OpeningWithoutWorkflows, NeedsNoWorkflowTable) {
 // not ready is not shown. Only the workflow controls and the date pattern can do
 // without.
 TEST(OpeningFailures, AreShownAndKeepTheDialogClosed) {
+  std::size_t refused = 0;  // with types in the list
   for (std::size_t nth = 1;; ++nth) {
     support::ContractWorld world;
     world.Add(table::vv_Vertragsdefinitionen, Quarterly({{field::SetztMerkmalGruppe, "Kunden"},
@@ -122,6 +123,7 @@ TEST(OpeningFailures, AreShownAndKeepTheDialogClosed) {
     if (!probe.HasFailed()) {
       EXPECT_TRUE(ready);
       EXPECT_GT(nth, 50u);
+      EXPECT_GT(refused, 10u);
       break;
     }
     ASSERT_FALSE(world.screen.Messages().empty()) << probe.Failed();
@@ -133,10 +135,21 @@ TEST(OpeningFailures, AreShownAndKeepTheDialogClosed) {
     } else {
       EXPECT_THAT(message.text, HasSubstr("in vv_FNewContract.InitNew")) << probe.Failed();
       EXPECT_EQ(message.title, "Pactora");
-      // A caller may keep it and show it again: it stores no half-known contract.
+      // A caller may keep it and show it again: it stores no half-known contract,
+      // and says so where it lists types to choose from.
+      const std::size_t told = world.screen.Messages().size();
       form.BeginModal();
       ui::Person(form).Click(form.ChkAutoNumber);
       ui::Person(form).Click(form.cmdOK);
+      ASSERT_EQ(world.screen.Messages().size(), told + (form.lvwBezeichnung.RowCount() > 0))
+          << probe.Failed();
+      if (form.lvwBezeichnung.RowCount() > 0) {
+        ++refused;
+        EXPECT_EQ(
+            world.screen.Messages().back().text,
+            "Fehler &H5B\r\n(Der Dialog konnte nicht vollständig geöffnet werden. Es wird kein "
+            "Vertrag gespeichert.)\r\nin vv_FNewContract.cmdOK_Click");
+      }
       EXPECT_EQ(world.Count(table::vv_Vertraege), 0u) << probe.Failed();
     }
   }
