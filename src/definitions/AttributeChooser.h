@@ -49,7 +49,8 @@ inline constexpr AttributeRole kPutAttribute{
     "Put", "Frame4", "Setzt Adressmerkmal bei Anlage eines neuen Vertrages", false};
 
 // Controls, members and procedures are called as those of the two, less the role:
-// cboGroup is cboRequiGroup in the one and cboPutGroup in the other.
+// cboGroup_Click is cboRequiGroup_Click in the one and cboPutGroup_Click in the
+// other, ReadAttributeList is ReadRequiAttributeList and ReadPutAttributeList.
 class AttributeChooser {
  public:
   // While loading is true the boxes' handlers do nothing. The references must

@@ -54,6 +54,7 @@ class frmFEditDefPositions final : public ui::Form {
                          const std::string& sPeriod);
   void CalcPeriodPrices();
   void CalcGesamt();
+  // txtAnzahl_Validate, and that of each unit price.
   void NumberBox_Validate(ui::TextBox& box, bool& cancel);
   void txtNettopreis_Validate(bool& cancel);
   void cmdOk_Click();

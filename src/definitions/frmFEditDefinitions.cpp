@@ -7,7 +7,7 @@
 namespace pactora::definitions {
 namespace {
 
-// A term is typed in digits.
+// txtDauer_KeyPress and txtDauer2_KeyPress: a term is typed in digits.
 void TakeDigitsOnly(std::int32_t& key) {
   const bool is_digit = key >= '0' && key <= '9';
   if (!is_digit && key != ui::kBackspace) key = 0;

@@ -1,4 +1,4 @@
-// The OK button: checks, the road to take, the dialog's values.
+// The buttons that end the dialog: checks, the road to take, the dialog's values.
 #include "contract/dates.h"
 #include "contract/modVV.h"
 #include "newcontract/MemoryDefinition.h"
