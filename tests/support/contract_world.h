@@ -26,8 +26,8 @@
 #include "shell/Module.h"
 #include "store/memory/MemoryStore.h"
 #include "store/rows.h"
+#include "support/RecordingScreen.h"
 #include "support/error_of.h"
-#include "ui/RecordingScreen.h"
 
 namespace pactora::host {
 
@@ -189,7 +189,7 @@ class ContractWorld {
     }
   }
 
-  ui::RecordingScreen screen;
+  RecordingScreen screen;
   platform::FixedClock clock{Day(15, 3, 2024)};
   embedded::Host host;
   shell::Module module;
