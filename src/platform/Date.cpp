@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cmath>
 #include <limits>
 
@@ -12,13 +13,20 @@ namespace {
 constexpr std::int32_t kSecondsOfDay = 86400;
 constexpr double kHalfSecond = 0.5 / kSecondsOfDay;
 
-// The calendar is counted in years that begin on 1 March, so that a leap day is
-// the last of its year, and in eras of 400 such years from year 0 on.
-constexpr std::int64_t kDaysOfEra = 146097;
-constexpr std::int64_t kDayZero = 693899;  // 30.12.1899, counted from 01.03.0000
+constexpr std::chrono::sys_days kDayZero =
+    std::chrono::year{1899} / std::chrono::December / std::chrono::day{30};
 
-constexpr std::int64_t FloorDivide(std::int64_t value, std::int64_t by) {
-  return (value >= 0 ? value : value - (by - 1)) / by;
+// The calendar repeats after an era of 400 years. The library's years have 16
+// bits, so whole eras are reckoned beside them.
+constexpr std::int32_t kYearsOfEra = 400;
+constexpr std::int32_t kDaysOfEra = 146097;
+
+constexpr std::chrono::year YearOfEra(std::int32_t year) {
+  return std::chrono::year{year % kYearsOfEra};
+}
+
+constexpr std::chrono::month Month(std::int32_t month) {
+  return std::chrono::month{static_cast<unsigned>(month)};
 }
 
 struct Moment {
@@ -39,16 +47,10 @@ Moment Split(Date date) {
 }
 
 CivilDate CivilOfDay(std::int32_t day_number) {
-  const std::int64_t day = day_number + kDayZero;
-  const std::int64_t era = FloorDivide(day, kDaysOfEra);
-  const std::int64_t of_era = day - era * kDaysOfEra;
-  const std::int64_t year = (of_era - of_era / 1460 + of_era / 36524 - of_era / 146096) / 365;
-  const std::int64_t of_year = of_era - (365 * year + year / 4 - year / 100);
-  const std::int64_t month = (5 * of_year + 2) / 153;  // 0 is March
-  const bool next_year = month >= 10;
-  return {static_cast<std::int32_t>(era * 400 + year + (next_year ? 1 : 0)),
-          static_cast<std::int32_t>(next_year ? month - 9 : month + 3),
-          static_cast<std::int32_t>(of_year - (153 * month + 2) / 5 + 1)};
+  const std::chrono::year_month_day civil(kDayZero + std::chrono::days(day_number % kDaysOfEra));
+  return {static_cast<int>(civil.year()) + day_number / kDaysOfEra * kYearsOfEra,
+          static_cast<std::int32_t>(static_cast<unsigned>(civil.month())),
+          static_cast<std::int32_t>(static_cast<unsigned>(civil.day()))};
 }
 
 void AppendNumber(std::string& out, std::int64_t number, std::size_t digits) {
@@ -84,11 +86,11 @@ std::optional<Date> ParseFixed(std::string_view text, std::string_view pattern) 
 
 }  // namespace
 
-bool IsLeapYear(std::int32_t year) { return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0); }
+bool IsLeapYear(std::int32_t year) { return YearOfEra(year).is_leap(); }
 
 std::int32_t DaysInMonth(std::int32_t year, std::int32_t month) {
-  constexpr std::array<std::int32_t, 12> kDays = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return kDays[static_cast<std::size_t>(month - 1)] + (month == 2 && IsLeapYear(year) ? 1 : 0);
+  const std::chrono::day last = (YearOfEra(year) / Month(month) / std::chrono::last).day();
+  return static_cast<std::int32_t>(static_cast<unsigned>(last));
 }
 
 bool IsValid(const CivilDate& date) {
@@ -97,13 +99,9 @@ bool IsValid(const CivilDate& date) {
 }
 
 std::int32_t DayNumber(const CivilDate& date) {
-  const std::int64_t month = date.month > 2 ? date.month - 3 : date.month + 9;
-  const std::int64_t year = static_cast<std::int64_t>(date.year) - (date.month > 2 ? 0 : 1);
-  const std::int64_t era = FloorDivide(year, 400);
-  const std::int64_t of_era = year - era * 400;
-  const std::int64_t days = of_era * 365 + of_era / 4 - of_era / 100 + (153 * month + 2) / 5 +
-                            (static_cast<std::int64_t>(date.day) - 1);
-  return static_cast<std::int32_t>(era * kDaysOfEra + days - kDayZero);
+  const std::chrono::sys_days first = YearOfEra(date.year) / Month(date.month) / 1;
+  const std::int64_t eras = date.year / kYearsOfEra;
+  return static_cast<std::int32_t>(eras * kDaysOfEra + (first - kDayZero).count() + date.day - 1);
 }
 
 Date FromCivil(std::int32_t year, std::int32_t month, std::int32_t day) {
