@@ -1,7 +1,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <span>
 
 #include "platform/case_tables.h"
@@ -56,27 +55,6 @@ Character Decode(std::string_view text) {
   return {code, bytes};
 }
 
-// Requires: code is a character of Unicode.
-void Encode(std::string& out, std::uint32_t code) {
-  const auto put = [&](std::uint32_t byte) { out.push_back(static_cast<char>(byte)); };
-  const auto tail = [&](unsigned shift) { put(0x80 | (code >> shift & 0x3F)); };
-  if (code < 0x80) {
-    put(code);
-  } else if (code < 0x800) {
-    put(0xC0 | code >> 6);
-    tail(0);
-  } else if (code < 0x10000) {
-    put(0xE0 | code >> 12);
-    tail(6);
-    tail(0);
-  } else {
-    put(0xF0 | code >> 18);
-    tail(12);
-    tail(6);
-    tail(0);
-  }
-}
-
 std::uint32_t Map(std::uint32_t code, std::span<const CaseRange> ranges) {
   const auto range = std::lower_bound(
       ranges.begin(), ranges.end(), code,
@@ -103,7 +81,7 @@ void AppendMapped(std::string& out, std::string_view text, std::span<const CaseR
     if (mapped == character.code) {
       out.append(text.substr(0, character.bytes));
     } else {
-      Encode(out, mapped);
+      AppendCharacter(out, mapped);
     }
     text.remove_prefix(character.bytes);
   }
@@ -139,6 +117,31 @@ bool IsValidUtf8(std::string_view text) {
     text.remove_prefix(character.bytes);
   }
   return true;
+}
+
+std::optional<std::uint32_t> FirstCode(std::string_view text) {
+  const std::uint32_t code = Decode(text).code;
+  return code < kInvalidBase ? std::optional(code) : std::nullopt;
+}
+
+void AppendCharacter(std::string& out, std::uint32_t code) {
+  const auto put = [&](std::uint32_t byte) { out.push_back(static_cast<char>(byte)); };
+  const auto tail = [&](unsigned shift) { put(0x80 | (code >> shift & 0x3F)); };
+  if (code < 0x80) {
+    put(code);
+  } else if (code < 0x800) {
+    put(0xC0 | code >> 6);
+    tail(0);
+  } else if (code < 0x10000) {
+    put(0xE0 | code >> 12);
+    tail(6);
+    tail(0);
+  } else {
+    put(0xF0 | code >> 18);
+    tail(12);
+    tail(6);
+    tail(0);
+  }
 }
 
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +12,12 @@ namespace pactora::platform {
 // Number of characters. A byte that is no valid UTF-8 counts as one character.
 std::size_t Length(std::string_view text);
 bool IsValidUtf8(std::string_view text);
+
+// The number of the first character; none for a byte that is no valid UTF-8.
+// Requires: the text is not empty.
+std::optional<std::uint32_t> FirstCode(std::string_view text);
+// Requires: code is the number of a character, thus no surrogate.
+void AppendCharacter(std::string& out, std::uint32_t code);
 
 // The first or last count characters, or all of a shorter text.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
