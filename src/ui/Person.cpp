@@ -174,6 +174,10 @@ Outcome Person::Choose(Control& control, std::int32_t index) {
   auto* list = dynamic_cast<ListControl*>(&control);
   auto* view = dynamic_cast<ListView*>(&control);
   if (!list && !view) return Impossible(Hindrance::WrongKind);
+  const auto* combo = dynamic_cast<const ComboBox*>(list);
+  if (index == ListControl::kNone && combo && combo->ListOnly()) {
+    return Impossible(Hindrance::EntryNeeded);
+  }
   const auto exists = [&] {
     return index >= ListControl::kNone && index < (list ? list->Count() : view->RowCount());
   };

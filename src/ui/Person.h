@@ -61,8 +61,9 @@ class Person {
   Outcome Paste(Control& control, std::string text);
 
   // An entry of a combo box or list box (from 0) or a row of a list view (as its
-  // number from 0 here, too), -1 for none. A click on a row of a list view always
-  // counts; choosing the chosen entry of a box changes nothing.
+  // number from 0 here, too), -1 for none, which a list-only combo box does not
+  // offer. A click on a row of a list view always counts; choosing the chosen entry
+  // of a box changes nothing.
   Outcome Choose(Control& control, std::int32_t index);
   // The first entry with that text; in a list view by its first shown column.
   Outcome ChooseText(Control& control, std::string_view text);

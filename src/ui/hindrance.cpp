@@ -26,6 +26,8 @@ std::string Describe(Hindrance hindrance) {
       return "kann nur gelesen werden";
     case Hindrance::NotInList:
       return "hat keinen solchen Eintrag";
+    case Hindrance::EntryNeeded:
+      return "braucht einen Eintrag aus der Liste";
     case Hindrance::DateNeeded:
       return "braucht ein Datum wie 2024-03-15";
   }

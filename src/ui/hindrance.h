@@ -17,7 +17,8 @@ enum class Hindrance {
   WrongValue,     // nor a value of this kind
   ReadOnly,
   NotInList,
-  DateNeeded,  // a date picker without a check box always shows a date
+  EntryNeeded,  // a box with entries of a list alone cannot be emptied
+  DateNeeded,   // a date picker without a check box always shows a date
 };
 
 // For the user, in German: "ist gesperrt". Empty for None.

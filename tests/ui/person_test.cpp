@@ -219,6 +219,8 @@ TEST_F(PersonTest, CannotDoWhatTheControlDoesNotOffer) {
   Expect(Hindrance::WrongKind, person.PickDate(form.txtMemo, std::nullopt));
   Expect(Hindrance::NotInList, person.Choose(form.cboList, 2));
   Expect(Hindrance::NotInList, person.ChooseText(form.cboList, "Tage"));
+  Expect(Hindrance::EntryNeeded, person.Choose(form.cboList, -1));
+  EXPECT_TRUE(person.Choose(form.cboFree, -1).Done());
   Expect(Hindrance::DateNeeded, person.PickDate(form.dtpStart, std::nullopt));
   EXPECT_THAT(form.Ran(), IsEmpty());
   EXPECT_TRUE(person.Enter(form.txtMemo).Done()) << "a read-only box can have the focus";
