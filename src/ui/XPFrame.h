@@ -27,6 +27,8 @@ struct Rectangle {
 struct Extent {
   std::int32_t cx = 0;
   std::int32_t cy = 0;
+
+  friend bool operator==(const Extent&, const Extent&) = default;
 };
 
 // Parts, states and flags that go to the surface.

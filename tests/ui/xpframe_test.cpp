@@ -1,180 +1,124 @@
-// The frame's geometry, flags and order of drawing, as a recorded list of calls.
-
+// The frame's geometry, flags and order of drawing.
 #include "ui/XPFrame.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include <map>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace pactora::ui {
 namespace {
 
-std::string Text(const Rectangle& r) {
-  return std::to_string(r.left) + "," + std::to_string(r.top) + "," + std::to_string(r.right) +
-         "," + std::to_string(r.bottom);
-}
+using testing::NiceMock;
+using testing::Return;
+using testing::Throw;
+using Int = std::int32_t;
+using Text = std::string_view;
+using Probe = std::shared_ptr<void>;
 
-// A character is 6 pixels wide; writes down what is drawn.
-class RecordingSurface final : public FrameSurface {
- public:
-  bool styled = true;  // a visual style is active
-  bool has_probe = true;
-  bool probe_fails = false;
-  bool theme_fails = false;  // opening the theme raises
-  bool query_fails = false;
-  std::int32_t text_height = 13;
-  std::vector<std::string> calls;
-
-  std::int32_t IsAppThemed() override {
-    if (query_fails) throw std::runtime_error("no theme library");
-    return styled ? 1 : 0;
+struct Surface : FrameSurface {
+  explicit Surface(testing::Action<Probe()> probe, testing::Action<Int()> style) {
+    ON_CALL(*this, CreateThemeProbe()).WillByDefault(probe);
+    ON_CALL(*this, IsAppThemed()).WillByDefault(style);
   }
-  std::shared_ptr<void> CreateThemeProbe() override {
-    if (probe_fails) throw std::runtime_error("no such class");
-    return has_probe ? std::make_shared<int>(1) : nullptr;
-  }
-  void Clear() override { calls = {"clear"}; }
-  std::int32_t Width() override { return 200; }
-  std::int32_t Height() override { return 80; }
-  Extent GetTextExtent(std::string_view text) override {
-    calls.push_back("measure '" + std::string(text) + "'");
-    return {static_cast<std::int32_t>(6 * text.size()), text_height};
-  }
-  void FillBackground(const Rectangle& r) override { calls.push_back("fill " + Text(r)); }
-  Theme OpenThemeData(std::string_view class_list) override {
-    if (theme_fails) throw std::runtime_error("no theme");
-    calls.push_back("open " + std::string(class_list));
-    return 7;
-  }
-  void DrawThemeBackground(Theme theme, std::int32_t part, std::int32_t state,
-                           const Rectangle& r) override {
-    calls.push_back("background " + std::to_string(theme) + " " + std::to_string(part) + " " +
-                    std::to_string(state) + " " + Text(r));
-  }
-  void DrawThemeText(Theme, std::int32_t part, std::int32_t state, std::string_view text,
-                     std::int32_t flags, std::int32_t flags2, const Rectangle& r) override {
-    calls.push_back("text " + std::to_string(part) + " " + std::to_string(state) + " '" +
-                    std::string(text) + "' " + std::to_string(flags) + " " +
-                    std::to_string(flags2) + " " + Text(r));
-  }
-  void CloseThemeData(Theme theme) override { calls.push_back("close " + std::to_string(theme)); }
-  void DrawEdge(const Rectangle& r, std::int32_t edge, std::int32_t flags) override {
-    calls.push_back("edge " + std::to_string(edge) + " " + std::to_string(flags) + " " + Text(r));
-  }
-  void DrawState(std::string_view text, std::int32_t left, std::int32_t top, Extent size,
-                 std::int32_t flags) override {
-    calls.push_back("state '" + std::string(text) + "' " + std::to_string(left) + "," +
-                    std::to_string(top) + " " + std::to_string(size.cx) + "x" +
-                    std::to_string(size.cy) + " " + std::to_string(flags));
-  }
-  void EnableControl(bool enabled) override { calls.push_back(enabled ? "enable" : "disable"); }
+  Int Width() override { return 200; }
+  Int Height() override { return 80; }
+  MOCK_METHOD(Int, IsAppThemed, (), (override));
+  MOCK_METHOD(Probe, CreateThemeProbe, (), (override));
+  MOCK_METHOD(void, Clear, (), (override));
+  MOCK_METHOD(Extent, GetTextExtent, (Text), (override));
+  MOCK_METHOD(void, FillBackground, (const Rectangle&), (override));
+  MOCK_METHOD(Theme, OpenThemeData, (Text), (override));
+  MOCK_METHOD(void, DrawThemeBackground, (Theme, Int, Int, const Rectangle&), (override));
+  MOCK_METHOD(void, DrawThemeText, (Theme, Int, Int, Text, Int, Int, const Rectangle&), (override));
+  MOCK_METHOD(void, CloseThemeData, (Theme), (override));
+  MOCK_METHOD(void, DrawEdge, (const Rectangle&, Int, Int), (override));
+  MOCK_METHOD(void, DrawState, (Text, Int, Int, Extent, Int), (override));
+  MOCK_METHOD(void, EnableControl, (bool), (override));
 };
 
-using Calls = std::vector<std::string>;
+const Probe kProbe = std::make_shared<int>();
 
-TEST(XPFrame, DrawsWithTheVisualStyle) {
-  RecordingSurface surface;
-  XPFrame frame(surface, "fraTyp");
-  frame.SetCaption("&Typ");
-  EXPECT_EQ(surface.calls,
-            (Calls{"clear", "measure 'Typ'", "open Button", "background 7 4 0 0,6,200,80",
-                   "fill 7,0,29,13", "text 4 1 '&Typ' 0 0 9,0,27,13", "close 7"}));
-  frame.SetEnabled(false);
-  EXPECT_EQ(surface.calls.at(5), "text 4 1 '&Typ' 0 32 9,0,27,13");
-}
-
-TEST(XPFrame, DrawsAnEtchedLineWithoutAVisualStyle) {
-  RecordingSurface surface;
-  surface.styled = false;
-  surface.text_height = 15;
-  XPFrame frame(surface, "fraArt");
-  frame.SetCaption("A&&B");
-  EXPECT_EQ(surface.calls, (Calls{"clear", "measure 'AB'", "edge 6 15 0,8,200,80", "fill 3,0,17,15",
-                                  "state 'A&&B' 4,0 12x15 2"}));
-  frame.SetEnabled(false);
-  EXPECT_EQ(surface.calls.back(), "state 'A&&B' 4,0 12x15 34");
-}
-
-TEST(XPFrame, AnEmptyCaptionHasAHeightAndNoGap) {
-  RecordingSurface surface;
-  XPFrame frame(surface, "fra");
-  frame.SetCaption("");
-  EXPECT_EQ(surface.calls,
-            (Calls{"clear", "measure ' '", "open Button", "background 7 4 0 0,6,200,80",
-                   "text 4 1 '' 0 0 9,0,15,13", "close 7"}));
+TEST(XPFrame, DrawsItsCaptionIntoTheLine) {
+  struct {
+    Int styled;
+    Text caption, measured;
+    Extent size;
+    Rectangle line, gap, at;
+    bool enabled;
+    Int flags;
+  } const rows[] = {
+      {1, "&Typ", "Typ", {18, 13}, {0, 6, 200, 80}, {7, 0, 29, 13}, {9, 0, 27, 13}, true, 0},
+      {1, "", " ", {6, 15}, {0, 8, 200, 80}, {}, {9, 0, 15, 15}, false, 32},
+      {0, "A&&B", "AB", {12, 15}, {0, 8, 200, 80}, {3, 0, 17, 15}, {4, 0, 16, 15}, true, 2},
+      {0, "", " ", {6, 16}, {0, 8, 200, 80}, {}, {4, 0, 10, 16}, false, 34},
+  };
+  for (const auto& [styled, caption, measured, size, line, gap, at, enabled, flags] : rows) {
+    NiceMock<Surface> surface(Return(kProbe), Return(styled));
+    XPFrame frame(surface, "fra");
+    frame.SetEnabled(enabled);
+    const testing::InSequence drawing;
+    EXPECT_CALL(surface, Clear());
+    EXPECT_CALL(surface, GetTextExtent(measured)).WillOnce(Return(size));
+    if (styled) {
+      EXPECT_CALL(surface, OpenThemeData(Text("Button"))).WillOnce(Return(7));
+      EXPECT_CALL(surface, DrawThemeBackground(7, 4, 0, line));
+    } else {
+      EXPECT_CALL(surface, DrawEdge(line, 6, 15));
+    }
+    EXPECT_CALL(surface, FillBackground(gap)).Times(caption.empty() ? 0 : 1);
+    if (styled) {
+      EXPECT_CALL(surface, DrawThemeText(7, 4, 1, caption, 0, flags, at));
+      EXPECT_CALL(surface, CloseThemeData(7));
+    } else {
+      EXPECT_CALL(surface, DrawState(caption, at.left, at.top, size, flags));
+    }
+    frame.SetCaption(std::string(caption));
+  }
 }
 
 TEST(XPFrame, IsThemedOnlyWithAProbeAndAnActiveStyle) {
-  struct Case {
-    bool styled, has_probe, probe_fails, query_fails, themed;
+  const auto themed = [](testing::Action<Probe()> probe, testing::Action<Int()> style) {
+    NiceMock<Surface> surface(probe, style);
+    return XPFrame(surface, "fra").Themed();
   };
-  for (const Case& c :
-       {Case{true, true, false, false, true}, Case{false, true, false, false, false},
-        Case{true, false, false, false, false}, Case{true, true, true, false, false},
-        Case{true, true, false, true, false}}) {
-    RecordingSurface surface;
-    surface.styled = c.styled;
-    surface.has_probe = c.has_probe;
-    surface.probe_fails = c.probe_fails;
-    surface.query_fails = c.query_fails;
-    EXPECT_EQ(XPFrame(surface, "fra").Themed(), c.themed);
-  }
+  const std::runtime_error no_library("no such library");
+  EXPECT_TRUE(themed(Return(kProbe), Return(1)));
+  EXPECT_FALSE(themed(Return(kProbe), Return(0)));
+  EXPECT_FALSE(themed(Return(kProbe), Throw(no_library)));
+  EXPECT_FALSE(themed(Return(nullptr), Return(1)));
+  EXPECT_FALSE(themed(Throw(no_library), Return(1)));
 }
 
-TEST(XPFrame, AnErrorEndsTheRepaintWithoutAWord) {
-  RecordingSurface surface;
-  XPFrame frame(surface, "fra");
-  surface.theme_fails = true;
-  EXPECT_NO_THROW(frame.DrawFrame());
-  EXPECT_EQ(surface.calls, (Calls{"clear", "measure 'fra'"}));
-  surface.theme_fails = false;
-  frame.DrawFrame();
-  EXPECT_EQ(surface.calls.back(), "close 7") << "the next paint draws it whole";
-}
-
-class MapStore final : public PropertyStore {
+class Store : public PropertyStore {
  public:
-  std::map<std::string, std::string, std::less<>> values;
-
-  bool ReadBoolean(std::string_view key, bool default_value) override {
-    const auto found = values.find(key);
-    return found == values.end() ? default_value : found->second == "1";
-  }
-  std::string ReadText(std::string_view key, const std::string& default_value) override {
-    const auto found = values.find(key);
-    return found == values.end() ? default_value : found->second;
-  }
-  void WriteBoolean(std::string_view key, bool value, bool default_value) override {
-    if (value != default_value) values[std::string(key)] = value ? "1" : "0";
-  }
-  void WriteText(std::string_view key, const std::string& value,
-                 const std::string& default_value) override {
-    if (value != default_value) values[std::string(key)] = value;
-  }
+  MOCK_METHOD(bool, ReadBoolean, (Text, bool), (override));
+  MOCK_METHOD(std::string, ReadText, (Text, const std::string&), (override));
+  MOCK_METHOD(void, WriteBoolean, (Text, bool, bool), (override));
+  MOCK_METHOD(void, WriteText, (Text, const std::string&, const std::string&), (override));
 };
 
-TEST(XPFrame, KeepsItsPropertiesAndTellsOfChanges) {
-  RecordingSurface surface;
-  XPFrame frame(surface, "fraWorkflow");
-  EXPECT_TRUE(frame.Enabled());
-  EXPECT_EQ(frame.Caption(), "fraWorkflow");
-  MapStore store;
+TEST(XPFrame, KeepsItsPropertiesAndReportsTheirChange) {
+  NiceMock<Surface> surface(Return(kProbe), Return(1));
+  XPFrame frame(surface, "fra");
+  testing::StrictMock<Store> store;
+  EXPECT_CALL(store, WriteBoolean(Text("Enabled"), true, true));
+  EXPECT_CALL(store, WriteText(Text("Caption"), "fra", "fra"));
   frame.WriteProperties(store);
-  EXPECT_TRUE(store.values.empty()) << "defaults are not written";
-  int changes = 0;
-  frame.PropertyChanged = [&] { ++changes; };
-  frame.SetEnabled(false);
-  EXPECT_EQ(surface.calls.front(), "clear");
-  frame.SetCaption("Workflow");
-  EXPECT_EQ(changes, 2);
-  frame.WriteProperties(store);
-  XPFrame other(surface, "fraWorkflow");
-  other.ReadProperties(store);
-  EXPECT_FALSE(other.Enabled());
-  EXPECT_EQ(other.Caption(), "Workflow");
+  EXPECT_CALL(store, ReadBoolean(Text("Enabled"), true)).WillOnce(Return(false));
+  EXPECT_CALL(store, ReadText(Text("Caption"), "fra")).WillOnce(Return("Workflow"));
+  frame.ReadProperties(store);
+  EXPECT_FALSE(frame.Enabled());
+  EXPECT_EQ(frame.Caption(), "Workflow");
+
+  testing::MockFunction<void()> changed;
+  frame.PropertyChanged = changed.AsStdFunction();
+  EXPECT_CALL(changed, Call()).Times(2);
+  EXPECT_CALL(surface, EnableControl(true));
+  // An error ends a repaint without a word.
+  EXPECT_CALL(surface, Clear()).Times(2).WillRepeatedly(Throw(std::runtime_error("gone")));
+  EXPECT_CALL(surface, OpenThemeData).Times(0);
+  frame.SetEnabled(true);
+  frame.SetCaption("Art");
 }
 
 }  // namespace
