@@ -86,8 +86,6 @@ std::optional<Date> ParseFixed(std::string_view text, std::string_view pattern) 
 
 }  // namespace
 
-bool IsLeapYear(std::int32_t year) { return YearOfEra(year).is_leap(); }
-
 std::int32_t DaysInMonth(std::int32_t year, std::int32_t month) {
   const std::chrono::day last = (YearOfEra(year) / Month(month) / std::chrono::last).day();
   return static_cast<std::int32_t>(static_cast<unsigned>(last));

@@ -36,7 +36,6 @@ struct CivilDate {
   friend bool operator==(const CivilDate&, const CivilDate&) = default;
 };
 
-bool IsLeapYear(std::int32_t year);
 // Requires: month is 1 to 12.
 std::int32_t DaysInMonth(std::int32_t year, std::int32_t month);
 bool IsValid(const CivilDate& date);

@@ -28,40 +28,37 @@ struct Dispatch : testing::Test {
   std::vector<std::string> errors;
 };
 
-TEST_F(Dispatch, HandsTheErrorOfAPersonsEventToTheForm) {
-  form.on_ok = Fail;
-  EXPECT_TRUE(person.Click(form.cmdOK).Done());
-  EXPECT_THAT(errors, ElementsAre("cmdOK_Click 11"));
-}
-
-TEST_F(Dispatch, CountsAForeignExceptionAsInternalFault) {
-  form.on_ok = [] { throw std::runtime_error("full"); };
-  person.Click(form.cmdOK);
-  EXPECT_THAT(errors, ElementsAre("cmdOK_Click 51"));
-}
-
-TEST_F(Dispatch, RaisesTheErrorOfAChangeByCodeToThatCode) {
+TEST_F(Dispatch, HandsTheErrorOfAPersonsOutermostEventToTheForm) {
   form.txtDauer.Change = Fail;
-  EXPECT_THROW(form.txtDauer.SetText("1"), platform::Error);
-  EXPECT_THAT(errors, IsEmpty());
-}
-
-TEST_F(Dispatch, NamesTheOutermostEventOfAPersonsAction) {
-  form.txtDauer.Change = Fail;
-  bool went_on = false;
-  form.on_ok = [&] {
-    form.txtDauer.SetText("1");
-    went_on = true;
+  struct {
+    const char* name;
+    std::function<void()> on_ok;
+    std::vector<std::string> errors;
+  } const rows[] = {
+      {"of its own", Fail, {"cmdOK_Click 11"}},
+      {"a foreign exception", [] { throw std::runtime_error("full"); }, {"cmdOK_Click 51"}},
+      {"of a change by its code",
+       [this] { form.txtDauer.SetText("1"), ADD_FAILURE() << "went on"; },
+       {"cmdOK_Click 11"}},
+      {"caught by itself",
+       [this] { EXPECT_THROW(form.txtDauer.SetText("2"), platform::Error); },
+       {}},
   };
-  person.Click(form.cmdOK);
-  EXPECT_FALSE(went_on);
-  EXPECT_THAT(errors, ElementsAre("cmdOK_Click 11"));
+  for (const auto& [name, on_ok, expected] : rows) {
+    form.on_ok = on_ok;
+    EXPECT_TRUE(person.Click(form.cmdOK).Done());
+    EXPECT_EQ(std::exchange(errors, {}), expected) << name;
+  }
 }
 
-TEST_F(Dispatch, LeavesAHandlerItsOwnCatching) {
+TEST_F(Dispatch, RaisesOnWhatNobodyTakes) {
   form.txtDauer.Change = Fail;
-  form.on_ok = [&] { EXPECT_THROW(form.txtDauer.SetText("1"), platform::Error); };
-  person.Click(form.cmdOK);
+  EXPECT_THROW(form.txtDauer.SetText("1"), platform::Error) << "a change by code";
+  form.on_ok = Fail;
+  const auto sink = std::exchange(form.OnError, nullptr);
+  EXPECT_THROW(person.Click(form.cmdOK), platform::Error);
+  form.OnError = sink;
+  EXPECT_THROW(form.txtDauer.SetText("2"), platform::Error) << "the program's again";
   EXPECT_THAT(errors, IsEmpty());
 }
 
@@ -97,15 +94,6 @@ TEST_F(Dispatch, CatchesTheActivationToo) {
   form.BeginModal();
   EXPECT_THAT(errors, ElementsAre("Form_Activate 11"));
   EXPECT_TRUE(form.Visible());
-}
-
-TEST_F(Dispatch, RaisesOnToTheHostWithoutAnErrorSink) {
-  form.OnError = nullptr;
-  form.on_ok = Fail;
-  EXPECT_THROW(person.Click(form.cmdOK), platform::Error);
-  form.on_ok = nullptr;
-  EXPECT_THROW((form.txtDauer.Change = Fail, form.txtDauer.SetText("1")), platform::Error)
-      << "a change after the failed action is the program's again";
 }
 
 }  // namespace

@@ -8,11 +8,8 @@ namespace {
 using testing::ElementsAre;
 
 TEST(Keys, AreTheCharactersOfAText) {
-  EXPECT_THAT(KeysOf("1,ü€😀"), ElementsAre('1', ',', 0xFC, 0x20AC, 0x1F600));
+  EXPECT_THAT(KeysOf("1,\xFFü€😀"), ElementsAre('1', ',', 0xFC, 0x20AC, 0x1F600));
   EXPECT_THAT(KeysOf("a\nb\r\nc"), ElementsAre('a', kReturn, 'b', kReturn, 'c'));
-  EXPECT_THAT(KeysOf("a\xFF"
-                     "b"),
-              ElementsAre('a', 'b'));
 }
 
 TEST(Keys, TypeTheirCharacterBack) {

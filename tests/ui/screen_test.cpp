@@ -11,7 +11,6 @@ namespace {
 using support::RecordingScreen;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 const Message kQuestion{"Weg damit?", 292, "Frage"};
 const Message kNote{"Fertig."};
@@ -30,28 +29,7 @@ TEST(Screen, KnowsTheButtonsOfABox) {
   }
 }
 
-// Every other test of dialogs rests on these two: a screen that let things pass
-// would blind them.
-TEST(RecordingScreen, FollowsItsScript) {
-  RecordingScreen screen;
-  SampleForm outer;
-  SampleForm inner;
-  outer.on_ok = [&] {
-    EXPECT_EQ(screen.ShowMessage(kQuestion), Answer::Yes);
-    inner.Show(screen);
-    outer.Hide();
-  };
-  screen.ExpectDialog("frmSample", [&](Form&, Person& person) {
-    screen.ExpectMessage(kQuestion, Answer::Yes);
-    screen.ExpectDialog("frmSample", nullptr);
-    EXPECT_TRUE(person.Click(outer.cmdOK).Done());
-  });
-  outer.Show(screen);
-  EXPECT_FALSE(inner.Visible()) << "closed by its frame";
-  EXPECT_EQ(inner.Ran(), std::vector<std::string>{"cmdCancel_Click"});
-  EXPECT_THAT(screen.Problems(), IsEmpty());
-}
-
+// A screen that let things pass would blind every other test of dialogs.
 TEST(RecordingScreen, NamesWhatComesDifferently) {
   RecordingScreen screen;
   SampleForm form;
