@@ -64,7 +64,7 @@ void QtFrameSurface::Clear() {
   painter_->fillRect(widget_.rect(), widget_.palette().window());
 }
 
-ui::Extent QtFrameSurface::GetTextExtent(std::string_view text) {
+ui::Extent QtFrameSurface::GetTextExtentPoint32A(std::string_view text) {
   const QFontMetrics metrics = widget_.fontMetrics();
   return {metrics.horizontalAdvance(desktop::ToQt(text)), metrics.height()};
 }
@@ -98,8 +98,8 @@ void QtFrameSurface::DrawEdge(const ui::Rectangle& rectangle, std::int32_t, std:
   if (painter_) qDrawShadeRect(painter_, ToQt(rectangle), widget_.palette(), true, 1, 0);
 }
 
-void QtFrameSurface::DrawState(std::string_view text, std::int32_t left, std::int32_t top,
-                               ui::Extent size, std::int32_t flags) {
+void QtFrameSurface::DrawStateA(std::string_view text, std::int32_t left, std::int32_t top,
+                                ui::Extent size, std::int32_t flags) {
   DrawCaption(text, {left, top, size.cx, size.cy}, flags);
 }
 

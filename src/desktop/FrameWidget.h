@@ -26,7 +26,7 @@ class QtFrameSurface final : public ui::FrameSurface {
   void Clear() override;
   std::int32_t Width() override { return widget_.width(); }
   std::int32_t Height() override { return widget_.height(); }
-  ui::Extent GetTextExtent(std::string_view text) override;
+  ui::Extent GetTextExtentPoint32A(std::string_view text) override;
   void FillBackground(const ui::Rectangle& rectangle) override;
   Theme OpenThemeData(std::string_view class_list) override;
   void DrawThemeBackground(Theme theme, std::int32_t part, std::int32_t state,
@@ -36,8 +36,8 @@ class QtFrameSurface final : public ui::FrameSurface {
                      const ui::Rectangle& rectangle) override;
   void CloseThemeData(Theme theme) override;
   void DrawEdge(const ui::Rectangle& rectangle, std::int32_t edge, std::int32_t flags) override;
-  void DrawState(std::string_view text, std::int32_t left, std::int32_t top, ui::Extent size,
-                 std::int32_t flags) override;
+  void DrawStateA(std::string_view text, std::int32_t left, std::int32_t top, ui::Extent size,
+                  std::int32_t flags) override;
   void EnableControl(bool enabled) override { widget_.setEnabled(enabled); }
 
  private:

@@ -81,12 +81,14 @@ void XPFrame::Draw() {
   mCaptionLeft = themed_measures ? 9.0F : 4.0F;
   mCaptionMargin = themed_measures ? 2.0F : 1.0F;
 
-  const Extent size = surface_.GetTextExtent(TextToMeasure(mCaption));
+  const Extent size = surface_.GetTextExtentPoint32A(TextToMeasure(mCaption));
   const std::int32_t width = surface_.Width();
   const std::int32_t height = surface_.Height();
   const auto left = static_cast<std::int32_t>(mCaptionLeft);
-  const Rectangle frame{0, Half(size.cy), width, height};
-  const Rectangle caption{left, 0, left + size.cx, size.cy};
+  Rectangle frame;
+  SetRect(frame, 0, Half(size.cy), width, height);
+  Rectangle caption;
+  SetRect(caption, left, 0, left + size.cx, size.cy);
   const std::int32_t disabled = mEnabled ? 0 : drawing::kDisabled;
 
   if (Themed()) {
@@ -99,7 +101,7 @@ void XPFrame::Draw() {
   } else {
     surface_.DrawEdge(frame, drawing::kEtchedEdge, drawing::kAllSides);
     if (!mCaption.empty()) ClearCaptionGap(size);
-    surface_.DrawState(mCaption, left, 0, size, drawing::kPrefixText | disabled);
+    surface_.DrawStateA(mCaption, left, 0, size, drawing::kPrefixText | disabled);
   }
 }
 

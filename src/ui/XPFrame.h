@@ -24,6 +24,11 @@ struct Rectangle {
   friend bool operator==(const Rectangle&, const Rectangle&) = default;
 };
 
+constexpr void SetRect(Rectangle& rectangle, std::int32_t left, std::int32_t top,
+                       std::int32_t right, std::int32_t bottom) {
+  rectangle = {left, top, right, bottom};
+}
+
 struct Extent {
   std::int32_t cx = 0;
   std::int32_t cy = 0;
@@ -58,7 +63,7 @@ class FrameSurface {
   virtual void Clear() = 0;
   virtual std::int32_t Width() = 0;
   virtual std::int32_t Height() = 0;
-  virtual Extent GetTextExtent(std::string_view text) = 0;
+  virtual Extent GetTextExtentPoint32A(std::string_view text) = 0;
   virtual void FillBackground(const Rectangle& rectangle) = 0;
 
   virtual Theme OpenThemeData(std::string_view class_list) = 0;
@@ -70,8 +75,8 @@ class FrameSurface {
   virtual void CloseThemeData(Theme theme) = 0;
 
   virtual void DrawEdge(const Rectangle& rectangle, std::int32_t edge, std::int32_t flags) = 0;
-  virtual void DrawState(std::string_view text, std::int32_t left, std::int32_t top, Extent size,
-                         std::int32_t flags) = 0;
+  virtual void DrawStateA(std::string_view text, std::int32_t left, std::int32_t top, Extent size,
+                          std::int32_t flags) = 0;
 
   // Takes over the enabled state for the control as a whole, its children too.
   virtual void EnableControl(bool enabled) = 0;

@@ -25,14 +25,14 @@ struct Surface : FrameSurface {
   MOCK_METHOD(Int, IsAppThemed, (), (override));
   MOCK_METHOD(Probe, CreateThemeProbe, (), (override));
   MOCK_METHOD(void, Clear, (), (override));
-  MOCK_METHOD(Extent, GetTextExtent, (Text), (override));
+  MOCK_METHOD(Extent, GetTextExtentPoint32A, (Text), (override));
   MOCK_METHOD(void, FillBackground, (const Rectangle&), (override));
   MOCK_METHOD(Theme, OpenThemeData, (Text), (override));
   MOCK_METHOD(void, DrawThemeBackground, (Theme, Int, Int, const Rectangle&), (override));
   MOCK_METHOD(void, DrawThemeText, (Theme, Int, Int, Text, Int, Int, const Rectangle&), (override));
   MOCK_METHOD(void, CloseThemeData, (Theme), (override));
   MOCK_METHOD(void, DrawEdge, (const Rectangle&, Int, Int), (override));
-  MOCK_METHOD(void, DrawState, (Text, Int, Int, Extent, Int), (override));
+  MOCK_METHOD(void, DrawStateA, (Text, Int, Int, Extent, Int), (override));
   MOCK_METHOD(void, EnableControl, (bool), (override));
 };
 
@@ -58,7 +58,7 @@ TEST(XPFrame, DrawsItsCaptionIntoTheLine) {
     frame.SetEnabled(enabled);
     const testing::InSequence drawing;
     EXPECT_CALL(surface, Clear());
-    EXPECT_CALL(surface, GetTextExtent(measured)).WillOnce(Return(size));
+    EXPECT_CALL(surface, GetTextExtentPoint32A(measured)).WillOnce(Return(size));
     if (styled) {
       EXPECT_CALL(surface, OpenThemeData(Text("Button"))).WillOnce(Return(7));
       EXPECT_CALL(surface, DrawThemeBackground(7, 4, 0, line));
@@ -70,7 +70,7 @@ TEST(XPFrame, DrawsItsCaptionIntoTheLine) {
       EXPECT_CALL(surface, DrawThemeText(7, 4, 1, caption, 0, flags, at));
       EXPECT_CALL(surface, CloseThemeData(7));
     } else {
-      EXPECT_CALL(surface, DrawState(caption, at.left, at.top, size, flags));
+      EXPECT_CALL(surface, DrawStateA(caption, at.left, at.top, size, flags));
     }
     frame.SetCaption(std::string(caption));
   }
