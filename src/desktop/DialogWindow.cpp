@@ -27,7 +27,7 @@ bool ChosenElsewhere(const ui::Control& control) {
   if (!option || option->Value()) return false;
   return std::ranges::any_of(control.Parent().Children(), [](const ui::Control* sibling) {
     const auto* other = dynamic_cast<const ui::OptionButton*>(sibling);
-    return other && other->Value() && other->Reach() == ui::Hindrance::None;
+    return other && other->Value() && other->Reach() == ui::Obstacle::None;
   });
 }
 
@@ -192,7 +192,7 @@ bool DialogWindow::Act(const ui::Control& control, const Action& action) {
 }
 
 ui::Outcome DialogWindow::Carry(const Action& action) {
-  const ui::Outcome not_now{ui::Outcome::Kind::Impossible, ui::Hindrance::DialogClosed};
+  const ui::Outcome not_now{ui::Outcome::Kind::Impossible, ui::Obstacle::DialogClosed};
   if (acting_ || failure_ || !form_.Visible()) return not_now;
   ui::Outcome outcome = not_now;
   acting_ = true;
@@ -278,7 +278,7 @@ ui::Control* DialogWindow::NextStop(bool next) const {
   for (std::ptrdiff_t i = 0; i < count; ++i) {
     place = (place + (next ? 1 : count - 1)) % count;
     ui::Control* control = controls[static_cast<std::size_t>(place)];
-    if (control->TakesFocus() && control->Reach() == ui::Hindrance::None &&
+    if (control->TakesFocus() && control->Reach() == ui::Obstacle::None &&
         !ChosenElsewhere(*control)) {
       return control;
     }

@@ -34,19 +34,19 @@ void Control::SetToolTip(std::string tool_tip) {
 bool Control::HasFocus() const { return OwnerForm().Focus() == this; }
 
 void Control::SetFocus() {
-  if (TakesFocus() && Reach() == Hindrance::None) OwnerForm().MoveFocus(this, FocusCause::Program);
+  if (TakesFocus() && Reach() == Obstacle::None) OwnerForm().MoveFocus(this, FocusCause::Program);
 }
 
-Hindrance Control::Reach() const {
-  if (!visible_) return Hindrance::Hidden;
-  if (!enabled_) return Hindrance::Disabled;
+Obstacle Control::Reach() const {
+  if (!visible_) return Obstacle::Hidden;
+  if (!enabled_) return Obstacle::Disabled;
   for (const Frame* frame = parent_.AsFrame(); frame != nullptr;
        frame = frame->Parent().AsFrame()) {
-    if (!frame->Visible()) return Hindrance::FrameHidden;
-    if (frame->Behind()) return Hindrance::FrameBehind;
-    if (!frame->Enabled()) return Hindrance::FrameDisabled;
+    if (!frame->Visible()) return Obstacle::FrameHidden;
+    if (frame->Behind()) return Obstacle::FrameBehind;
+    if (!frame->Enabled()) return Obstacle::FrameDisabled;
   }
-  return Hindrance::None;
+  return Obstacle::None;
 }
 
 void Control::NotifyChanged(Property property) const { OwnerForm().NotifyChanged(*this, property); }

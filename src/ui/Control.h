@@ -16,7 +16,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "ui/hindrance.h"
+#include "ui/obstacle.h"
 
 namespace pactora::ui {
 
@@ -115,8 +115,8 @@ class Control {
   void SetFocus();
 
   // Why a person cannot act on this control now, its frames included;
-  // Hindrance::None when nothing stands in the way.
-  Hindrance Reach() const;
+  // Obstacle::None when nothing stands in the way.
+  Obstacle Reach() const;
 
  protected:
   Control(Container& parent, ControlKind kind, std::string name);

@@ -59,7 +59,7 @@ void Form::Hide() {
 void Form::BeginModal() {
   visible_ = true;
   const auto can_have_focus = [](const Control* control) {
-    return control->TakesFocus() && control->Reach() == Hindrance::None;
+    return control->TakesFocus() && control->Reach() == Obstacle::None;
   };
   if (focus_ == nullptr || !can_have_focus(focus_)) {
     const auto first = std::ranges::find_if(controls_, can_have_focus);

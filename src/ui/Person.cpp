@@ -9,16 +9,16 @@
 namespace pactora::ui {
 namespace {
 
-Outcome Impossible(Hindrance hindrance) { return {Outcome::Kind::Impossible, hindrance}; }
+Outcome Impossible(Obstacle obstacle) { return {Outcome::Kind::Impossible, obstacle}; }
 
 // None when a person can change the text of the control, leaving out whether it
 // can be reached.
-Hindrance TextHindrance(const Control& control) {
+Obstacle TextObstacle(const Control& control) {
   if (const auto* box = dynamic_cast<const TextBox*>(&control)) {
-    return box->ReadOnly() ? Hindrance::ReadOnly : Hindrance::None;
+    return box->ReadOnly() ? Obstacle::ReadOnly : Obstacle::None;
   }
   const auto* combo = dynamic_cast<const ComboBox*>(&control);
-  return combo && !combo->ListOnly() ? Hindrance::None : Hindrance::WrongKind;
+  return combo && !combo->ListOnly() ? Obstacle::None : Obstacle::WrongKind;
 }
 
 // Requires: the control has a text that a person can change.
@@ -53,16 +53,16 @@ class Person::Acting {
 };
 
 Outcome Person::TakeFocus(Control& control, bool validates) {
-  const auto hindrance = [&] {
-    if (!form_.Visible()) return Hindrance::DialogClosed;
-    if (!control.TakesFocus()) return Hindrance::WrongKind;
+  const auto obstacle = [&] {
+    if (!form_.Visible()) return Obstacle::DialogClosed;
+    if (!control.TakesFocus()) return Obstacle::WrongKind;
     return control.Reach();
   };
-  if (const Hindrance now = hindrance(); now != Hindrance::None) return Impossible(now);
+  if (const Obstacle now = obstacle(); now != Obstacle::None) return Impossible(now);
   if (control.HasFocus()) return {};
   if (validates && !LeaveFocused()) return {Outcome::Kind::FocusKept};
   // What the validation changed may be in the way now.
-  if (const Hindrance now = hindrance(); now != Hindrance::None) return Impossible(now);
+  if (const Obstacle now = obstacle(); now != Obstacle::None) return Impossible(now);
   form_.MoveFocus(&control, FocusCause::Person);
   return {};
 }
@@ -70,7 +70,7 @@ Outcome Person::TakeFocus(Control& control, bool validates) {
 bool Person::LeaveFocused() {
   auto* box = dynamic_cast<TextBox*>(form_.Focus());
   // Nobody leaves a box that went out of reach meanwhile.
-  if (!box || box->Reach() != Hindrance::None) return true;
+  if (!box || box->Reach() != Obstacle::None) return true;
   bool cancel = false;
   const Acting acting(form_);
   const bool ended = box->Raise(box->Validate, "Validate", cancel);
@@ -107,13 +107,13 @@ Outcome Person::Click(Control& control) {
     case ControlKind::CheckBox:
       return SetCheck(control, !dynamic_cast<CheckBox&>(control).Checked());
     default:
-      return Impossible(Hindrance::WrongKind);
+      return Impossible(Obstacle::WrongKind);
   }
 }
 
 Outcome Person::SetCheck(Control& control, bool checked) {
   auto* box = dynamic_cast<CheckBox*>(&control);
-  if (!box) return Impossible(Hindrance::WrongKind);
+  if (!box) return Impossible(Obstacle::WrongKind);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;
   const Acting acting(form_);
   box->SetChecked(checked);
@@ -121,7 +121,7 @@ Outcome Person::SetCheck(Control& control, bool checked) {
 }
 
 Outcome Person::PressKey(Control& control, std::int32_t& key) {
-  if (const Hindrance now = TextHindrance(control); now != Hindrance::None) return Impossible(now);
+  if (const Obstacle now = TextObstacle(control); now != Obstacle::None) return Impossible(now);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;
   if (auto* box = dynamic_cast<TextBox*>(&control)) {
     const Acting acting(form_);
@@ -141,10 +141,10 @@ Outcome Person::TypeKey(Control& control, std::int32_t key) {
 }
 
 Outcome Person::TypeKeys(Control& control, std::span<const std::int32_t> keys) {
-  if (const Hindrance now = TextHindrance(control); now != Hindrance::None) return Impossible(now);
+  if (const Obstacle now = TextObstacle(control); now != Obstacle::None) return Impossible(now);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;
   for (const std::int32_t key : keys) {
-    if (!form_.Visible() || !control.HasFocus() || control.Reach() != Hindrance::None) break;
+    if (!form_.Visible() || !control.HasFocus() || control.Reach() != Obstacle::None) break;
     TypeKey(control, key);
   }
   return {};
@@ -155,7 +155,7 @@ Outcome Person::Type(Control& control, std::string_view text) {
 }
 
 Outcome Person::Paste(Control& control, std::string text) {
-  if (const Hindrance now = TextHindrance(control); now != Hindrance::None) return Impossible(now);
+  if (const Obstacle now = TextObstacle(control); now != Obstacle::None) return Impossible(now);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;
   SetTextOf(control, std::move(text));
   return {};
@@ -173,17 +173,17 @@ void Person::SetTextOf(Control& control, std::string text) {
 Outcome Person::Choose(Control& control, std::int32_t index) {
   auto* list = dynamic_cast<ListControl*>(&control);
   auto* view = dynamic_cast<ListView*>(&control);
-  if (!list && !view) return Impossible(Hindrance::WrongKind);
+  if (!list && !view) return Impossible(Obstacle::WrongKind);
   const auto* combo = dynamic_cast<const ComboBox*>(list);
   if (index == ListControl::kNone && combo && combo->ListOnly()) {
-    return Impossible(Hindrance::EntryNeeded);
+    return Impossible(Obstacle::EntryNeeded);
   }
   const auto exists = [&] {
     return index >= ListControl::kNone && index < (list ? list->Count() : view->RowCount());
   };
-  if (control.Reach() == Hindrance::None && !exists()) return Impossible(Hindrance::NotInList);
+  if (control.Reach() == Obstacle::None && !exists()) return Impossible(Obstacle::NotInList);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;
-  if (!exists()) return Impossible(Hindrance::NotInList);
+  if (!exists()) return Impossible(Obstacle::NotInList);
   const Acting acting(form_);
   if (list) {
     list->SetListIndex(index);
@@ -200,7 +200,7 @@ Outcome Person::ChooseText(Control& control, std::string_view text) {
     return index == ListControl::kNone ? Missing(control) : Choose(control, index);
   }
   const auto* view = dynamic_cast<ListView*>(&control);
-  if (!view) return Impossible(Hindrance::WrongKind);
+  if (!view) return Impossible(Obstacle::WrongKind);
   for (std::int32_t row = 1; row <= view->RowCount(); ++row) {
     if (view->Text(row, view->FirstShownColumn()) == text) return Choose(control, row - 1);
   }
@@ -208,15 +208,15 @@ Outcome Person::ChooseText(Control& control, std::string_view text) {
 }
 
 Outcome Person::Missing(const Control& control) const {
-  if (!form_.Visible()) return Impossible(Hindrance::DialogClosed);
-  const Hindrance reach = control.Reach();
-  return Impossible(reach == Hindrance::None ? Hindrance::NotInList : reach);
+  if (!form_.Visible()) return Impossible(Obstacle::DialogClosed);
+  const Obstacle reach = control.Reach();
+  return Impossible(reach == Obstacle::None ? Obstacle::NotInList : reach);
 }
 
 Outcome Person::PickDate(Control& control, std::optional<platform::Date> date) {
   auto* picker = dynamic_cast<DatePicker*>(&control);
-  if (!picker) return Impossible(Hindrance::WrongKind);
-  if (!date && !picker->HasCheckBox()) return Impossible(Hindrance::DateNeeded);
+  if (!picker) return Impossible(Obstacle::WrongKind);
+  if (!date && !picker->HasCheckBox()) return Impossible(Obstacle::DateNeeded);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;
   const Acting acting(form_);
   if (date) {
@@ -228,9 +228,9 @@ Outcome Person::PickDate(Control& control, std::optional<platform::Date> date) {
 }
 
 Outcome Person::Close() {
-  if (!form_.Visible()) return Impossible(Hindrance::DialogClosed);
+  if (!form_.Visible()) return Impossible(Obstacle::DialogClosed);
   Button* cancel = form_.CancelButton();
-  if (cancel && cancel->Reach() == Hindrance::None) {
+  if (cancel && cancel->Reach() == Obstacle::None) {
     const Acting acting(form_);
     cancel->Raise(cancel->Click, "Click");
   }

@@ -27,7 +27,7 @@ struct Outcome {
   enum class Kind { Done, FocusKept, Impossible };
 
   Kind kind = Kind::Done;
-  Hindrance hindrance = Hindrance::None;  // why it was impossible
+  Obstacle obstacle = Obstacle::None;  // why it was impossible
 
   bool Done() const { return kind == Kind::Done; }
 };

@@ -54,7 +54,7 @@ class Walker final : public ui::Screen {
   void Act(ui::Form& form, ui::Person& person) {
     std::vector<ui::Control*> reachable;
     for (ui::Control* control : form.Controls()) {
-      if (control->TakesFocus() && control->Reach() == ui::Hindrance::None) {
+      if (control->TakesFocus() && control->Reach() == ui::Obstacle::None) {
         reachable.push_back(control);
       }
     }

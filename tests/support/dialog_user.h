@@ -82,7 +82,7 @@ class DialogUser {
     EXPECT_EQ(person_.Leave((*this)[name]).kind, ui::Outcome::Kind::FocusKept) << name;
   }
 
-  bool Reaches(std::string_view name) const { return (*this)[name].Reach() == ui::Hindrance::None; }
+  bool Reaches(std::string_view name) const { return (*this)[name].Reach() == ui::Obstacle::None; }
   bool HasFocus(std::string_view name) const { return (*this)[name].HasFocus(); }
   bool IsOpen() const { return form_.Visible(); }
   const std::string& Caption() const { return form_.Caption(); }
@@ -107,7 +107,7 @@ class DialogUser {
 
  private:
   static void Must(const ui::Outcome& outcome, std::string_view name) {
-    EXPECT_TRUE(outcome.Done()) << name << " " << ui::Describe(outcome.hindrance);
+    EXPECT_TRUE(outcome.Done()) << name << " " << ui::Describe(outcome.obstacle);
   }
 
   ui::Form& form_;

@@ -28,9 +28,9 @@ struct PersonTest : testing::Test, FormObserver {
   void CaptionChanged() override { seen.push_back("caption"); }
   void Hidden() override { seen.push_back("hidden"); }
 
-  void Expect(Hindrance hindrance, const Outcome& outcome) {
+  void Expect(Obstacle obstacle, const Outcome& outcome) {
     EXPECT_EQ(outcome.kind, Outcome::Kind::Impossible);
-    EXPECT_EQ(Describe(outcome.hindrance), Describe(hindrance));
+    EXPECT_EQ(Describe(outcome.obstacle), Describe(obstacle));
   }
 
   SampleForm form;
@@ -65,7 +65,7 @@ TEST_F(PersonTest, ClickingARowAlwaysCounts) {
   EXPECT_THAT(form.Ran(),
               ElementsAre("lvwRows_ItemClick 1", "lvwRows_ItemClick 1", "lvwRows_ItemClick 2"));
   EXPECT_EQ(form.lvwRows.SelectedRow(), 0);
-  Expect(Hindrance::NotInList, person.ChooseText(form.lvwRows, "9"));  // a hidden column
+  Expect(Obstacle::NotInList, person.ChooseText(form.lvwRows, "9"));  // a hidden column
 }
 
 TEST_F(PersonTest, TypesKeyByKeyThroughTheHandler) {
@@ -152,7 +152,7 @@ TEST_F(PersonTest, IsNeverTrappedInABox) {
 TEST_F(PersonTest, LooksForWhatIsInReachBeforeAndAfterTheValidation) {
   form.on_validate = [this](bool&) { form.cmdOK.SetEnabled(false); };
   person.Enter(form.txtDauer);
-  Expect(Hindrance::Disabled, person.Click(form.cmdOK));
+  Expect(Obstacle::Disabled, person.Click(form.cmdOK));
   EXPECT_THAT(form.Ran(), ElementsAre("txtDauer_Validate"));
   form.fraTyp.SetEnabled(false);
   EXPECT_TRUE(person.Click(form.chkFlag).Done());
@@ -161,25 +161,25 @@ TEST_F(PersonTest, LooksForWhatIsInReachBeforeAndAfterTheValidation) {
 
 TEST_F(PersonTest, CannotReachWhatIsShutOff) {
   struct Case {
-    Hindrance hindrance;
+    Obstacle obstacle;
     std::function<void()> shut;
     Control& control;
   };
   const Case cases[] = {
-      {Hindrance::FrameBehind, [] {}, form.txtNote},
-      {Hindrance::FrameBehind, [&] { form.fraPositionenK.BringToFront(); }, form.cmdAdd},
-      {Hindrance::Disabled, [&] { form.chkFlag.SetEnabled(false); }, form.chkFlag},
-      {Hindrance::Hidden, [&] { form.optElsewhere.SetVisible(false); }, form.optElsewhere},
-      {Hindrance::FrameDisabled, [&] { form.fraTyp.SetEnabled(false); }, form.optA},
-      {Hindrance::FrameDisabled, [] {}, form.txtDauer},  // two frames up
-      {Hindrance::FrameHidden, [&] { form.fraTyp.SetVisible(false); }, form.optB},
-      {Hindrance::WrongKind, [] {}, form.lblDauer},
-      {Hindrance::WrongKind, [] {}, form.fraPositionen},
-      {Hindrance::DialogClosed, [&] { form.Hide(); }, form.cmdOK},
+      {Obstacle::FrameBehind, [] {}, form.txtNote},
+      {Obstacle::FrameBehind, [&] { form.fraPositionenK.BringToFront(); }, form.cmdAdd},
+      {Obstacle::Disabled, [&] { form.chkFlag.SetEnabled(false); }, form.chkFlag},
+      {Obstacle::Hidden, [&] { form.optElsewhere.SetVisible(false); }, form.optElsewhere},
+      {Obstacle::FrameDisabled, [&] { form.fraTyp.SetEnabled(false); }, form.optA},
+      {Obstacle::FrameDisabled, [] {}, form.txtDauer},  // two frames up
+      {Obstacle::FrameHidden, [&] { form.fraTyp.SetVisible(false); }, form.optB},
+      {Obstacle::WrongKind, [] {}, form.lblDauer},
+      {Obstacle::WrongKind, [] {}, form.fraPositionen},
+      {Obstacle::DialogClosed, [&] { form.Hide(); }, form.cmdOK},
   };
   for (const Case& c : cases) {
     c.shut();
-    Expect(c.hindrance, person.Enter(c.control));
+    Expect(c.obstacle, person.Enter(c.control));
     EXPECT_EQ(form.Focus(), &form.txtMemo);
   }
   EXPECT_THAT(form.Ran(), IsEmpty());
@@ -187,19 +187,19 @@ TEST_F(PersonTest, CannotReachWhatIsShutOff) {
 
 TEST_F(PersonTest, CannotDoWhatTheControlDoesNotOffer) {
   form.txtMemo.SetReadOnly(true);
-  Expect(Hindrance::ReadOnly, person.Type(form.txtMemo, "a"));
-  Expect(Hindrance::ReadOnly, person.Paste(form.txtMemo, "a"));
-  Expect(Hindrance::WrongKind, person.Type(form.cboList, "M"));
-  Expect(Hindrance::WrongKind, person.Paste(form.chkFlag, "1"));
-  Expect(Hindrance::WrongKind, person.Click(form.txtMemo));
-  Expect(Hindrance::WrongKind, person.SetCheck(form.optA, true));
-  Expect(Hindrance::WrongKind, person.Choose(form.txtMemo, 0));
-  Expect(Hindrance::WrongKind, person.PickDate(form.txtMemo, std::nullopt));
-  Expect(Hindrance::NotInList, person.Choose(form.cboList, 2));
-  Expect(Hindrance::NotInList, person.ChooseText(form.cboList, "Tage"));
-  Expect(Hindrance::EntryNeeded, person.Choose(form.cboList, -1));
+  Expect(Obstacle::ReadOnly, person.Type(form.txtMemo, "a"));
+  Expect(Obstacle::ReadOnly, person.Paste(form.txtMemo, "a"));
+  Expect(Obstacle::WrongKind, person.Type(form.cboList, "M"));
+  Expect(Obstacle::WrongKind, person.Paste(form.chkFlag, "1"));
+  Expect(Obstacle::WrongKind, person.Click(form.txtMemo));
+  Expect(Obstacle::WrongKind, person.SetCheck(form.optA, true));
+  Expect(Obstacle::WrongKind, person.Choose(form.txtMemo, 0));
+  Expect(Obstacle::WrongKind, person.PickDate(form.txtMemo, std::nullopt));
+  Expect(Obstacle::NotInList, person.Choose(form.cboList, 2));
+  Expect(Obstacle::NotInList, person.ChooseText(form.cboList, "Tage"));
+  Expect(Obstacle::EntryNeeded, person.Choose(form.cboList, -1));
   EXPECT_TRUE(person.Choose(form.cboFree, -1).Done());
-  Expect(Hindrance::DateNeeded, person.PickDate(form.dtpStart, std::nullopt));
+  Expect(Obstacle::DateNeeded, person.PickDate(form.dtpStart, std::nullopt));
   EXPECT_THAT(form.Ran(), IsEmpty());
   EXPECT_TRUE(person.Click(form.cmdAdd).Done()) << "its frame lies in front";
   EXPECT_TRUE(person.Enter(form.txtMemo).Done()) << "a read-only box can have the focus";
@@ -207,7 +207,7 @@ TEST_F(PersonTest, CannotDoWhatTheControlDoesNotOffer) {
 
 TEST_F(PersonTest, PressesAKeyThatTheHostTypesItself) {
   std::int32_t key = '.';
-  Expect(Hindrance::WrongKind, person.PressKey(form.chkFlag, key));
+  Expect(Obstacle::WrongKind, person.PressKey(form.chkFlag, key));
   form.on_key = [](std::int32_t& pressed) { pressed = ','; };
   EXPECT_TRUE(person.PressKey(form.txtDauer, key).Done());
   EXPECT_EQ(key, ',');

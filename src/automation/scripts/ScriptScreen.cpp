@@ -46,7 +46,7 @@ ui::Outcome Type(ui::Person& person, ui::Form& form, ui::Control& control,
 }
 
 ui::Outcome Set(ui::Person& person, ui::Control& control, const SetAction& action) {
-  const ui::Outcome wrong_value{ui::Outcome::Kind::Impossible, ui::Hindrance::WrongValue};
+  const ui::Outcome wrong_value{ui::Outcome::Kind::Impossible, ui::Obstacle::WrongValue};
   const auto* text = std::get_if<std::string>(&action.value);
   const auto* flag = std::get_if<bool>(&action.value);
   switch (control.Kind()) {
@@ -57,7 +57,7 @@ ui::Outcome Set(ui::Person& person, ui::Control& control, const SetAction& actio
       if (!text) return person.PickDate(control, std::nullopt);
       const auto date = platform::ParseIso(*text);
       return date ? person.PickDate(control, date)
-                  : ui::Outcome{ui::Outcome::Kind::Impossible, ui::Hindrance::DateNeeded};
+                  : ui::Outcome{ui::Outcome::Kind::Impossible, ui::Obstacle::DateNeeded};
     }
     default:
       return text ? person.Paste(control, *text) : wrong_value;
@@ -191,7 +191,7 @@ void ScriptScreen::CarryOut(ui::Form& form, const Actions& actions) {
 ui::Outcome::Kind ScriptScreen::CarryOut(ui::Form& form, ui::Person& person, const Action& action) {
   ui::Outcome::Kind result = ui::Outcome::Kind::Done;
   if (!form.Visible()) {
-    Fail(action, ui::Describe(ui::Hindrance::DialogClosed));
+    Fail(action, ui::Describe(ui::Obstacle::DialogClosed));
     return result;
   }
   // Null once the script has failed for want of the control.
@@ -209,8 +209,8 @@ ui::Outcome::Kind ScriptScreen::CarryOut(ui::Form& form, ui::Person& person, con
     const ui::Outcome outcome = done(*control);
     result = outcome.kind;
     if (outcome.kind != ui::Outcome::Kind::Impossible) return;
-    const std::string reason = ui::Describe(outcome.hindrance);
-    const bool closed = outcome.hindrance == ui::Hindrance::DialogClosed;
+    const std::string reason = ui::Describe(outcome.obstacle);
+    const bool closed = outcome.obstacle == ui::Obstacle::DialogClosed;
     Fail(action, closed ? reason : fmt::format("„{}“ {}", name, reason));
   };
   std::visit(Overloaded{

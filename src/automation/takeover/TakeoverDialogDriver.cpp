@@ -39,8 +39,8 @@ class Entry {
 
   void Must(const ui::Outcome& outcome) {
     // What is disabled here is so because of the chosen type.
-    if (outcome.hindrance == ui::Hindrance::Disabled) Refuse("bei diesem Vertragstyp gesperrt");
-    if (outcome.kind == ui::Outcome::Kind::Impossible) Refuse(ui::Describe(outcome.hindrance));
+    if (outcome.obstacle == ui::Obstacle::Disabled) Refuse("bei diesem Vertragstyp gesperrt");
+    if (outcome.kind == ui::Outcome::Kind::Impossible) Refuse(ui::Describe(outcome.obstacle));
     // A box refused to be left; its message says why.
     if (outcome.kind == ui::Outcome::Kind::FocusKept) throw Refused{column_, {}};
   }
@@ -75,7 +75,7 @@ void Choose(ui::Form& form, ui::Person& person, std::string_view column, std::st
             const std::string& text) {
   Entry entry(form, column);
   const ui::Outcome outcome = person.ChooseText(entry.Get(name), text);
-  if (outcome.hindrance == ui::Hindrance::NotInList) {
+  if (outcome.obstacle == ui::Obstacle::NotInList) {
     entry.Refuse(fmt::format("\"{}\" steht nicht zur Wahl", text));
   }
   entry.Must(outcome);

@@ -5,7 +5,7 @@
 
 namespace pactora::ui {
 
-enum class Hindrance {
+enum class Obstacle {
   None,
   DialogClosed,
   Hidden,
@@ -22,6 +22,6 @@ enum class Hindrance {
 };
 
 // For the user, in German: "ist gesperrt". Empty for None.
-std::string Describe(Hindrance hindrance);
+std::string Describe(Obstacle obstacle);
 
 }  // namespace pactora::ui

@@ -1,34 +1,34 @@
-#include "ui/hindrance.h"
+#include "ui/obstacle.h"
 
 namespace pactora::ui {
 
-std::string Describe(Hindrance hindrance) {
-  switch (hindrance) {
-    case Hindrance::None:
+std::string Describe(Obstacle obstacle) {
+  switch (obstacle) {
+    case Obstacle::None:
       return {};
-    case Hindrance::DialogClosed:
+    case Obstacle::DialogClosed:
       return "der Dialog ist geschlossen";
-    case Hindrance::Hidden:
+    case Obstacle::Hidden:
       return "ist nicht sichtbar";
-    case Hindrance::Disabled:
+    case Obstacle::Disabled:
       return "ist gesperrt";
-    case Hindrance::FrameHidden:
+    case Obstacle::FrameHidden:
       return "steht in einem Rahmen, der nicht sichtbar ist";
-    case Hindrance::FrameDisabled:
+    case Obstacle::FrameDisabled:
       return "steht in einem gesperrten Rahmen";
-    case Hindrance::FrameBehind:
+    case Obstacle::FrameBehind:
       return "steht in einem verdeckten Rahmen";
-    case Hindrance::WrongKind:
+    case Obstacle::WrongKind:
       return "ist kein Steuerelement für diese Aktion";
-    case Hindrance::WrongValue:
+    case Obstacle::WrongValue:
       return "nimmt keinen solchen Wert";
-    case Hindrance::ReadOnly:
+    case Obstacle::ReadOnly:
       return "kann nur gelesen werden";
-    case Hindrance::NotInList:
+    case Obstacle::NotInList:
       return "hat keinen solchen Eintrag";
-    case Hindrance::EntryNeeded:
+    case Obstacle::EntryNeeded:
       return "braucht einen Eintrag aus der Liste";
-    case Hindrance::DateNeeded:
+    case Obstacle::DateNeeded:
       return "braucht ein Datum wie 2024-03-15";
   }
   return {};
