@@ -102,7 +102,7 @@ class AttributeChooser {
   ui::ComboBox cboAttribute;
   ui::Label lblValue;
   ui::ComboBox cboValue;
-  ui::DatePicker DTPValue;
+  ui::DTPicker DTPValue;
 
   // Oids of the rows at the boxes' list positions; "" for "<leer>".
   std::vector<std::string> msGroupOids;

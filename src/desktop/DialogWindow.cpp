@@ -45,7 +45,7 @@ bool TakesLabel(const ui::Control& control) {
     case ui::ControlKind::ComboBox:
     case ui::ControlKind::ListBox:
     case ui::ControlKind::ListView:
-    case ui::ControlKind::DatePicker:
+    case ui::ControlKind::DTPicker:
       return true;
     default:
       return false;

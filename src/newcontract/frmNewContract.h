@@ -48,9 +48,9 @@ class frmNewContract final : public ui::Form {
   ui::TextBox txtVertragnummer{*this, "txtVertragnummer"};
   ui::CheckBox ChkAutoNumber{*this, "ChkAutoNumber", "Nummer automatisch vergeben"};
   ui::Label lblVertragBeginn{*this, "lblVertragBeginn", "Vertragsbeginn"};
-  ui::DatePicker DTPVertragBeginn{*this, "DTPVertragBeginn"};
+  ui::DTPicker DTPVertragBeginn{*this, "DTPVertragBeginn"};
   ui::Label lblGeschlossenAm{*this, "lblGeschlossenAm", "Vertrag geschlossen am"};
-  ui::DatePicker DTPGeschlossenAm{*this, "DTPGeschlossenAm", ui::DatePicker::Null::WithCheckBox};
+  ui::DTPicker DTPGeschlossenAm{*this, "DTPGeschlossenAm", ui::DTPicker::Null::WithCheckBox};
   ui::Label lblVerantwortlich{*this, "lblVerantwortlich", "Verantwortlich"};
   // Free text: the current user may be one that the list leaves out.
   ui::ComboBox cboVerantwortlich{*this, "cboVerantwortlich", ui::ComboBox::Style::FreeText};

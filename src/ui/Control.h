@@ -40,7 +40,7 @@ enum class ControlKind {
   ListView,
   OptionButton,
   CheckBox,
-  DatePicker,
+  DTPicker,
   Label,
   Frame,
   Button,

@@ -214,7 +214,7 @@ Outcome Person::Missing(const Control& control) const {
 }
 
 Outcome Person::PickDate(Control& control, std::optional<platform::Date> date) {
-  auto* picker = dynamic_cast<DatePicker*>(&control);
+  auto* picker = dynamic_cast<DTPicker*>(&control);
   if (!picker) return Impossible(Obstacle::WrongKind);
   if (!date && !picker->HasCheckBox()) return Impossible(Obstacle::DateNeeded);
   if (const Outcome outcome = TakeFocus(control, true); !outcome.Done()) return outcome;

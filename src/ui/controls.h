@@ -4,7 +4,7 @@
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
-#include "ui/DatePicker.h"
+#include "ui/DTPicker.h"
 #include "ui/Form.h"
 #include "ui/Frame.h"
 #include "ui/Label.h"

@@ -3,7 +3,7 @@
 #include "platform/Error.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
-#include "ui/DatePicker.h"
+#include "ui/DTPicker.h"
 #include "ui/Frame.h"
 #include "ui/Label.h"
 #include "ui/ListBox.h"
@@ -54,12 +54,12 @@ void CheckBox::SetValue(std::int32_t value) {
   Raise(Click, "Click");
 }
 
-platform::Date DatePicker::Value() const {
+platform::Date DTPicker::Value() const {
   if (!ticked_) platform::Raise(platform::RuntimeError::TypeMismatch);
   return date_;
 }
 
-void DatePicker::SetValue(platform::Date date) {
+void DTPicker::SetValue(platform::Date date) {
   const platform::Date day{static_cast<double>(platform::WholeDay(date))};
   if (ticked_ && day == date_) return;
   date_ = day;
@@ -68,7 +68,7 @@ void DatePicker::SetValue(platform::Date date) {
   Raise(Change, "Change");
 }
 
-void DatePicker::SetNull() {
+void DTPicker::SetNull() {
   if (!HasCheckBox()) platform::Raise(platform::RuntimeError::InvalidArgument);
   if (!Assign(ticked_, false)) return;
   NotifyChanged(Property::Value);

@@ -40,7 +40,7 @@ TEST_F(AttributesTest, GroupAttributeAndValueFollowEachOther) {
     user.Choose("cboRequiAttribute", "Kunde seit");
     EXPECT_FALSE(user.Reaches("cboRequiValue"));
     EXPECT_TRUE(user.Reaches("DTPRequiValue"));
-    EXPECT_EQ(user.Get<ui::DatePicker>("DTPRequiValue").Value(), support::Day(15, 3, 2024));
+    EXPECT_EQ(user.Get<ui::DTPicker>("DTPRequiValue").Value(), support::Day(15, 3, 2024));
     user.Choose("cboRequiAttribute", "Sperre");
     EXPECT_TRUE(user["cboRequiValue"].Visible());
     EXPECT_FALSE(user.Reaches("cboRequiValue"));

@@ -83,7 +83,7 @@ class Walker final : public ui::Screen {
         if (rows > 0) person.Choose(control, Below(rows));
         break;
       }
-      case ui::ControlKind::DatePicker:
+      case ui::ControlKind::DTPicker:
         person.PickDate(control, support::Day(1 + Below(28), 1 + Below(12), 2000 + Below(50)));
         break;
       default:

@@ -75,8 +75,8 @@ struct SampleForm final : Form {
   OptionButton optB{fraTyp, "optB", "B"};
   OptionButton optElsewhere{*this, "optElsewhere", "C"};
   CheckBox chkFlag{*this, "chkFlag", "Fremdfakturierung"};
-  DatePicker dtpStart{*this, "dtpStart"};
-  DatePicker dtpClosed{*this, "dtpClosed", DatePicker::Null::WithCheckBox};
+  DTPicker dtpStart{*this, "dtpStart"};
+  DTPicker dtpClosed{*this, "dtpClosed", DTPicker::Null::WithCheckBox};
   Frame fraPositionen{*this, "fraPositionen"};
   Button cmdAdd{fraPositionen, "cmdAdd", "->+"};
   Frame fraPositionenK{*this, "fraPositionenK"};

@@ -123,7 +123,7 @@ TEST(OptionButton, ExcludesTheOthersOfItsContainer) {
   EXPECT_TRUE(form.optElsewhere.Value());
 }
 
-TEST(DatePicker, RemembersTheDayWhileItHasNone) {
+TEST(DTPicker, RemembersTheDayWhileItHasNone) {
   SampleForm form;
   form.dtpClosed.SetValue(kDay);
   form.dtpClosed.SetNull();

@@ -52,7 +52,7 @@ ui::Outcome Set(ui::Person& person, ui::Control& control, const SetAction& actio
   switch (control.Kind()) {
     case ui::ControlKind::CheckBox:
       return flag != nullptr ? person.SetCheck(control, *flag) : wrong_value;
-    case ui::ControlKind::DatePicker: {
+    case ui::ControlKind::DTPicker: {
       if (flag != nullptr) return wrong_value;
       if (!text) return person.PickDate(control, std::nullopt);
       const auto date = platform::ParseIso(*text);

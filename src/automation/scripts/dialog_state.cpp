@@ -50,8 +50,8 @@ void AddContent(formats::Json& event, const ui::Control& control) {
       event["value"] = box.Checked();
       return;
     }
-    case ui::ControlKind::DatePicker: {
-      const auto& picker = dynamic_cast<const ui::DatePicker&>(control);
+    case ui::ControlKind::DTPicker: {
+      const auto& picker = dynamic_cast<const ui::DTPicker&>(control);
       event["value"] =
           picker.IsNull() ? formats::Json() : formats::Json(platform::FormatIso(picker.Value()));
       return;

@@ -24,8 +24,8 @@ BinderPtr Make(ui::Control& control, PersonDoor& door, QWidget& parent) {
       return BindOptionButton(As<ui::OptionButton>(control), door, parent);
     case ui::ControlKind::CheckBox:
       return BindCheckBox(As<ui::CheckBox>(control), door, parent);
-    case ui::ControlKind::DatePicker:
-      return BindDatePicker(As<ui::DatePicker>(control), door, parent);
+    case ui::ControlKind::DTPicker:
+      return BindDatePicker(As<ui::DTPicker>(control), door, parent);
     case ui::ControlKind::Label:
       return BindLabel(As<ui::Label>(control), door, parent);
     case ui::ControlKind::Frame:

@@ -19,7 +19,7 @@ BinderPtr BindListBox(ui::ListBox& box, PersonDoor& door, QWidget& parent);
 BinderPtr BindListView(ui::ListView& view, PersonDoor& door, QWidget& parent);
 BinderPtr BindOptionButton(ui::OptionButton& option, PersonDoor& door, QWidget& parent);
 BinderPtr BindCheckBox(ui::CheckBox& box, PersonDoor& door, QWidget& parent);
-BinderPtr BindDatePicker(ui::DatePicker& picker, PersonDoor& door, QWidget& parent);
+BinderPtr BindDatePicker(ui::DTPicker& picker, PersonDoor& door, QWidget& parent);
 BinderPtr BindLabel(ui::Label& label, PersonDoor& door, QWidget& parent);
 BinderPtr BindFrame(ui::Frame& frame, PersonDoor& door, QWidget& parent);
 BinderPtr BindButton(ui::Button& button, PersonDoor& door, QWidget& parent);

@@ -64,7 +64,7 @@ class DateEdit final : public QLineEdit {
 // A tick where there may be no date, the date to type, and the calendar.
 class DatePickerBinder final : public Binder {
  public:
-  DatePickerBinder(ui::DatePicker& picker, PersonDoor& door, QWidget& parent)
+  DatePickerBinder(ui::DTPicker& picker, PersonDoor& door, QWidget& parent)
       : Binder(door, picker), picker_(picker), widget_(*new QWidget(&parent)) {
     auto* row = new QHBoxLayout(&widget_);
     row->setContentsMargins(0, 0, 0, 0);
@@ -194,7 +194,7 @@ class DatePickerBinder final : public Binder {
     return widget_.mapToGlobal(QPoint(0, -calendar.height()));
   }
 
-  ui::DatePicker& picker_;
+  ui::DTPicker& picker_;
   QWidget& widget_;
   QCheckBox* tick_ = nullptr;
   DateEdit* edit_ = nullptr;
@@ -204,7 +204,7 @@ class DatePickerBinder final : public Binder {
 
 }  // namespace
 
-BinderPtr BindDatePicker(ui::DatePicker& picker, PersonDoor& door, QWidget& parent) {
+BinderPtr BindDatePicker(ui::DTPicker& picker, PersonDoor& door, QWidget& parent) {
   return std::make_unique<DatePickerBinder>(picker, door, parent);
 }
 

@@ -9,12 +9,12 @@
 
 namespace pactora::ui {
 
-class DatePicker final : public Control {
+class DTPicker final : public Control {
  public:
   enum class Null { No, WithCheckBox };
 
-  DatePicker(Container& parent, std::string name, Null null = Null::No)
-      : Control(parent, ControlKind::DatePicker, std::move(name)), null_(null) {}
+  DTPicker(Container& parent, std::string name, Null null = Null::No)
+      : Control(parent, ControlKind::DTPicker, std::move(name)), null_(null) {}
 
   // The value changed, to or from none included.
   std::function<void()> Change;
