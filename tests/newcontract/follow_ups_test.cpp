@@ -196,8 +196,9 @@ TEST(AttributeFailures, AreShownAfterTheContractIsStored) {
     EXPECT_EQ(world.Count(table::vv_Vertragsstaende), 1u);
     EXPECT_THAT(Lines(world, table::Adressmerkmale, {field::Merkmal}), ElementsAre("Kunde"));
     // Nothing waits in the row of the other attribute, to be stored with it.
-    if (std::string_view(c.operation) == "NewRecordOid")
+    if (std::string_view(c.operation) == "NewRecordOid") {
       EXPECT_TRUE(world.host.Table(table::Adressmerkmale)->Eof());
+    }
     EXPECT_THAT(world.screen.Problems(), IsEmpty());
   }
 }
