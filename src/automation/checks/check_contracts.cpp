@@ -9,6 +9,7 @@
 #include "platform/Date.h"
 #include "platform/Text.h"
 #include "schema/names.h"
+#include "store/RowView.h"
 
 namespace pactora::checks {
 
@@ -17,27 +18,13 @@ namespace {
 namespace table = schema::table;
 namespace field = schema::field;
 
-// A row whose cells are read by field name.
-class Row {
- public:
-  Row(const schema::Table& schema, const store::Record& record)
-      : schema_(schema), record_(record) {}
+using store::RowView;
 
-  const host::Value& operator[](std::string_view name) const {
-    return record_.cells[schema_.FindField(name).value()];
-  }
-  bool Written(std::string_view name) const { return !(*this)[name].IsEmpty(); }
-  std::string Text(std::string_view name) const { return host::ToText((*this)[name]); }
-  // The field beside the date says the same day.
-  bool SameDay(std::string_view date, std::string_view text) const {
-    return !Written(date) ||
-           platform::FormatDate(host::ToDate((*this)[date]), platform::kSortPattern) == Text(text);
-  }
-
- private:
-  const schema::Table& schema_;
-  const store::Record& record_;
-};
+// The field beside the date says the same day.
+bool SaysSameDay(const RowView& row, std::string_view date, std::string_view text) {
+  return !row.Has(date) ||
+         platform::FormatDate(host::ToDate(row[date]), platform::kSortPattern) == row.Text(text);
+}
 
 class ContractCheck {
  public:
@@ -50,7 +37,7 @@ class ContractCheck {
         found_(found) {}
 
   void Check(const store::Record& record) {
-    const Row contract(catalog_.tables[contracts_], record);
+    const RowView contract(catalog_.tables[contracts_], record);
     name_ = fmt::format("Vertrag {} ({}, Oid {})", contract.Text(field::Vertragnummer),
                         table::vv_Vertraege, record.oid);
     CheckContract(contract);
@@ -67,7 +54,7 @@ class ContractCheck {
  private:
   void Found(const std::string& what) { found_(name_ + " " + what); }
 
-  void CheckContract(const Row& contract) {
+  void CheckContract(const RowView& contract) {
     if (contract.Text(field::Vertragnummer).empty()) Found("hat keine Nummer");
     const std::string typ = contract.Text(field::Typ);
     if (typ != schema::kTypDebtor && typ != schema::kTypCreditor)
@@ -75,33 +62,33 @@ class ContractCheck {
     for (const std::string_view name :
          {field::Art, field::VertragBeginn, field::VertragEnde, field::AktValue,
           field::AktZahlungsperiode, field::AktNaechsteRechnung})
-      if (!contract.Written(name)) Found(fmt::format("hat ein leeres Feld {}", name));
+      if (!contract.Has(name)) Found(fmt::format("hat ein leeres Feld {}", name));
     const std::int32_t art = host::ToLong(contract[field::Art]);
     if (schema::ArtText(art).empty())
       Found(fmt::format("hat die Art {}", art));
     else if (schema::ArtText(art) != contract.Text(field::ArtStr))
       Found(fmt::format("hat die Art {}, aber {} „{}“", art, field::ArtStr,
                         contract.Text(field::ArtStr)));
-    if (art == schema::kArtRenewable && !contract.Written(field::KuendfristDatum))
+    if (art == schema::kArtRenewable && !contract.Has(field::KuendfristDatum))
       Found(fmt::format("hat ein leeres Feld {}", field::KuendfristDatum));
-    if (!contract.SameDay(field::AktNaechsteRechnung, field::AktNaechsteRechnungStr))
+    if (!SaysSameDay(contract, field::AktNaechsteRechnung, field::AktNaechsteRechnungStr))
       Found(fmt::format("hat ein {}, das nicht zum Datum passt", field::AktNaechsteRechnungStr));
   }
 
-  void CheckTerm(const Row& contract, const store::Record& record) {
-    const Row term(catalog_.tables[terms_], record);
+  void CheckTerm(const RowView& contract, const store::Record& record) {
+    const RowView term(catalog_.tables[terms_], record);
     const auto in_term = [&](const std::string& what) {
       Found(fmt::format("hat im Vertragsstand ab {} (Oid {}) {}", term.Text(field::LaufzeitStart),
                         record.oid, what));
     };
     for (const std::string_view name : {field::LaufzeitStart, field::LaufzeitEnde, field::Value,
                                         field::RechnungWann, field::NaechsteRechnung})
-      if (!term.Written(name)) in_term(fmt::format("ein leeres Feld {}", name));
+      if (!term.Has(name)) in_term(fmt::format("ein leeres Feld {}", name));
     for (const auto& [date, text] :
          {std::pair(field::LaufzeitStart, field::LaufzeitStartStr),
           std::pair(field::LaufzeitEnde, field::LaufzeitEndeStr),
           std::pair(field::NaechsteRechnung, field::NaechsteRechnungStr)})
-      if (!term.SameDay(date, text))
+      if (!SaysSameDay(term, date, text))
         in_term(fmt::format("ein {}, das nicht zum Datum passt", text));
     // A type without positions makes contracts worth nothing; anything else that is
     // invoiced has positions.
@@ -146,12 +133,12 @@ std::string CounterNumber(store::RecordStore& store) {
   std::string number;
   store::Record client;
   workspace::ForEachRow(store, counters, [&](const store::Record& record) {
-    const Row counter(catalog.tables[counters], record);
+    const RowView counter(catalog.tables[counters], record);
     if (!platform::EqualsIgnoringCase(counter.Text(field::Tabelle), table::vv_Vertraege) ||
         !platform::EqualsIgnoringCase(counter.Text(field::Feld), field::Vertragnummer) ||
         !store.Read(clients, record.parent, client) ||
         !platform::EqualsIgnoringCase(
-            Row(catalog.tables[clients], client).Text(field::TessarinName), name))
+            RowView(catalog.tables[clients], client).Text(field::TessarinName), name))
       return true;
     number = counter.Text(field::Nummer);
     return false;

@@ -11,8 +11,8 @@
 #include "automation/workspace/database.h"
 #include "automation/workspace/row_walk.h"
 #include "contract/dates.h"
-#include "host/Value.h"
 #include "schema/names.h"
+#include "store/RowView.h"
 
 namespace pactora::deadlines {
 namespace {
@@ -20,36 +20,11 @@ namespace {
 namespace field = schema::field;
 namespace table = schema::table;
 
-// The cells of a contract row by field name.
-class ContractRow {
- public:
-  ContractRow(const schema::Table& schema, const store::Record& record)
-      : schema_(schema), record_(record) {}
-
-  std::string Text(std::string_view name) const { return host::ToText(Cell(name)); }
-  std::int32_t Long(std::string_view name) const { return host::ToLong(Cell(name)); }
-  // Nothing where there is no date.
-  std::optional<platform::Date> Date(std::string_view name) const {
-    const platform::Date date = host::ToDate(Cell(name));
-    if (date == platform::kNoDate) return std::nullopt;
-    return date;
-  }
-
- private:
-  const host::Value& Cell(std::string_view name) const {
-    return record_.cells[schema_.FindField(name).value()];
-  }
-
-  const schema::Table& schema_;
-  const store::Record& record_;
-};
-
 std::string AddressName(store::RecordStore& store, store::Oid oid) {
   const store::TableId addresses = store.Catalog().FindTable(table::Adressen).value();
   store::Record record;
   if (!store.Read(addresses, oid, record)) return {};
-  const schema::Table& schema = store.Catalog().tables[addresses];
-  return host::ToText(record.cells[schema.FindField(field::Name).value()]);
+  return store::RowView(store.Catalog().tables[addresses], record).Text(field::Name);
 }
 
 // Calendars are written again and again; any other file is not replaced.
@@ -80,7 +55,7 @@ std::string Text(Deadline::Kind kind) {
 std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::Record& contract,
                                   const std::string& address, platform::Date today) {
   std::vector<Deadline> deadlines;
-  const ContractRow row(contracts, contract);
+  const store::RowView row(contracts, contract);
   const auto add = [&](Deadline::Kind kind, std::optional<platform::Date> date) {
     if (!date || *date < today) return;
     Deadline deadline;
