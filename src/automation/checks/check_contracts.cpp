@@ -63,7 +63,7 @@ class ContractCheck {
          {field::Art, field::VertragBeginn, field::VertragEnde, field::AktValue,
           field::AktZahlungsperiode, field::AktNaechsteRechnung})
       if (!contract.Has(name)) Found(fmt::format("hat ein leeres Feld {}", name));
-    const std::int32_t art = host::ToLong(contract[field::Art]);
+    const std::int32_t art = contract.Long(field::Art);
     if (schema::ArtText(art).empty())
       Found(fmt::format("hat die Art {}", art));
     else if (schema::ArtText(art) != contract.Text(field::ArtStr))
@@ -92,8 +92,7 @@ class ContractCheck {
         in_term(fmt::format("ein {}, das nicht zum Datum passt", text));
     // A type without positions makes contracts worth nothing; anything else that is
     // invoiced has positions.
-    if (contract.Text(field::Typ) == schema::kTypDebtor &&
-        host::ToDouble(term[field::Value]) != 0.0 &&
+    if (contract.Text(field::Typ) == schema::kTypDebtor && term.Double(field::Value) != 0.0 &&
         store_.CountInParent(positions_, record.oid) == 0)
       in_term("keine Positionen");
   }
@@ -162,10 +161,10 @@ void CheckContracts(store::RecordStore& store, const Finding& found,
 void CheckCounters(store::RecordStore& store, const Finding& found) {
   const schema::Catalog& catalog = store.Catalog();
   const store::TableId contracts = catalog.FindTable(table::vv_Vertraege).value();
-  const std::size_t column = catalog.tables[contracts].FindField(field::Vertragnummer).value();
   std::string largest;
   workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
-    const std::string number = host::ToText(record.cells[column]);
+    const std::string number =
+        RowView(catalog.tables[contracts], record).Text(field::Vertragnummer);
     if (LooksDrawn(number) && IsLess(largest, number)) largest = number;
     return true;
   });

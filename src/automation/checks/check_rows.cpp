@@ -10,6 +10,7 @@
 #include "automation/workspace/row_walk.h"
 #include "platform/Error.h"
 #include "schema/names.h"
+#include "store/RowView.h"
 #include "store/rows.h"
 
 namespace pactora::checks {
@@ -132,10 +133,10 @@ void CheckAlarms(store::RecordStore& store, const Finding& found) {
   const schema::Catalog& catalog = store.Catalog();
   const store::TableId contracts = catalog.FindTable(table::vv_Vertraege).value();
   const store::TableId appointments = catalog.FindTable(table::vv_VertragsAktivitaeten).value();
-  const std::size_t column = catalog.tables[contracts].FindField(field::AlarmOID).value();
   store::Record other;
   workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
-    const std::string text = host::ToText(record.cells[column]);
+    const std::string text =
+        store::RowView(catalog.tables[contracts], record).Text(field::AlarmOID);
     if (text.empty()) return true;
     const auto oid = store::ParseOid(text);
     if (!oid || !store.Read(appointments, *oid, other) || other.parent != record.oid)

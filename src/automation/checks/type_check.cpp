@@ -8,8 +8,8 @@
 #include "automation/workspace/row_walk.h"
 #include "contract/money.h"
 #include "definitions/price_rules.h"
-#include "host/Value.h"
 #include "schema/names.h"
+#include "store/RowView.h"
 #include "store/rows.h"
 
 namespace pactora::checks {
@@ -18,6 +18,7 @@ namespace {
 namespace field = schema::field;
 namespace index = schema::index;
 namespace table = schema::table;
+using store::RowView;
 
 // For contracts with consumers since March 2022: at most 24 months at first, no
 // renewal for a fixed term, at most one month's notice.
@@ -28,44 +29,25 @@ constexpr std::int32_t kLongestNoticeWeeks = 4;
 constexpr std::string_view kNoticeText = "Kündigungsfrist";
 constexpr std::string_view kRenewalNoticeText = "Kündigungsfrist der Verlängerung";
 
-class Row {
- public:
-  Row(const schema::Table& schema, store::Record record)
-      : schema_(schema), record_(std::move(record)) {}
-
-  store::Oid Oid() const { return record_.oid; }
-  std::string Text(std::string_view name) const { return host::ToText(Cell(name)); }
-  std::int32_t Long(std::string_view name) const { return host::ToLong(Cell(name)); }
-  double Double(std::string_view name) const { return host::ToDouble(Cell(name)); }
-
- private:
-  const host::Value& Cell(std::string_view name) const {
-    return record_.cells[schema_.FindField(name).value()];
-  }
-
-  const schema::Table& schema_;
-  store::Record record_;
-};
-
 class Checker {
  public:
   explicit Checker(store::RecordStore& store) : store_(store) {}
 
   std::vector<TypeFinding> Check() {
-    workspace::ForEachRow(store_, Id(table::vv_Vertragsdefinitionen),
-                          [&](const store::Record& record) {
-                            const Row type(Schema(table::vv_Vertragsdefinitionen), record);
-                            type_ = &type;
-                            CheckTerms();
-                            CheckPositions();
-                            CheckAttribute("erforderliche", field::ErfordertMerkmalGruppe,
-                                           field::ErfordertMerkmal, field::ErfordertWert);
-                            CheckAttribute("gesetzte", field::SetztMerkmalGruppe,
-                                           field::SetztMerkmal, field::SetztWert);
-                            CheckWorkflow();
-                            HintAtConsumers();
-                            return true;
-                          });
+    const schema::Table& types = Schema(table::vv_Vertragsdefinitionen);
+    workspace::ForEachRow(store_, Id(types.name), [&](const store::Record& record) {
+      const RowView type(types, record);
+      type_ = &type;
+      oid_ = record.oid;
+      CheckTerms();
+      CheckPositions();
+      CheckAttribute("erforderliche", field::ErfordertMerkmalGruppe, field::ErfordertMerkmal,
+                     field::ErfordertWert);
+      CheckAttribute("gesetzte", field::SetztMerkmalGruppe, field::SetztMerkmal, field::SetztWert);
+      CheckWorkflow();
+      HintAtConsumers();
+      return true;
+    });
     return std::move(findings_);
   }
 
@@ -78,10 +60,10 @@ class Checker {
   }
 
   void Fault(std::string text) {
-    findings_.push_back({type_->Oid(), type_->Text(field::Bezeichnung), false, std::move(text)});
+    findings_.push_back({oid_, type_->Text(field::Bezeichnung), false, std::move(text)});
   }
   void Hint(std::string text) {
-    findings_.push_back({type_->Oid(), type_->Text(field::Bezeichnung), true, std::move(text)});
+    findings_.push_back({oid_, type_->Text(field::Bezeichnung), true, std::move(text)});
   }
 
   bool Renews() const { return type_->Long(field::Art) == schema::kArtRenewable; }
@@ -115,9 +97,9 @@ class Checker {
     const store::TableId positions = Id(table::vv_Definitionspositionen);
     const auto price = contract::PriceFieldOf(type_->Long(field::VerlaengerungsZahlungsperiode));
     store::Record record;
-    for (std::int64_t after = 0; store_.NextInParent(positions, type_->Oid(), after, record);
+    for (std::int64_t after = 0; store_.NextInParent(positions, oid_, after, record);
          after = record.order) {
-      const Row position(Schema(table::vv_Definitionspositionen), record);
+      const RowView position(Schema(table::vv_Definitionspositionen), record);
       const std::string article = position.Text(field::Artikel);
       if (!HasKey(table::Artikel, index::Id, position.Text(field::ArtikelID)) &&
           position.Text(field::ArtikelID) != schema::kDummyArticleId) {
@@ -157,14 +139,14 @@ class Checker {
     if (!Seek(table::MerkmalgruppeAdressen, index::Merkmalgruppe, group, group_row)) {
       return gone("die Gruppe", group);
     }
-    const Row group_cells(Schema(table::MerkmalgruppeAdressen), group_row);
+    const RowView group_cells(Schema(table::MerkmalgruppeAdressen), group_row);
     store::Record attribute_row;
     if (!Seek(table::MerkmallisteAdressen, index::MerkmalgruppeIDMerkmal,
               group_cells.Text(field::ID) + attribute, attribute_row)) {
       return gone("das Merkmal", attribute);
     }
     if (value.empty() || TakesAnyValue(attribute_row.oid)) return;
-    const Row attribute_cells(Schema(table::MerkmallisteAdressen), attribute_row);
+    const RowView attribute_cells(Schema(table::MerkmallisteAdressen), attribute_row);
     if (!HasKey(table::WerteMerkmalAdressen, index::MerkmalIDWert,
                 attribute_cells.Text(field::ID) + value)) {
       gone("der Wert", value);
@@ -175,7 +157,7 @@ class Checker {
   bool TakesAnyValue(store::Oid attribute) {
     store::Record first;
     if (!store_.NextInParent(Id(table::WerteMerkmalAdressen), attribute, 0, first)) return false;
-    const std::string value = Row(Schema(table::WerteMerkmalAdressen), first).Text(field::Wert);
+    const std::string value = RowView(Schema(table::WerteMerkmalAdressen), first).Text(field::Wert);
     return value == schema::kUserNameValue || value == schema::kDateValue;
   }
 
@@ -214,7 +196,9 @@ class Checker {
   }
 
   store::RecordStore& store_;
-  const Row* type_ = nullptr;
+  // The type that is being checked.
+  const RowView* type_ = nullptr;
+  store::Oid oid_ = 0;
   std::vector<TypeFinding> findings_;
 };
 

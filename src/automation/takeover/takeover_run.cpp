@@ -13,6 +13,7 @@
 #include "host/HostDb.h"
 #include "platform/Text.h"
 #include "schema/names.h"
+#include "store/RowView.h"
 #include "store/errors.h"
 
 namespace pactora::takeover {
@@ -48,10 +49,9 @@ TakeoverRun::TakeoverRun(std::unique_ptr<store::RecordStore> store, const platfo
 
 void TakeoverRun::ReadAddresses() {
   const store::TableId table = AddressTable(session_.Store());
-  const std::size_t name =
-      session_.Store().Catalog().tables[table].FindField(schema::field::Name).value();
+  const schema::Table& schema = session_.Store().Catalog().tables[table];
   workspace::ForEachRow(session_.Store(), table, [&](const store::Record& row) {
-    addresses_[host::ToText(row.cells[name])].push_back(row.oid);
+    addresses_[store::RowView(schema, row).Text(schema::field::Name)].push_back(row.oid);
     address_oids_.insert(row.oid);
     return true;
   });
@@ -152,14 +152,12 @@ void TakeoverRun::Finish(TakeoverReport& report) {
 void TakeoverRun::ReadContracts(const TakeoverReport& report) {
   store::RecordStore& store = session_.Store();
   const schema::Table& schema = Contracts(store.Catalog());
-  const std::size_t number = schema.FindField(schema::field::Vertragnummer).value();
-  const std::size_t name = schema.FindField(schema::field::Bezeichnung).value();
-  const std::size_t begin = schema.FindField(schema::field::VertragBeginn).value();
   workspace::ForEachRow(
-      store, store.Catalog().FindTable(schema.name).value(), [&](const store::Record& row) {
-        contracts_.emplace(
-            host::ToText(row.cells[number]),
-            Known{row.parent, host::ToText(row.cells[name]), host::ToDate(row.cells[begin])});
+      store, store.Catalog().FindTable(schema.name).value(), [&](const store::Record& record) {
+        const store::RowView row(schema, record);
+        contracts_.emplace(row.Text(schema::field::Vertragnummer),
+                           Known{record.parent, row.Text(schema::field::Bezeichnung),
+                                 host::ToDate(row[schema::field::VertragBeginn])});
         return true;
       });
   const auto is_gone = [&](const ReportLine& line) { return !contracts_.contains(line.number); };

@@ -8,6 +8,7 @@
 #include "automation/workspace/database.h"
 #include "desktop/MessageBox.h"
 #include "host/HostTable.h"
+#include "store/RowView.h"
 
 namespace pactora::desktop {
 namespace {
@@ -39,7 +40,7 @@ store::TableId Desk::Table(std::string_view name) {
 
 const host::Value& Desk::Cell(store::TableId table, const store::Record& record,
                               std::string_view field) {
-  return record.cells[Store().Catalog().tables[table].FindField(field).value()];
+  return store::RowView(Store().Catalog().tables[table], record)[field];
 }
 
 store::Oid Desk::Current(std::string_view table) {

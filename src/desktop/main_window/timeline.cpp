@@ -4,6 +4,7 @@
 
 #include "contract/dates.h"
 #include "schema/names.h"
+#include "store/RowView.h"
 
 namespace pactora::desktop {
 namespace {
@@ -41,24 +42,17 @@ std::optional<Timeline> ReadTimeline(store::RecordStore& store, store::Oid contr
   store::Record record;
   if (contract == 0 || !store.Read(contracts, contract, record)) return std::nullopt;
 
-  const auto cell = [&](store::TableId of, std::string_view name) -> const host::Value& {
-    return record.cells[catalog.tables[of].FindField(name).value()];
-  };
-  const auto date = [&](store::TableId of, std::string_view name) -> std::optional<Date> {
-    const Date found = host::ToDate(cell(of, name));
-    if (found == platform::kNoDate) return std::nullopt;
-    return found;
-  };
   Timeline line;
-  line.title = host::ToText(cell(contracts, field::Vertragnummer)) + "  " +
-               host::ToText(cell(contracts, field::Bezeichnung));
-  line.notice = date(contracts, field::KuendfristDatum);
+  const store::RowView row(catalog.tables[contracts], record);
+  line.title = row.Text(field::Vertragnummer) + "  " + row.Text(field::Bezeichnung);
+  line.notice = row.Date(field::KuendfristDatum);
   for (std::int64_t after = 0; store.NextInParent(terms, contract, after, record);
        after = record.order) {
-    const auto start = date(terms, field::LaufzeitStart);
+    const store::RowView stored(catalog.tables[terms], record);
+    const auto start = stored.Date(field::LaufzeitStart);
     if (!start) continue;
-    TimelineTerm term{*start, date(terms, field::LaufzeitEnde),
-                      date(terms, field::NaechsteRechnung)};
+    TimelineTerm term{*start, stored.Date(field::LaufzeitEnde),
+                      stored.Date(field::NaechsteRechnung)};
     if (term.next_invoice == platform::kNoInvoiceDate) term.next_invoice.reset();
     line.terms.push_back(term);
   }
