@@ -17,7 +17,7 @@ namespace table = schema::table;
 class Rows {
  public:
   Rows(store::RecordStore& store, std::string_view name)
-      : store_(store), table_(store.Catalog().FindTable(name).value()) {}
+      : store_(store), table_(store.Catalog().Table(name)) {}
 
   store::Oid Add(store::Oid parent,
                  std::initializer_list<std::pair<std::string_view, host::Value>> values) {

@@ -27,7 +27,7 @@ Status RunCheck(const std::string& database) {
   for (const std::string& fault : workspace::CheckStorage(database)) found(fault);
   const auto contracts = workspace::Naming(database, [&] {
     checks::CheckDatabase(*store, found, RaiseIfInterrupted);
-    return store->Count(store->Catalog().FindTable(schema::table::vv_Vertraege).value());
+    return store->Count(store->Catalog().Table(schema::table::vv_Vertraege));
   });
   fmt::print(stderr, "{} {} geprüft, {} {}\n", contracts, contracts == 1 ? "Vertrag" : "Verträge",
              faults, faults == 1 ? "Mangel" : "Mängel");

@@ -1,5 +1,7 @@
 #include "schema/Catalog.h"
 
+#include <stdexcept>
+
 #include "platform/Text.h"
 
 namespace pactora::schema {
@@ -33,7 +35,12 @@ std::optional<std::size_t> Catalog::FindTable(std::string_view table_name) const
   return FindName(tables, table_lookup, table_name);
 }
 
-std::size_t Catalog::Add(Table table, std::optional<std::size_t> parent) {
+std::size_t Catalog::Table(std::string_view table_name) const {
+  if (const auto position = FindTable(table_name)) return *position;
+  throw std::out_of_range("no table " + std::string(table_name));
+}
+
+std::size_t Catalog::Add(schema::Table table, std::optional<std::size_t> parent) {
   const std::size_t position = tables.size();
   table.parent = parent;
   if (parent) tables[*parent].children.push_back(position);

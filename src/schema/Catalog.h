@@ -55,18 +55,20 @@ struct Table {
 };
 
 struct Catalog {
-  std::int32_t version = 1;   // of the structure, stored in database files
-  std::vector<Table> tables;  // a parent before its children
+  std::int32_t version = 1;           // of the structure, stored in database files
+  std::vector<schema::Table> tables;  // a parent before its children
   bool workflow_add_on = true;
   NameLookup table_lookup;
 
   // Without regard to case.
   std::optional<std::size_t> FindTable(std::string_view table_name) const;
+  // The same for a table that must be there; throws std::out_of_range otherwise.
+  std::size_t Table(std::string_view table_name) const;
 
   // Appends a table under the parent, enters it among the parent's children and
   // makes its names quick to find. Returns its position.
   // Requires: the table has no children yet; parent, if any, is a position.
-  std::size_t Add(Table table, std::optional<std::size_t> parent);
+  std::size_t Add(schema::Table table, std::optional<std::size_t> parent);
 };
 
 // The tables of the contract add-on and of its host. Without the workflow

@@ -12,7 +12,7 @@ namespace pactora::schema {
 namespace {
 
 const Table& TableOf(const Catalog& catalog, std::string_view name) {
-  return catalog.tables.at(catalog.FindTable(name).value());
+  return catalog.tables.at(catalog.Table(name));
 }
 
 class ContractTables : public testing::TestWithParam<bool> {};

@@ -12,7 +12,7 @@ using host::Kind;
 using host::Value;
 
 TableId TableOf(const RecordStore& store, std::string_view name) {
-  return store.Catalog().FindTable(name).value();
+  return store.Catalog().Table(name);
 }
 
 IndexId IndexOf(const RecordStore& store, std::string_view table, std::string_view index) {

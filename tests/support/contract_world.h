@@ -217,9 +217,7 @@ class ContractWorld {
     return profile;
   }
 
-  store::TableId Id(std::string_view table) {
-    return host.Store().Catalog().FindTable(table).value();
-  }
+  store::TableId Id(std::string_view table) { return host.Store().Catalog().Table(table); }
 
   std::vector<store::Record> Records(store::TableId table) {
     std::vector<store::Oid> parents = {0};

@@ -31,9 +31,9 @@ class ContractCheck {
   ContractCheck(store::RecordStore& store, const Finding& found)
       : store_(store),
         catalog_(store.Catalog()),
-        contracts_(catalog_.FindTable(table::vv_Vertraege).value()),
-        terms_(catalog_.FindTable(table::vv_Vertragsstaende).value()),
-        positions_(catalog_.FindTable(table::vv_Vertragspositionen).value()),
+        contracts_(catalog_.Table(table::vv_Vertraege)),
+        terms_(catalog_.Table(table::vv_Vertragsstaende)),
+        positions_(catalog_.Table(table::vv_Vertragspositionen)),
         found_(found) {}
 
   void Check(const store::Record& record) {
@@ -126,8 +126,8 @@ bool LooksDrawn(std::string_view number) {
 // The counter row of this database's contract numbers.
 std::string CounterNumber(store::RecordStore& store) {
   const schema::Catalog& catalog = store.Catalog();
-  const store::TableId clients = catalog.FindTable(table::KELM_Mandanten).value();
-  const store::TableId counters = catalog.FindTable(table::KELM_Nummern).value();
+  const store::TableId clients = catalog.Table(table::KELM_Mandanten);
+  const store::TableId counters = catalog.Table(table::KELM_Nummern);
   const std::string name = store.ReadProfile().name;
   std::string number;
   store::Record client;
@@ -150,7 +150,7 @@ std::string CounterNumber(store::RecordStore& store) {
 void CheckContracts(store::RecordStore& store, const Finding& found,
                     const std::function<void()>& pause) {
   ContractCheck check(store, found);
-  const store::TableId contracts = store.Catalog().FindTable(table::vv_Vertraege).value();
+  const store::TableId contracts = store.Catalog().Table(table::vv_Vertraege);
   workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
     if (pause) pause();
     check.Check(record);
@@ -160,7 +160,7 @@ void CheckContracts(store::RecordStore& store, const Finding& found,
 
 void CheckCounters(store::RecordStore& store, const Finding& found) {
   const schema::Catalog& catalog = store.Catalog();
-  const store::TableId contracts = catalog.FindTable(table::vv_Vertraege).value();
+  const store::TableId contracts = catalog.Table(table::vv_Vertraege);
   std::string largest;
   workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
     const std::string number =

@@ -131,8 +131,8 @@ void CheckReference(store::RecordStore& store, const Reference& reference, const
 
 void CheckAlarms(store::RecordStore& store, const Finding& found) {
   const schema::Catalog& catalog = store.Catalog();
-  const store::TableId contracts = catalog.FindTable(table::vv_Vertraege).value();
-  const store::TableId appointments = catalog.FindTable(table::vv_VertragsAktivitaeten).value();
+  const store::TableId contracts = catalog.Table(table::vv_Vertraege);
+  const store::TableId appointments = catalog.Table(table::vv_VertragsAktivitaeten);
   store::Record other;
   workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
     const std::string text =

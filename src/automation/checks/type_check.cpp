@@ -52,9 +52,7 @@ class Checker {
   }
 
  private:
-  store::TableId Id(std::string_view name) const {
-    return store_.Catalog().FindTable(name).value();
-  }
+  store::TableId Id(std::string_view name) const { return store_.Catalog().Table(name); }
   const schema::Table& Schema(std::string_view name) const {
     return store_.Catalog().tables[Id(name)];
   }

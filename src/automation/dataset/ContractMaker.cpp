@@ -25,8 +25,7 @@ ContractMaker::ContractMaker(std::unique_ptr<store::RecordStore> store,
     : session_(std::move(store), messages_, clock), addresses_(session_.Store()) {}
 
 MadeContract ContractMaker::Make(const ContractOrder& order) {
-  const store::TableId addresses =
-      session_.Store().Catalog().FindTable(schema::table::Adressen).value();
+  const store::TableId addresses = session_.Store().Catalog().Table(schema::table::Adressen);
   const auto address = addresses_.Find(addresses, order.address);
   if (!address)
     formats::Raise(formats::DoorError::NotCarriedOut,

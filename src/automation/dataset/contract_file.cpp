@@ -16,8 +16,7 @@ RowChoice ReadAddress(const formats::Json& address, const formats::Place& place)
   if (address.is_string()) return {ReadOid(address, place), {}};
   if (!address.is_object()) place.Fail("eine Oid oder ein Objekt mit Feldern wird erwartet");
   const schema::Catalog catalog = schema::ContractCatalog(true);
-  return ReadWhere(catalog.tables[catalog.FindTable(schema::table::Adressen).value()], address,
-                   place);
+  return ReadWhere(catalog.tables[catalog.Table(schema::table::Adressen)], address, place);
 }
 
 bool IsBlank(const std::string& line) {

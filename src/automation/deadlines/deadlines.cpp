@@ -21,7 +21,7 @@ namespace field = schema::field;
 namespace table = schema::table;
 
 std::string AddressName(store::RecordStore& store, store::Oid oid) {
-  const store::TableId addresses = store.Catalog().FindTable(table::Adressen).value();
+  const store::TableId addresses = store.Catalog().Table(table::Adressen);
   store::Record record;
   if (!store.Read(addresses, oid, record)) return {};
   return store::RowView(store.Catalog().tables[addresses], record).Text(field::Name);
@@ -86,7 +86,7 @@ std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date to
                                     std::optional<std::int32_t> weeks) {
   std::optional<platform::Date> last;
   if (weeks) last = LastDayWithin(today, *weeks);
-  const store::TableId contracts = store.Catalog().FindTable(table::vv_Vertraege).value();
+  const store::TableId contracts = store.Catalog().Table(table::vv_Vertraege);
   const schema::Table& schema = store.Catalog().tables[contracts];
   std::vector<Deadline> deadlines;
   workspace::ForEachRow(store, contracts, [&](const store::Record& record) {

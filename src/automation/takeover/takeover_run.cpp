@@ -26,11 +26,11 @@ constexpr std::string_view kRememberedSetting = "Uebernahmelisten";
 constexpr std::size_t kMostRemembered = 50;
 
 store::TableId AddressTable(const store::RecordStore& store) {
-  return store.Catalog().FindTable(schema::table::Adressen).value();
+  return store.Catalog().Table(schema::table::Adressen);
 }
 
 const schema::Table& Contracts(const schema::Catalog& catalog) {
-  return catalog.tables[catalog.FindTable(schema::table::vv_Vertraege).value()];
+  return catalog.tables[catalog.Table(schema::table::vv_Vertraege)];
 }
 
 }  // namespace
@@ -153,7 +153,7 @@ void TakeoverRun::ReadContracts(const TakeoverReport& report) {
   store::RecordStore& store = session_.Store();
   const schema::Table& schema = Contracts(store.Catalog());
   workspace::ForEachRow(
-      store, store.Catalog().FindTable(schema.name).value(), [&](const store::Record& record) {
+      store, store.Catalog().Table(schema.name), [&](const store::Record& record) {
         const store::RowView row(schema, record);
         contracts_.emplace(row.Text(schema::field::Vertragnummer),
                            Known{record.parent, row.Text(schema::field::Bezeichnung),

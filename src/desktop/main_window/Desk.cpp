@@ -34,9 +34,7 @@ Desk::Desk(const std::string& database, const platform::Clock& clock,
 
 std::string Desk::UserName() { return session_.App()->CurrentDb()->Users().CurrentUser().Name(); }
 
-store::TableId Desk::Table(std::string_view name) {
-  return Store().Catalog().FindTable(name).value();
-}
+store::TableId Desk::Table(std::string_view name) { return Store().Catalog().Table(name); }
 
 const host::Value& Desk::Cell(store::TableId table, const store::Record& record,
                               std::string_view field) {

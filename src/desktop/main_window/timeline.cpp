@@ -37,8 +37,8 @@ std::string TickLabel(Date date, std::int32_t step) {
 
 std::optional<Timeline> ReadTimeline(store::RecordStore& store, store::Oid contract) {
   const schema::Catalog& catalog = store.Catalog();
-  const store::TableId contracts = catalog.FindTable(table::vv_Vertraege).value();
-  const store::TableId terms = catalog.FindTable(table::vv_Vertragsstaende).value();
+  const store::TableId contracts = catalog.Table(table::vv_Vertraege);
+  const store::TableId terms = catalog.Table(table::vv_Vertragsstaende);
   store::Record record;
   if (contract == 0 || !store.Read(contracts, contract, record)) return std::nullopt;
 

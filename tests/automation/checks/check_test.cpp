@@ -47,7 +47,7 @@ class Damaged {
   }
 
   store::RecordStore& Store() { return maker_.Store(); }
-  store::TableId Id(const char* table) { return Store().Catalog().FindTable(table).value(); }
+  store::TableId Id(const char* table) { return Store().Catalog().Table(table); }
   store::Record First(const char* table) { return workspace::AllRows(Store(), Id(table)).at(0); }
 
   void Set(const char* table, const char* field, host::Value value) {
@@ -124,7 +124,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Check, TwoRowsOfOneIdAreNamed) {
   const auto store = Company();
-  const auto groups = store->Catalog().FindTable("Artikelgruppen").value();
+  const auto groups = store->Catalog().Table("Artikelgruppen");
   store::Record group;
   group.cells = {"g1", host::Value()};
   store::InsertRow(*store, groups, group, nullptr);

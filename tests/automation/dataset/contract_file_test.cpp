@@ -132,7 +132,7 @@ TEST_F(ContractMakerTest, GivesNumberAndOidOfTheContractAndGoesOnAfterARefusal) 
             "address: mehrere Adressen mit Name = \"Muster GmbH\"; nennen Sie die Oid");
 
   store::RecordStore& store = maker.Store();
-  const auto contracts = store.Catalog().FindTable("vv_Vertraege").value();
+  const auto contracts = store.Catalog().Table("vv_Vertraege");
   EXPECT_FALSE(store.InUnit());
   EXPECT_EQ(store.CountInParent(contracts, 1), 1);
   EXPECT_EQ(store.CountInParent(contracts, 2), 2);

@@ -176,7 +176,7 @@ TEST_P(DatasetOverStores, AFileMayHaveItsKeysInAnyOrder) {
         { "MerkmallisteAdressen": [ { "Merkmal": "Kundenart" } ], "ID": "G1" } ] },
     "database": { "name": "X" }, "workflowAddOn": false })");
   EXPECT_FALSE(store->Catalog().workflow_add_on);
-  const auto id = [&](const char* name) { return store->Catalog().FindTable(name).value(); };
+  const auto id = [&](const char* name) { return store->Catalog().Table(name); };
 
   const auto contracts = workspace::AllRows(*store, id("vv_Vertraege"));
   ASSERT_EQ(contracts.size(), 3u);
@@ -200,8 +200,7 @@ TEST_P(DatasetOverStores, AnIdThatIsGivenOutNeverMeetsOneOfTheFile) {
   const auto store = Import(GetParam(), R"({ "tables": { "Artikelgruppen": [
     { "@oid": "1", "Artikelgruppe": "ohne" }, { "@oid": "2", "ID": "00000001" },
     { "@oid": "3", "ID": "" } ] } })");
-  const auto groups =
-      workspace::AllRows(*store, store->Catalog().FindTable("Artikelgruppen").value());
+  const auto groups = workspace::AllRows(*store, store->Catalog().Table("Artikelgruppen"));
   ASSERT_EQ(groups.size(), 3u);
   EXPECT_NE(host::ToText(groups[0].cells[0]), "");
   EXPECT_NE(host::ToText(groups[0].cells[0]), "00000001");

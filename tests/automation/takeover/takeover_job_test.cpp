@@ -43,7 +43,7 @@ struct TakeoverJobs : testing::Test {
   }
   std::int64_t CountContracts() const {
     const auto store = workspace::OpenDatabase(db, workspace::Access::Read);
-    return store->Count(store->Catalog().FindTable(schema::table::vv_Vertraege).value());
+    return store->Count(store->Catalog().Table(schema::table::vv_Vertraege));
   }
 
   static std::int32_t NumberOf(const std::function<void()>& body) {

@@ -86,7 +86,7 @@ class MainWindowTest : public testing::Test {
   }
   std::size_t Count(std::string_view name) {
     const auto store = workspace::OpenDatabase(database, workspace::Access::Write);
-    return workspace::AllRows(*store, store->Catalog().FindTable(name).value()).size();
+    return workspace::AllRows(*store, store->Catalog().Table(name)).size();
   }
 
   support::TemporaryFolder folder;
