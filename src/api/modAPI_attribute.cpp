@@ -5,6 +5,7 @@
 #include "api/modAPI.h"
 #include "api/vv_CContractD.h"
 #include "host/Value.h"
+#include "host/row.h"
 #include "shell/handlers.h"
 
 namespace pactora::api {
@@ -41,14 +42,13 @@ void CreateAttribute(shell::Module& module) {
 
     const std::shared_ptr<host::HostTable> attributes =
         module.gDb->Tables().Item(schema::table::Adressmerkmale);
-    attributes->FilterOff(host::kTrue, host::kFlagsUsual);
-    attributes->FilterOff2(host::kTrue, host::kFlagsUsual);
+    ShowAllRows(*attributes, host::kFlagsUsual);
 
     Steps run;
     const auto write = [&](std::string_view name, const host::Value& value) {
-      run([&] { attributes->Fields().Item(name).SetValue(value); });
+      run([&] { Set(*attributes, name, value); });
     };
-    run([&] { attributes->GotoRec(attributes->NewRecordOid(host::kFlagsNone)); });
+    run([&] { BeginNewRow(*attributes); });
     if (!contract.SetztMerkmalGruppe.empty()) write(field::Gruppe, contract.SetztMerkmalGruppe);
     write(field::Merkmal, contract.SetztMerkmal);
     write(field::Wert, contract.SetztWert);

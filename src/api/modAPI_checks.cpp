@@ -1,6 +1,7 @@
 // The checks of single properties.
 #include "api/article_access.h"
 #include "api/modAPI.h"
+#include "host/row.h"
 #include "shell/CTableProperties.h"
 #include "shell/handlers.h"
 
@@ -21,8 +22,7 @@ bool ArticlesExist(shell::Module& module) {
         module.gDb->Tables().Item(schema::table::Artikel);
     cursor.Init(articles);
     cursor.Save();
-    articles->FilterOff(host::kTrue, host::kFlagsUsual);
-    articles->FilterOff2(host::kTrue, host::kFlagsUsual);
+    ShowAllRows(*articles, host::kFlagsUsual);
     articles->Indexes().Select(schema::index::Id, host::kFlagsUsual);
     bool all_found = true;
     ForEachArticle(module, [&](const vv_CArticle& article) {

@@ -4,6 +4,7 @@
 #include "contract/dates.h"
 #include "contract/modVV.h"
 #include "host/Value.h"
+#include "host/row.h"
 #include "shell/handlers.h"
 
 namespace pactora::api {
@@ -56,64 +57,51 @@ Alarm AlarmOf(shell::Module& module, const vv_CContractD& contract, const Contra
   return {true, contract::WeeksBefore(dates.notice, weeks), dates.notice, contract::kAlarmNotice};
 }
 
-class RowWriter {
- public:
-  explicit RowWriter(host::HostTable& table) : fields_(table.Fields()) {}
-  void operator()(std::string_view name, const host::Value& value) {
-    fields_.Item(name).SetValue(value);
-  }
-
- private:
-  host::HostFields& fields_;
-};
-
 // The fields up to the one that the alarm setting is read after.
 void WriteTerms(host::HostTable& table, const vv_CContractD& contract, const ContractDates& dates) {
   const bool renewable = IsRenewable(contract);
-  RowWriter write(table);
-  write(field::Typ, schema::kTypDebtor);
-  write(field::VertragBeginn, dates.begin);
-  write(field::VertragEnde, dates.end);
-  write(field::GeschlossenAm, contract.VertragGeschlossenAm);
-  write(field::Memo, contract.Memo);
-  write(field::RabattNurErsteLaufzeit, contract.RabattNurErsteLaufzeit);
-  write(field::Bezeichnung, contract.Bezeichnung);
-  write(field::Auftragsnummer, contract.Auftragsnummer);
-  write(field::Art, contract.lVertragArt);
-  write(field::ArtStr, schema::ArtText(contract.lVertragArt));
-  write(field::Dauer, contract.Dauer);
+  Set(table, field::Typ, schema::kTypDebtor);
+  Set(table, field::VertragBeginn, dates.begin);
+  Set(table, field::VertragEnde, dates.end);
+  Set(table, field::GeschlossenAm, contract.VertragGeschlossenAm);
+  Set(table, field::Memo, contract.Memo);
+  Set(table, field::RabattNurErsteLaufzeit, contract.RabattNurErsteLaufzeit);
+  Set(table, field::Bezeichnung, contract.Bezeichnung);
+  Set(table, field::Auftragsnummer, contract.Auftragsnummer);
+  Set(table, field::Art, contract.lVertragArt);
+  Set(table, field::ArtStr, schema::ArtText(contract.lVertragArt));
+  Set(table, field::Dauer, contract.Dauer);
   if (renewable) {
-    write(field::Verlaengerungsdauer, contract.Verlaengerungsdauer);
-    write(field::Kuendigungsfrist, contract.KuendFristInWochen);
-    write(field::KuendigungsfristEinh, schema::kWeeks);
-    write(field::VerlKuendigungsfrist, contract.KuendFristInWochen);
-    write(field::VerlKuendigungsfristEinh, schema::kWeeks);
+    Set(table, field::Verlaengerungsdauer, contract.Verlaengerungsdauer);
+    Set(table, field::Kuendigungsfrist, contract.KuendFristInWochen);
+    Set(table, field::KuendigungsfristEinh, schema::kWeeks);
+    Set(table, field::VerlKuendigungsfrist, contract.KuendFristInWochen);
+    Set(table, field::VerlKuendigungsfristEinh, schema::kWeeks);
   }
-  write(field::Zahlungsperiode, contract.Zahlungsperiode);
+  Set(table, field::Zahlungsperiode, contract.Zahlungsperiode);
   if (renewable) {
-    write(field::VerlaengerungsZahlungsperiode, contract.VerlaengerungsZahlungsperiode);
+    Set(table, field::VerlaengerungsZahlungsperiode, contract.VerlaengerungsZahlungsperiode);
   }
-  write(field::AktZahlungsperiode, contract.Zahlungsperiode);
-  write(field::AktZahlungsperiodeStr, contract::GetPeriodName(contract.Zahlungsperiode));
-  write(field::AktNaechsteRechnung, dates.begin);
-  write(field::AktNaechsteRechnungStr, dates.begin_text);
-  if (renewable) write(field::KuendfristDatum, dates.notice);
+  Set(table, field::AktZahlungsperiode, contract.Zahlungsperiode);
+  Set(table, field::AktZahlungsperiodeStr, contract::GetPeriodName(contract.Zahlungsperiode));
+  Set(table, field::AktNaechsteRechnung, dates.begin);
+  Set(table, field::AktNaechsteRechnungStr, dates.begin_text);
+  if (renewable) Set(table, field::KuendfristDatum, dates.notice);
 }
 
 void WriteStatusRow(host::HostTable& table, const vv_CContractD& contract,
                     const ContractDates& dates) {
-  table.GotoRec(table.NewRecordOid(host::kFlagsNone));
-  RowWriter write(table);
-  write(field::LaufzeitStart, dates.begin);
-  write(field::LaufzeitStartStr, dates.begin_text);
-  write(field::LaufzeitEnde, dates.end);
-  write(field::LaufzeitEndeStr, contract::SortText(dates.end));
-  write(field::Zahlungsperiode, contract.Zahlungsperiode);
-  write(field::ZahlungsperiodeStr, contract::GetPeriodName(contract.Zahlungsperiode));
-  write(field::RechnungWann, schema::kInAdvance);
-  write(field::NaechsteRechnung, dates.begin);
-  write(field::NaechsteRechnungStr, dates.begin_text);
-  write(field::Rabattprozent, contract.dblRabatt);
+  BeginNewRow(table);
+  Set(table, field::LaufzeitStart, dates.begin);
+  Set(table, field::LaufzeitStartStr, dates.begin_text);
+  Set(table, field::LaufzeitEnde, dates.end);
+  Set(table, field::LaufzeitEndeStr, contract::SortText(dates.end));
+  Set(table, field::Zahlungsperiode, contract.Zahlungsperiode);
+  Set(table, field::ZahlungsperiodeStr, contract::GetPeriodName(contract.Zahlungsperiode));
+  Set(table, field::RechnungWann, schema::kInAdvance);
+  Set(table, field::NaechsteRechnung, dates.begin);
+  Set(table, field::NaechsteRechnungStr, dates.begin_text);
+  Set(table, field::Rabattprozent, contract.dblRabatt);
   table.StoreNew(host::kFlagsUsual);
 }
 
@@ -126,13 +114,12 @@ bool CreateVandVS(shell::Module& module) {
     module.gApiVertragEnde = dates.end;
 
     host::HostTable& contracts = *module.gApiVertraege;
-    contracts.GotoRec(contracts.NewRecordOid(host::kFlagsNone));
+    BeginNewRow(contracts);
     WriteTerms(contracts, contract, dates);
     const Alarm alarm = AlarmOf(module, contract, dates);
     const std::string user = module.gDb->Users().CurrentUser().Name();
-    RowWriter write(contracts);
-    write(field::Verantwortlich, user);
-    write(field::NoBooking, false);
+    Set(contracts, field::Verantwortlich, user);
+    Set(contracts, field::NoBooking, false);
     host::HostField& number = contracts.Fields().Item(field::Vertragnummer);
     module.gApiVertragnummer = contract::GetNextNumber(module, number);
     number.SetValue(module.gApiVertragnummer);

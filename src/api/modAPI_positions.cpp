@@ -14,6 +14,7 @@
 #include "contract/money.h"
 #include "contract/position_groups.h"
 #include "host/Value.h"
+#include "host/row.h"
 #include "platform/Text.h"
 #include "shell/CTableProperties.h"
 #include "shell/handlers.h"
@@ -71,8 +72,8 @@ class PositionBuilder {
     articles_.MoveFirst(host::kFlagsUsual);
     if (!articles_.SeekKey(article.sArtikelID, host::kFlagsUsual)) return;
 
-    const double base = article.bSonderpreisVerwenden ? article.dblPreis
-                                                      : host::ToDouble(Master(field::Nettopreis));
+    const double base =
+        article.bSonderpreisVerwenden ? article.dblPreis : GetDouble(articles_, field::Nettopreis);
     const PeriodPrices prices = CalculatePrices(article.lPreisDauer, base);
     const double period_price = PeriodPrice(prices, period_);
     const double discount = article.bUseCustomDiscount ? article.dblCustomDiscount : discount_;
@@ -110,8 +111,7 @@ class PositionBuilder {
   }
 
  private:
-  host::Value Master(std::string_view name) { return articles_.Fields().Item(name).Value(); }
-  std::string MasterText(std::string_view name) { return host::ToText(Master(name)); }
+  std::string MasterText(std::string_view name) { return GetText(articles_, name); }
 
   host::HostTable& articles_;
   std::vector<ApiPositionRow>& rows_;
@@ -168,7 +168,7 @@ constexpr std::array<Column, 24> kColumns = {{
 
 void StoreValue(host::HostTable& table, std::string_view name, double value) {
   table.BeginEdit();
-  table.Fields().Item(name).SetValue(value);
+  Set(table, name, value);
   table.Store(host::kFlagsUsual);
 }
 
@@ -192,8 +192,7 @@ bool GetNewPositions(shell::Module& module, std::int32_t lZahlungsperiode, doubl
     cursor.Init(module.gApiArtikel);
     cursor.Save();
     host::HostTable& articles = *module.gApiArtikel;
-    articles.FilterOff(host::kTrue, host::kFlagsNone);
-    articles.FilterOff2(host::kTrue, host::kFlagsNone);
+    ShowAllRows(articles, host::kFlagsNone);
     articles.Indexes().Select(schema::index::Id, host::kFlagsNone);
     PositionBuilder builder(module, lZahlungsperiode, dblRabatt);
     bool any = false;
@@ -221,7 +220,7 @@ bool WriteNewPositions(shell::Module& module, double& dValue) {
     bool any = false;
     for (std::size_t i = 1; i < rows.size(); ++i) {
       const ApiPositionRow& row = rows[i];
-      positions.GotoRec(positions.NewRecordOid(host::kFlagsNone));
+      BeginNewRow(positions);
       for (std::size_t c = 0; c < kColumns.size(); ++c) {
         const Column& column = kColumns[c];
         if (fields[c] == nullptr) fields[c] = &positions.Fields().Item(column.name);

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "host/row.h"
 #include "platform/Text.h"
 #include "schema/names.h"
 #include "shell/handlers.h"
@@ -32,10 +33,6 @@ std::string CancellationSubject(std::int32_t kind, platform::Date date) {
   return {};
 }
 
-void Set(host::HostFields& fields, std::string_view name, const host::Value& value) {
-  fields.Item(name).SetValue(value);
-}
-
 // Makes or changes an appointment of the current contract. subject is called
 // once the appointment's row is current.
 template <typename Subject>
@@ -44,27 +41,25 @@ void WriteAppointment(shell::Module& module, const std::string& sOid, platform::
   host::HostTables& tables = module.gDb->Tables();
   const std::shared_ptr<host::HostTable> contracts = tables.Item(table::vv_Vertraege);
   const std::shared_ptr<host::HostTable> appointments = tables.Item(table::vv_VertragsAktivitaeten);
-  appointments->FilterOff(host::kTrue, host::kFlagsUsual);
-  appointments->FilterOff2(host::kTrue, host::kFlagsUsual);
+  ShowAllRows(*appointments, host::kFlagsUsual);
 
   const bool is_new = sOid.empty();
   if (is_new) {
-    appointments->GotoRec(appointments->NewRecordOid(host::kFlagsNone));
+    BeginNewRow(*appointments);
   } else if (!appointments->FindOid(sOid, host::kFlagsUsual)) {
     return;
   }
-  host::HostFields& fields = appointments->Fields();
-  Set(fields, field::Typ, schema::kAppointmentTyp);
-  Set(fields, field::Betreff, subject());
-  Set(fields, field::Datum, platform::Date{dtAlarm.days + kNineInTheMorning});
-  Set(fields, field::Erledigt, false);
-  Set(fields, field::Verantwortlich, sUser);
+  Set(*appointments, field::Typ, schema::kAppointmentTyp);
+  Set(*appointments, field::Betreff, subject());
+  Set(*appointments, field::Datum, platform::Date{dtAlarm.days + kNineInTheMorning});
+  Set(*appointments, field::Erledigt, false);
+  Set(*appointments, field::Verantwortlich, sUser);
   if (!is_new) {
     appointments->Store(host::kFlagsUsual);
     return;
   }
   appointments->StoreNew(host::kFlagsUsual);
-  Set(contracts->Fields(), field::AlarmOID, appointments->Oid());
+  Set(*contracts, field::AlarmOID, appointments->Oid());
   contracts->Store(host::kFlagsUsual);
 }
 
@@ -149,8 +144,7 @@ std::string GetNextNumber(shell::Module& module, host::HostField& oField) {
   // Counters of other clients carry the same key.
   bool found = false;
   while (!numbers->Eof() && at_key()) {
-    const host::Value name = numbers->ParentTable()->Fields().Item(field::TessarinName).Value();
-    found = platform::UpperCase(host::ToText(name)) == client;
+    found = platform::UpperCase(GetText(*numbers->ParentTable(), field::TessarinName)) == client;
     if (found) break;
     numbers->MoveNext(1, host::kFlagsUsual);
   }
@@ -179,11 +173,10 @@ void CreateNumberRecord(shell::Module& module, host::HostTable& oNumbers, std::s
                           "Mandant " + tables.Database().DisplayName(host::kFlagsNone) +
                               " fehlt in Mandantentabelle!");
   }
-  oNumbers.GotoRec(oNumbers.NewRecordOid(host::kFlagsNone));
-  host::HostFields& fields = oNumbers.Fields();
-  Set(fields, field::Tabelle, sTabelle);
-  Set(fields, field::Feld, sFeld);
-  Set(fields, field::Nummer, kFirstNumber);
+  BeginNewRow(oNumbers);
+  Set(oNumbers, field::Tabelle, sTabelle);
+  Set(oNumbers, field::Feld, sFeld);
+  Set(oNumbers, field::Nummer, kFirstNumber);
   oNumbers.StoreNew(host::kFlagsNone);
   oNumbers.Indexes().Select(index_name, host::kFlagsNone);
 }

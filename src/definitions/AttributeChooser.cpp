@@ -3,8 +3,9 @@
 #include <cstddef>
 #include <utility>
 
-#include "definitions/current_row.h"
 #include "definitions/loading_scope.h"
+#include "definitions/tables.h"
+#include "host/row.h"
 #include "platform/Date.h"
 #include "platform/Text.h"
 #include "schema/names.h"
@@ -98,7 +99,7 @@ void AttributeChooser::ReadAttributeList() {
     attributes.Indexes().SelectNone(host::kFlagsNone);
     for (attributes.MoveFirst(host::kFlagsUsual); !attributes.Eof();
          attributes.MoveNext(1, host::kFlagsUsual)) {
-      cboAttribute.AddItem(ReadText(attributes, schema::field::Merkmal));
+      cboAttribute.AddItem(GetText(attributes, schema::field::Merkmal));
       msAttributeOids.push_back(attributes.Oid());
     }
   });
@@ -130,7 +131,7 @@ void AttributeChooser::OfferValues() {
   host::HostTable& values = Held(tables_.moMerkmalwerte);
   values.Indexes().SelectNone(host::kFlagsNone);
   values.MoveFirst(host::kFlagsUsual);
-  const std::string first = values.Eof() ? std::string() : ReadText(values, schema::field::Wert);
+  const std::string first = values.Eof() ? std::string() : GetText(values, schema::field::Wert);
   if (first == schema::kDateValue) {
     mlValueKind = kDateKind;
     cboValue.SetVisible(false);
@@ -144,7 +145,7 @@ void AttributeChooser::OfferValues() {
     return;
   }
   for (; !values.Eof(); values.MoveNext(1, host::kFlagsUsual)) {
-    cboValue.AddItem(ReadText(values, schema::field::Wert));
+    cboValue.AddItem(GetText(values, schema::field::Wert));
   }
 }
 
@@ -185,7 +186,7 @@ void AttributeChooser::RestoreAttribute(const AttributeTriple& stored) {
   host::HostTable& attributes = Held(tables_.moMerkmale);
   attributes.Indexes().Select(schema::index::Merkmal, host::kFlagsUsual);
   if (attributes.SeekKey(stored.attribute, host::kFlagsUsual)) {
-    if (ReadText(Held(tables_.moMerkmalgruppen), schema::field::Gruppe) == stored.group) {
+    if (GetText(Held(tables_.moMerkmalgruppen), schema::field::Gruppe) == stored.group) {
       cboAttribute.SetText(stored.attribute);
     } else if (cboAttribute.Count() > 0) {
       // An attribute of another group by that name takes the first place.

@@ -6,10 +6,10 @@
 
 #include "contract/modVV.h"
 #include "contract/money.h"
-#include "definitions/current_row.h"
 #include "definitions/messages.h"
 #include "definitions/number_text.h"
 #include "definitions/price_rules.h"
+#include "definitions/tables.h"
 #include "platform/Error.h"
 #include "platform/Locale.h"
 #include "shell/CAddonError.h"

@@ -3,9 +3,10 @@
 #include <utility>
 
 #include "contract/modVV.h"
-#include "definitions/current_row.h"
 #include "definitions/frmFEditDefinitions.h"
 #include "definitions/price_rules.h"
+#include "definitions/tables.h"
+#include "host/row.h"
 #include "platform/Error.h"
 #include "schema/names.h"
 
@@ -67,7 +68,7 @@ void frmFEditDefinitions::FillAttributes() {
   requi_attribute_.AddEmptyGroup();
   put_attribute_.AddEmptyGroup();
   for (groups.MoveFirst(host::kFlagsUsual); !groups.Eof(); groups.MoveNext(1, host::kFlagsUsual)) {
-    const std::string name = ReadText(groups, field::Gruppe);
+    const std::string name = GetText(groups, field::Gruppe);
     requi_attribute_.AddGroup(name, groups.Oid());
     put_attribute_.AddGroup(name, groups.Oid());
   }
@@ -90,8 +91,8 @@ void frmFEditDefinitions::FillArticleGroups() {
   groups.Indexes().Select(schema::index::ID, host::kFlagsNone);
   msArtikelgruppeIDs.assign(1, "");
   for (groups.MoveFirst(host::kFlagsUsual); !groups.Eof(); groups.MoveNext(1, host::kFlagsUsual)) {
-    cboArtikelGruppen.AddItem(ReadText(groups, field::Artikelgruppe));
-    msArtikelgruppeIDs.push_back(ReadText(groups, field::ID));
+    cboArtikelGruppen.AddItem(GetText(groups, field::Artikelgruppe));
+    msArtikelgruppeIDs.push_back(GetText(groups, field::ID));
   }
   moArtikel = OpenTable(module_, schema::table::Artikel);
   ShowAllRows(*moArtikel, host::kFlagsUsual);
@@ -120,27 +121,27 @@ bool frmFEditDefinitions::ShowStoredType() {
   SetCaption("Vertragstyp [Ändern]");
   mbNew = false;
   host::HostTable& type = Held(moDefinitionen);
-  msTyp = ReadText(type, field::Typ);
+  msTyp = GetText(type, field::Typ);
   if (!SelectTyp()) return false;
-  msWorkflowID = ReadText(type, field::WorkflowID);
-  if (!SelectKind(ReadLong(type, field::Art))) return false;
-  SelectStatus(ReadText(type, field::Status));
-  chkNoBooking.SetChecked(host::ToBoolean(ReadField(type, field::NoBooking)));
-  txtBezeichnung.SetText(ReadText(type, field::Bezeichnung));
-  txtDauer.SetText(std::to_string(ReadLong(type, field::Dauer)));
-  SelectPeriod(cboZahlungsperiode, ReadLong(type, field::Zahlungsperiode));
-  cboKuendFrist.SetText(std::to_string(ReadLong(type, field::Kuendigungsfrist)));
-  cboKuendEinh.SetText(ReadText(type, field::KuendigungsfristEinh));
-  txtDauer2.SetText(std::to_string(ReadLong(type, field::Verlaengerungsdauer)));
-  SelectPeriod(cboZahlungsperiode2, ReadLong(type, field::VerlaengerungsZahlungsperiode));
-  cboKuendFrist2.SetText(std::to_string(ReadLong(type, field::VerlKuendigungsfrist)));
-  cboKuendEinh2.SetText(ReadText(type, field::VerlKuendigungsfristEinh));
-  SelectRechnungWann(ReadLong(type, field::RechnungWann));
-  requi_attribute_.Restore({ReadText(type, field::ErfordertMerkmalGruppe),
-                            ReadText(type, field::ErfordertMerkmal),
-                            ReadText(type, field::ErfordertWert)});
-  put_attribute_.Restore({ReadText(type, field::SetztMerkmalGruppe),
-                          ReadText(type, field::SetztMerkmal), ReadText(type, field::SetztWert)});
+  msWorkflowID = GetText(type, field::WorkflowID);
+  if (!SelectKind(GetLong(type, field::Art))) return false;
+  SelectStatus(GetText(type, field::Status));
+  chkNoBooking.SetChecked(host::ToBoolean(Get(type, field::NoBooking)));
+  txtBezeichnung.SetText(GetText(type, field::Bezeichnung));
+  txtDauer.SetText(std::to_string(GetLong(type, field::Dauer)));
+  SelectPeriod(cboZahlungsperiode, GetLong(type, field::Zahlungsperiode));
+  cboKuendFrist.SetText(std::to_string(GetLong(type, field::Kuendigungsfrist)));
+  cboKuendEinh.SetText(GetText(type, field::KuendigungsfristEinh));
+  txtDauer2.SetText(std::to_string(GetLong(type, field::Verlaengerungsdauer)));
+  SelectPeriod(cboZahlungsperiode2, GetLong(type, field::VerlaengerungsZahlungsperiode));
+  cboKuendFrist2.SetText(std::to_string(GetLong(type, field::VerlKuendigungsfrist)));
+  cboKuendEinh2.SetText(GetText(type, field::VerlKuendigungsfristEinh));
+  SelectRechnungWann(GetLong(type, field::RechnungWann));
+  requi_attribute_.Restore({GetText(type, field::ErfordertMerkmalGruppe),
+                            GetText(type, field::ErfordertMerkmal),
+                            GetText(type, field::ErfordertWert)});
+  put_attribute_.Restore({GetText(type, field::SetztMerkmalGruppe),
+                          GetText(type, field::SetztMerkmal), GetText(type, field::SetztWert)});
   ReadStoredPositions();
   EnableWorkflowSelection(IsRenewableClaim());
   return true;

@@ -1,10 +1,10 @@
 // A type changed for one contract: it comes from memory and goes back there.
 #include <memory>
 
-#include "definitions/current_row.h"
 #include "definitions/frmFEditDefinitions.h"
 #include "definitions/loading_scope.h"
 #include "definitions/position_columns.h"
+#include "definitions/tables.h"
 #include "definitions/vv_CPosition.h"
 #include "schema/names.h"
 

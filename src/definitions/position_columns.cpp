@@ -7,8 +7,9 @@
 
 #include "contract/money.h"
 #include "contract/position_groups.h"
-#include "definitions/current_row.h"
 #include "definitions/number_text.h"
+#include "definitions/tables.h"
+#include "host/row.h"
 #include "schema/names.h"
 
 namespace pactora::definitions {
@@ -123,11 +124,11 @@ PositionTexts TextsOfStored(host::HostTable& positions, const Locale& locale) {
   PositionTexts texts(column::kCount);
   At(texts, column::RecordOID) = positions.Oid();
   for (const Field& field : kFields) {
-    At(texts, field.column) = TextOf(ReadField(positions, field.name), field.form, locale);
+    At(texts, field.column) = TextOf(Get(positions, field.name), field.form, locale);
   }
-  At(texts, column::GPreis) = TotalText(ReadDouble(positions, schema::field::Anzahl),
-                                        ReadDouble(positions, schema::field::Nettopreis), locale);
-  At(texts, column::Gruppierung) = ReadText(positions, schema::field::Gruppierung);
+  At(texts, column::GPreis) = TotalText(GetDouble(positions, schema::field::Anzahl),
+                                        GetDouble(positions, schema::field::Nettopreis), locale);
+  At(texts, column::Gruppierung) = GetText(positions, schema::field::Gruppierung);
   return texts;
 }
 
@@ -158,7 +159,7 @@ vv_CPosition RecordOf(const ui::ListView& list, std::int32_t row, const Locale& 
 void WriteColumns(const ui::ListView& list, std::int32_t row, host::HostTable& positions,
                   const Locale& locale) {
   for (const Field& field : kFields) {
-    WriteField(positions, field.name, FieldValue(list.Text(row, field.column), field.form, locale));
+    Set(positions, field.name, FieldValue(list.Text(row, field.column), field.form, locale));
   }
 }
 
@@ -181,12 +182,12 @@ void WriteDummyFields(host::HostTable& positions) {
   const vv_CPosition dummy = DummyPosition();
   for (const Field& field : kFields) {
     if (field.column == column::USTSatz || field.column == column::Erloeskonto) continue;
-    WriteField(positions, field.name, ValueOf(dummy, field.member));
+    Set(positions, field.name, ValueOf(dummy, field.member));
   }
-  WriteField(positions, schema::field::Row, contract::RowText(1));
-  WriteField(positions, schema::field::Positionsnummer, "");
-  WriteField(positions, schema::field::Gruppierung, "");
-  WriteField(positions, schema::field::Gruppierungsposition, std::int32_t{0});
+  Set(positions, schema::field::Row, contract::RowText(1));
+  Set(positions, schema::field::Positionsnummer, "");
+  Set(positions, schema::field::Gruppierung, "");
+  Set(positions, schema::field::Gruppierungsposition, std::int32_t{0});
 }
 
 }  // namespace pactora::definitions

@@ -2,13 +2,14 @@
 #include <cstddef>
 #include <utility>
 
-#include "definitions/current_row.h"
 #include "definitions/frmFEditDefPositions.h"
 #include "definitions/frmFEditDefinitions.h"
 #include "definitions/messages.h"
 #include "definitions/number_text.h"
 #include "definitions/position_columns.h"
+#include "definitions/tables.h"
 #include "definitions/vv_CPosition.h"
+#include "host/row.h"
 #include "schema/names.h"
 
 namespace pactora::definitions {
@@ -57,9 +58,9 @@ void frmFEditDefinitions::cboArtikelGruppen_Click() {
     articles.Indexes().SelectNone(host::kFlagsUsual);
     for (articles.MoveFirst(host::kFlagsUsual); !articles.Eof();
          articles.MoveNext(1, host::kFlagsUsual)) {
-      lvwArtikel.AddRow(ReadText(articles, field::Bezeichnung),
-                        {Fixed(ReadDouble(articles, field::Nettopreis)), articles.Oid(),
-                         ReadText(articles, field::ID)});
+      lvwArtikel.AddRow(GetText(articles, field::Bezeichnung),
+                        {Fixed(GetDouble(articles, field::Nettopreis)), articles.Oid(),
+                         GetText(articles, field::ID)});
     }
     articles.MoveFirst(host::kFlagsUsual);
     if (lvwArtikel.RowCount() > 0) lvwArtikel.SelectRow(1);
@@ -81,11 +82,11 @@ void frmFEditDefinitions::AddPosition() {
   if (!article.FindOid(lvwArtikel.Text(row, kArticleOid), host::kFlagsUsual)) return;
 
   frmFEditDefPositions dialog(module_);
-  dialog.txtArtikel.SetText(ReadText(article, field::Bezeichnung));
+  dialog.txtArtikel.SetText(GetText(article, field::Bezeichnung));
   dialog.txtAnzahl.SetText(Fixed(1.0));
-  dialog.txtNettopreis.SetText(Fixed(ReadDouble(article, field::Nettopreis)));
-  dialog.cboEinheit.SetText(ReadText(article, field::Einheit));
-  dialog.txtBeschreibung.SetText(ReadText(article, field::Beschreibung));
+  dialog.txtNettopreis.SetText(Fixed(GetDouble(article, field::Nettopreis)));
+  dialog.cboEinheit.SetText(GetText(article, field::Einheit));
+  dialog.txtBeschreibung.SetText(GetText(article, field::Beschreibung));
   if (!dialog.InitNew(PriceTerm(), Zahlungsperiode(), cboZahlungsperiode.Text())) return;
   dialog.Show(module_.environment.screen);
   if (!dialog.mbOK) return;
@@ -95,12 +96,12 @@ void frmFEditDefinitions::AddPosition() {
   const auto set = [&](std::int32_t column, std::string text) {
     texts[static_cast<std::size_t>(column)] = std::move(text);
   };
-  set(column::Artikelnummer, ReadText(article, field::Nummer));
-  set(column::Artikelart, ReadText(article, field::Art));
+  set(column::Artikelnummer, GetText(article, field::Nummer));
+  set(column::Artikelart, GetText(article, field::Art));
   set(column::USTSatz, Evaluate(schema::expression::USTSatzArtikel));
   set(column::Erloeskonto, Evaluate(schema::expression::Erloeskonto));
-  set(column::ArtikelID, ReadText(article, field::Id));
-  set(column::Gruppierung, ReadText(article, field::Gruppierung));
+  set(column::ArtikelID, GetText(article, field::Id));
+  set(column::Gruppierung, GetText(article, field::Gruppierung));
   AppendRow(lvwPositionen, std::move(texts));
 }
 

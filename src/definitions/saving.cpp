@@ -2,11 +2,12 @@
 #include <cstddef>
 
 #include "contract/position_groups.h"
-#include "definitions/current_row.h"
 #include "definitions/frmFEditDefinitions.h"
 #include "definitions/messages.h"
 #include "definitions/number_text.h"
 #include "definitions/position_columns.h"
+#include "definitions/tables.h"
+#include "host/row.h"
 #include "platform/Text.h"
 #include "schema/names.h"
 
@@ -23,10 +24,10 @@ struct TripleFields {
 
 void WriteTriple(host::HostTable& type, const TripleFields& fields, const AttributeTriple& triple,
                  bool none) {
-  if (none) WriteField(type, fields.group, "");
-  WriteField(type, fields.attribute, triple.attribute);
-  WriteField(type, fields.value, triple.value);
-  if (!none) WriteField(type, fields.group, triple.group);
+  if (none) Set(type, fields.group, "");
+  Set(type, fields.attribute, triple.attribute);
+  Set(type, fields.value, triple.value);
+  if (!none) Set(type, fields.group, triple.group);
 }
 
 }  // namespace
@@ -93,7 +94,7 @@ bool frmFEditDefinitions::SaveType() {
   const std::optional<double> net_sum =
       msTyp == schema::kTypDebtor ? WritePositions() : WriteDummyPosition();
   if (!net_sum) return false;
-  WriteField(type, field::NettoSumme, *net_sum);
+  Set(type, field::NettoSumme, *net_sum);
   type.Store(host::kFlagsUsual);
   return true;
 }
@@ -129,22 +130,22 @@ vv_CDefinition frmFEditDefinitions::EnteredDefinition() const {
 
 void frmFEditDefinitions::WriteDefinition(const vv_CDefinition& definition) {
   host::HostTable& type = Held(moDefinitionen);
-  WriteField(type, field::Status, cboStatus.Text());
-  WriteField(type, field::NoBooking, definition.NoBooking);
-  WriteField(type, field::Typ, definition.Typ);
-  WriteField(type, field::Bezeichnung, definition.Bezeichnung);
-  WriteField(type, field::Art, definition.Art);
-  WriteField(type, field::ArtStr, definition.ArtStr);
-  WriteField(type, field::Dauer, definition.Dauer);
-  WriteField(type, field::Verlaengerungsdauer, definition.Verlaengerungsdauer);
-  WriteField(type, field::Kuendigungsfrist, definition.Kuendigungsfrist);
-  WriteField(type, field::KuendigungsfristEinh, definition.KuendigungsfristEinh);
-  WriteField(type, field::VerlKuendigungsfrist, definition.VerlKuendigungsfrist);
-  WriteField(type, field::VerlKuendigungsfristEinh, definition.VerlKuendigungsfristEinh);
-  WriteField(type, field::Zahlungsperiode, definition.Zahlungsperiode);
-  WriteField(type, field::VerlaengerungsZahlungsperiode, definition.VerlaengerungsZahlungsperiode);
-  WriteField(type, field::RechnungWann, definition.RechnungWann);
-  WriteField(type, field::WorkflowID, definition.VerlaengerungsWorkflowID);
+  Set(type, field::Status, cboStatus.Text());
+  Set(type, field::NoBooking, definition.NoBooking);
+  Set(type, field::Typ, definition.Typ);
+  Set(type, field::Bezeichnung, definition.Bezeichnung);
+  Set(type, field::Art, definition.Art);
+  Set(type, field::ArtStr, definition.ArtStr);
+  Set(type, field::Dauer, definition.Dauer);
+  Set(type, field::Verlaengerungsdauer, definition.Verlaengerungsdauer);
+  Set(type, field::Kuendigungsfrist, definition.Kuendigungsfrist);
+  Set(type, field::KuendigungsfristEinh, definition.KuendigungsfristEinh);
+  Set(type, field::VerlKuendigungsfrist, definition.VerlKuendigungsfrist);
+  Set(type, field::VerlKuendigungsfristEinh, definition.VerlKuendigungsfristEinh);
+  Set(type, field::Zahlungsperiode, definition.Zahlungsperiode);
+  Set(type, field::VerlaengerungsZahlungsperiode, definition.VerlaengerungsZahlungsperiode);
+  Set(type, field::RechnungWann, definition.RechnungWann);
+  Set(type, field::WorkflowID, definition.VerlaengerungsWorkflowID);
   WriteTriple(
       type, {field::ErfordertMerkmalGruppe, field::ErfordertMerkmal, field::ErfordertWert},
       {definition.ErfordertMerkmalGruppe, definition.ErfordertMerkmal, definition.ErfordertWert},
@@ -192,10 +193,10 @@ std::optional<double> frmFEditDefinitions::WritePositionRows() {
       return std::nullopt;
     }
     WriteColumns(lvwPositionen, row, positions, locale);
-    WriteField(positions, field::Row, contract::RowText(place.index + 1));
-    WriteField(positions, field::Positionsnummer, std::to_string(++number));
-    WriteField(positions, field::Gruppierung, groups[place.index]);
-    WriteField(positions, field::Gruppierungsposition, place.group);
+    Set(positions, field::Row, contract::RowText(place.index + 1));
+    Set(positions, field::Positionsnummer, std::to_string(++number));
+    Set(positions, field::Gruppierung, groups[place.index]);
+    Set(positions, field::Gruppierungsposition, place.group);
     net_sum += TotalOf(lvwPositionen, row, locale);
     if (is_new) {
       positions.StoreNew(host::kFlagsUsual);

@@ -2,9 +2,10 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "definitions/current_row.h"
 #include "definitions/frmFEditDefinitions.h"
 #include "definitions/loading_scope.h"
+#include "definitions/tables.h"
+#include "host/row.h"
 #include "schema/names.h"
 
 namespace pactora::definitions {
@@ -17,9 +18,9 @@ void frmFEditDefinitions::FillWorkflows() {
   msWorkflowIDs.assign(1, "");
   for (workflows.MoveFirst(host::kFlagsUsual); !workflows.Eof();
        workflows.MoveNext(1, host::kFlagsUsual)) {
-    if (ReadText(workflows, schema::field::Status) != schema::kReleased) continue;
-    cboWorkflow.AddItem(ReadText(workflows, schema::field::Betreff));
-    msWorkflowIDs.push_back(ReadText(workflows, schema::field::ID));
+    if (GetText(workflows, schema::field::Status) != schema::kReleased) continue;
+    cboWorkflow.AddItem(GetText(workflows, schema::field::Betreff));
+    msWorkflowIDs.push_back(GetText(workflows, schema::field::ID));
   }
   cboWorkflow.SetListIndex(0);
 }

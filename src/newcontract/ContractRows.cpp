@@ -3,7 +3,7 @@
 #include "contract/dates.h"
 #include "contract/modVV.h"
 #include "contract/money.h"
-#include "newcontract/fields.h"
+#include "host/row.h"
 #include "schema/names.h"
 
 namespace pactora::newcontract {
@@ -15,7 +15,7 @@ namespace {
 
 // A date field and the field that holds it as text for sorting.
 void SetDate(host::HostTable& row, std::string_view name, std::string_view text_name, Date date) {
-  Set(row, name, DateOrNone(date));
+  Set(row, name, host::DateOrNone(date));
   Set(row, text_name, contract::SortText(date));
 }
 
@@ -32,14 +32,12 @@ ContractRows::ContractRows(shell::Module& module, DefinitionSource& source,
   moDefinitionen = tables.Item(table::vv_Vertragsdefinitionen);
   moArtikel = tables.Item(table::Artikel);
 
-  moDefPositionen->FilterOff(host::kTrue, host::kFlagsUsual);
-  moDefPositionen->FilterOff2(host::kTrue, host::kFlagsUsual);
+  ShowAllRows(*moDefPositionen, host::kFlagsUsual);
   moDefPositionen->Indexes().SelectNone(host::kFlagsNone);
   moVertraege->Indexes().SelectNone(host::kFlagsUsual);
   moVertraege->LinkChildren();
   moVertragsstaende->LinkChildren();
-  moArtikel->FilterOff(host::kTrue, host::kFlagsNone);
-  moArtikel->FilterOff2(host::kTrue, host::kFlagsNone);
+  ShowAllRows(*moArtikel, host::kFlagsNone);
   moArtikel->Indexes().Select(schema::index::Id, host::kFlagsNone);
 }
 
@@ -47,19 +45,20 @@ double ContractRows::FirstTermAmount() {
   return contract::ApplyDiscount(source_.NettoSumme(), discount_);
 }
 
-void ContractRows::NewContract() {
-  moVertraege->GotoRec(moVertraege->NewRecordOid(host::kFlagsNone));
-}
+void ContractRows::NewContract() { BeginNewRow(*moVertraege); }
 
 void ContractRows::WriteTypAndBegin() {
   Set(*moVertraege, field::Typ, input_.typ);
   Set(*moVertraege, field::VertragBeginn, input_.begin);
 }
 
-void ContractRows::WriteEnd(Date end) { Set(*moVertraege, field::VertragEnde, DateOrNone(end)); }
+void ContractRows::WriteEnd(Date end) {
+  Set(*moVertraege, field::VertragEnde, host::DateOrNone(end));
+}
 
 void ContractRows::WriteSigned() {
-  Set(*moVertraege, field::GeschlossenAm, DateOrNone(input_.signed_on.value_or(platform::kNoDate)));
+  Set(*moVertraege, field::GeschlossenAm,
+      host::DateOrNone(input_.signed_on.value_or(platform::kNoDate)));
 }
 
 void ContractRows::WriteTerms() {
@@ -124,7 +123,7 @@ void ContractRows::StoreContract() { moVertraege->Store(host::kFlagsUsual); }
 
 void ContractRows::AddStatusRow(const StatusRow& row) {
   host::HostTable& status = *moVertragsstaende;
-  status.GotoRec(status.NewRecordOid(host::kFlagsNone));
+  BeginNewRow(status);
   if (row.taken_over) Set(status, field::AlteFakturierung, true);
   if (!row.lauf_typ.empty()) Set(status, field::LaufTyp, row.lauf_typ);
   SetDate(status, field::LaufzeitStart, field::LaufzeitStartStr, row.start);

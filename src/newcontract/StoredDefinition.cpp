@@ -1,6 +1,7 @@
 #include "newcontract/StoredDefinition.h"
 
 #include "contract/modVV.h"
+#include "host/row.h"
 #include "schema/names.h"
 
 namespace pactora::newcontract {
@@ -27,9 +28,7 @@ StoredDefinition::StoredDefinition(std::shared_ptr<host::HostTable> definitions,
       attribute_{host::ToText(Field(field::SetztMerkmalGruppe)),
                  host::ToText(Field(field::SetztMerkmal)), host::ToText(Field(field::SetztWert))} {}
 
-host::Value StoredDefinition::Field(std::string_view name) {
-  return moDefinitionen->Fields().Item(name).Value();
-}
+host::Value StoredDefinition::Field(std::string_view name) { return Get(*moDefinitionen, name); }
 
 host::Value StoredDefinition::RenewalWorkflowId() { return Field(field::WorkflowID); }
 

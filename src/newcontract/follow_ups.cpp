@@ -1,7 +1,7 @@
 // What a saved contract causes at its address: an attribute, or the host's macro
 // that sets it together with a workflow.
+#include "host/row.h"
 #include "newcontract/columns.h"
-#include "newcontract/fields.h"
 #include "newcontract/frmNewContract.h"
 #include "schema/names.h"
 #include "shell/handlers.h"
@@ -66,7 +66,7 @@ void frmNewContract::WriteAttribute(const SetAttribute& attribute, const std::st
     return done;
   };
   host::HostTable& row = *moAdressmerkmale;
-  if (step([&] { row.GotoRec(row.NewRecordOid(host::kFlagsNone)); })) {
+  if (step([&] { BeginNewRow(row); })) {
     const auto write = [&](std::string_view name, const host::Value& value) {
       step([&] { Set(row, name, value); });
     };
@@ -74,7 +74,7 @@ void frmNewContract::WriteAttribute(const SetAttribute& attribute, const std::st
     write(field::Merkmal, attribute.attribute);
     write(field::Wert, attribute.value);
     write(field::GültigVom, validity.from);
-    write(field::GültigBis, DateOrNone(validity.until));
+    write(field::GültigBis, host::DateOrNone(validity.until));
     write(field::Beschreibung, description);
     step([&] { row.StoreNew(host::kFlagsNone); });
   }

@@ -1,8 +1,8 @@
 // Opening the dialog: controls, users, settings, the list of contract types.
 #include "contract/default_start.h"
 #include "contract/modVV.h"
+#include "host/row.h"
 #include "newcontract/columns.h"
-#include "newcontract/fields.h"
 #include "newcontract/frmNewContract.h"
 #include "platform/Error.h"
 #include "platform/Locale.h"
@@ -101,8 +101,7 @@ bool frmNewContract::InitNew() {
     SetCaption(kCaption + host::ToText(name->Eval(host::kFlagsNone)));
     txtVertragnummer.SetEnabled(false);
     moAdressmerkmale = tables.Item(schema::table::Adressmerkmale);
-    moAdressmerkmale->FilterOff(host::kTrue, host::kFlagsUsual);
-    moAdressmerkmale->FilterOff2(host::kTrue, host::kFlagsUsual);
+    ShowAllRows(*moAdressmerkmale, host::kFlagsUsual);
     if (!LoadReleasedTypes()) {
       Warn(kNoReleasedType);
       return;
@@ -130,8 +129,7 @@ bool frmNewContract::InitNew() {
 bool frmNewContract::LoadReleasedTypes() {
   moDefinitionen = Tables().Item(schema::table::vv_Vertragsdefinitionen);
   host::HostTable& types = *moDefinitionen;
-  types.FilterOff(host::kTrue, host::kFlagsUsual);
-  types.FilterOff2(host::kTrue, host::kFlagsUsual);
+  ShowAllRows(types, host::kFlagsUsual);
   types.Indexes().Select(schema::index::Bezeichnung, host::kFlagsUsual);
   types.MoveFirst(host::kFlagsUsual);
   if (types.Eof()) return false;

@@ -1,7 +1,7 @@
 // The position rows of a contract.
 #include "contract/money.h"
+#include "host/row.h"
 #include "newcontract/ContractRows.h"
-#include "newcontract/fields.h"
 #include "schema/names.h"
 
 namespace pactora::newcontract {
@@ -42,7 +42,7 @@ double ContractRows::AddRenewalPositions() {
   source_.ForEachPosition(PositionOrder::ByList, [&](DefinitionPosition& position) {
     host::HostTable& row = *moVertragspositionen;
     const double quantity = host::ToDouble(position.Field(field::Anzahl));
-    row.GotoRec(row.NewRecordOid(host::kFlagsNone));
+    BeginNewRow(row);
     const double price = PeriodPrice(position, input_.verl_zahlungsperiode);
     const double discounted = contract::ApplyDiscount(price, discount_);
     Set(row, field::Nettopreis, discounted);
@@ -61,7 +61,7 @@ double ContractRows::AddRenewalPositions() {
 
 void ContractRows::WriteFirstTermPosition(DefinitionPosition& position) {
   host::HostTable& row = *moVertragspositionen;
-  row.GotoRec(row.NewRecordOid(host::kFlagsNone));
+  BeginNewRow(row);
   Set(row, field::Artikel, position.Field(field::Artikel));
   const host::Value undiscounted = position.Field(field::NettoOhneRabatt);
   Set(row, field::Nettopreis, contract::ApplyDiscount(host::ToDouble(undiscounted), discount_));

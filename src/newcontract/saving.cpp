@@ -1,10 +1,10 @@
 // The buttons that end the dialog: checks, the road to take, the dialog's values.
 #include "contract/dates.h"
 #include "contract/modVV.h"
+#include "host/row.h"
 #include "newcontract/MemoryDefinition.h"
 #include "newcontract/StoredDefinition.h"
 #include "newcontract/columns.h"
-#include "newcontract/fields.h"
 #include "newcontract/frmNewContract.h"
 #include "platform/Text.h"
 #include "schema/names.h"

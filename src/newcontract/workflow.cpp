@@ -1,6 +1,6 @@
 // The workflow that goes with the attribute of the chosen type, and the one that
 // is started on renewal. The tables of the workflow add-on are only read.
-#include "newcontract/fields.h"
+#include "host/row.h"
 #include "newcontract/frmNewContract.h"
 #include "platform/Text.h"
 #include "schema/names.h"

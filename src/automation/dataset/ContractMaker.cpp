@@ -52,7 +52,7 @@ MadeContract ContractMaker::Make(const ContractOrder& order) {
   const std::string oid = contracts->Oid();
   if (oid.empty() || oid == oid_before)
     formats::Raise(formats::DoorError::NotCarriedOut, "es ist kein Vertrag entstanden");
-  return {host::ToText(contracts->Fields().Item(schema::field::Vertragnummer).Value()), oid};
+  return {GetText(*contracts, schema::field::Vertragnummer), oid};
 }
 
 }  // namespace pactora::dataset

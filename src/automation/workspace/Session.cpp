@@ -1,4 +1,5 @@
 #include "automation/workspace/Session.h"
+#include "host/row.h"
 
 #include <utility>
 
@@ -20,7 +21,7 @@ void Session::GoNowhere(store::TableId table) {
   if (live->Eof()) return;
   if (Store().Catalog().tables[table].parent) live->ParentTable();
   // Dropping a new row leaves the table at its end, whatever its number of rows.
-  live->GotoRec(live->NewRecordOid(host::kFlagsNone));
+  BeginNewRow(*live);
   live->DeleteRec(host::kFlagsNone);
 }
 

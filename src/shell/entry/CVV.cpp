@@ -2,6 +2,7 @@
 
 #include "api/modAPI.h"
 #include "api/vv_CContractD.h"
+#include "host/row.h"
 #include "newcontract/frmNewContract.h"
 #include "schema/names.h"
 #include "shell/CAddonError.h"
@@ -28,8 +29,7 @@ void CVV::NewContractDebitor(const AppRef& oApp, const std::shared_ptr<api::Prop
   bool taken_over = false;
   WithReporter(module_, module_name::CVV, "NewContractDebitor", [&] {
     const auto contracts = module_.gDb->Tables().Item(schema::table::vv_Vertraege);
-    contracts->FilterOff(host::kTrue, host::kFlagsUsual);
-    contracts->FilterOff2(host::kTrue, host::kFlagsUsual);
+    ShowAllRows(*contracts, host::kFlagsUsual);
     module_.gApiContract = std::make_shared<api::vv_CContractD>();
     if (!oContract) platform::Raise(platform::RuntimeError::ObjectNotSet);
     module_.gApiContract->CopyFrom(*oContract);

@@ -1,5 +1,6 @@
 // The operations that show a dialog.
 #include "definitions/frmFEditDefinitions.h"
+#include "host/row.h"
 #include "newcontract/frmNewContract.h"
 #include "schema/names.h"
 #include "shell/CConfig.h"
@@ -41,8 +42,7 @@ void CVV::ShowNewContract(const AppRef& oApp, std::string_view procedure, bool& 
     pbOK = false;
     plVsCount = 0;
     const auto contracts = module_.gDb->Tables().Item(schema::table::vv_Vertraege);
-    contracts->FilterOff(host::kTrue, host::kFlagsUsual);
-    contracts->FilterOff2(host::kTrue, host::kFlagsUsual);
+    ShowAllRows(*contracts, host::kFlagsUsual);
     frm = std::make_shared<newcontract::frmNewContract>(module_);
     if (frm->InitNew()) ShowForm(pbOK, plVsCount, pbShowDef);
     if (!pbShowDef) frm.reset();

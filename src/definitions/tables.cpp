@@ -1,4 +1,4 @@
-#include "definitions/current_row.h"
+#include "definitions/tables.h"
 
 #include "platform/Error.h"
 
@@ -9,37 +9,10 @@ std::shared_ptr<host::HostTable> OpenTable(shell::Module& module, std::string_vi
   return module.gDb->Tables().Item(name);
 }
 
-void ShowAllRows(host::HostTable& table, std::int32_t flags) {
-  table.FilterOff(host::kTrue, flags);
-  table.FilterOff2(host::kTrue, flags);
-}
-
 host::HostTable& Held(const std::shared_ptr<host::HostTable>& table) {
   if (!table) platform::Raise(platform::RuntimeError::ObjectNotSet);
   return *table;
 }
-
-host::Value ReadField(host::HostTable& table, std::string_view field) {
-  return table.Fields().Item(field).Value();
-}
-
-std::string ReadText(host::HostTable& table, std::string_view field) {
-  return host::ToText(ReadField(table, field));
-}
-
-std::int32_t ReadLong(host::HostTable& table, std::string_view field) {
-  return host::ToLong(ReadField(table, field));
-}
-
-double ReadDouble(host::HostTable& table, std::string_view field) {
-  return host::ToDouble(ReadField(table, field));
-}
-
-void WriteField(host::HostTable& table, std::string_view field, const host::Value& value) {
-  table.Fields().Item(field).SetValue(value);
-}
-
-void BeginNewRow(host::HostTable& table) { table.GotoRec(table.NewRecordOid(host::kFlagsNone)); }
 
 std::vector<std::string> LookupList(shell::Module& module, std::string_view name) {
   std::vector<std::string> texts;
