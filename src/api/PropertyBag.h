@@ -5,15 +5,25 @@
 #include <vector>
 
 #include "host/Value.h"
+#include "host/members.h"
 
 namespace pactora::api {
 
+// In the order of the types of host::Member.
 enum class PropertyType { Long, Double, Date, Text, Boolean };
 
 struct PropertyName {
   std::string_view name;
   PropertyType type;
 };
+
+template <typename Members>
+std::vector<PropertyName> NamesOf(const Members& members) {
+  std::vector<PropertyName> names;
+  for (const auto& member : members)
+    names.push_back({member.name, static_cast<PropertyType>(member.pointer.index())});
+  return names;
+}
 
 // Names are exact.
 class PropertyBag : public host::Object {

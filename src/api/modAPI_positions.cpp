@@ -14,6 +14,7 @@
 #include "contract/money.h"
 #include "contract/position_groups.h"
 #include "host/Value.h"
+#include "host/members.h"
 #include "host/row.h"
 #include "platform/Text.h"
 #include "shell/CTableProperties.h"
@@ -123,47 +124,26 @@ class PositionBuilder {
   std::map<MergeKey, std::size_t> row_of_;
 };
 
-// A position field and where its value comes from; Row comes from the counter.
-struct Column {
-  std::string_view name;
-  host::Value (*value)(const ApiPositionRow&);
-};
-
-template <auto kMember>
-host::Value Read(const ApiPositionRow& row) {
-  return row.*kMember;
-}
-
-template <std::size_t kIndex>
-host::Value ReadPrice(const ApiPositionRow& row) {
-  return row.PreisM[kIndex];
-}
-
-constexpr std::array<Column, 24> kColumns = {{
-    {field::Artikel, Read<&ApiPositionRow::Artikel>},
-    {field::Nettopreis, Read<&ApiPositionRow::Nettopreis>},
-    {field::Artikelnummer, Read<&ApiPositionRow::Artikelnummer>},
-    {field::Artikelart, Read<&ApiPositionRow::Artikelart>},
-    {field::Einheit, Read<&ApiPositionRow::Einheit>},
-    {field::UStSatz, Read<&ApiPositionRow::UStSatz>},
-    {field::Beschreibung, Read<&ApiPositionRow::Beschreibung>},
-    {field::Anzahl, Read<&ApiPositionRow::Anzahl>},
-    {field::Erloeskonto, Read<&ApiPositionRow::Erloeskonto>},
-    {field::ArtikelID, Read<&ApiPositionRow::ArtikelID>},
-    {field::Row, nullptr},
-    {schema::kPriceFields[0], ReadPrice<0>},
-    {schema::kPriceFields[1], ReadPrice<1>},
-    {schema::kPriceFields[2], ReadPrice<2>},
-    {schema::kPriceFields[3], ReadPrice<3>},
-    {schema::kPriceFields[4], ReadPrice<4>},
-    {schema::kPriceFields[5], ReadPrice<5>},
-    {schema::kPriceFields[6], ReadPrice<6>},
-    {schema::kPriceFields[7], ReadPrice<7>},
-    {field::Preis, Read<&ApiPositionRow::Preis>},
-    {field::NettoOhneRabatt, Read<&ApiPositionRow::NettoOhneRabatt>},
-    {field::Rabattprozent, Read<&ApiPositionRow::Rabattprozent>},
-    {field::Auftragsnummer, Read<&ApiPositionRow::Auftragsnummer>},
-    {field::Gruppierung, Read<&ApiPositionRow::Gruppierung>},
+// The fields of a position in the order of writing: these, the row number, the prices
+// of the periods, then the others.
+constexpr std::array<host::Member<ApiPositionRow>, 10> kFirstFields = {{
+    {field::Artikel, &ApiPositionRow::Artikel},
+    {field::Nettopreis, &ApiPositionRow::Nettopreis},
+    {field::Artikelnummer, &ApiPositionRow::Artikelnummer},
+    {field::Artikelart, &ApiPositionRow::Artikelart},
+    {field::Einheit, &ApiPositionRow::Einheit},
+    {field::UStSatz, &ApiPositionRow::UStSatz},
+    {field::Beschreibung, &ApiPositionRow::Beschreibung},
+    {field::Anzahl, &ApiPositionRow::Anzahl},
+    {field::Erloeskonto, &ApiPositionRow::Erloeskonto},
+    {field::ArtikelID, &ApiPositionRow::ArtikelID},
+}};
+constexpr std::array<host::Member<ApiPositionRow>, 5> kLastFields = {{
+    {field::Preis, &ApiPositionRow::Preis},
+    {field::NettoOhneRabatt, &ApiPositionRow::NettoOhneRabatt},
+    {field::Rabattprozent, &ApiPositionRow::Rabattprozent},
+    {field::Auftragsnummer, &ApiPositionRow::Auftragsnummer},
+    {field::Gruppierung, &ApiPositionRow::Gruppierung},
 }};
 
 void StoreValue(host::HostTable& table, std::string_view name, double value) {
@@ -214,18 +194,16 @@ bool WriteNewPositions(shell::Module& module, double& dValue) {
   return shell::RaisingAgain(modAPI, "WriteNewPositions", [&] {
     const std::vector<ApiPositionRow>& rows = *module.gApiPositionRows;
     host::HostTable& positions = *module.gApiVertragspositionen;
-    // Looked up once for all rows.
-    std::array<host::HostField*, kColumns.size()> fields{};
     double total = 0.0;
     bool any = false;
     for (std::size_t i = 1; i < rows.size(); ++i) {
       const ApiPositionRow& row = rows[i];
       BeginNewRow(positions);
-      for (std::size_t c = 0; c < kColumns.size(); ++c) {
-        const Column& column = kColumns[c];
-        if (fields[c] == nullptr) fields[c] = &positions.Fields().Item(column.name);
-        fields[c]->SetValue(column.value ? column.value(row) : host::Value(contract::RowText(i)));
-      }
+      for (const auto& member : kFirstFields) Set(positions, member.name, host::Read(row, member));
+      Set(positions, field::Row, contract::RowText(i));
+      for (std::size_t period = 0; period < row.PreisM.size(); ++period)
+        Set(positions, schema::kPriceFields[period], row.PreisM[period]);
+      for (const auto& member : kLastFields) Set(positions, member.name, host::Read(row, member));
       positions.StoreNew(host::kFlagsUsual);
       total = RequireFinite(total + row.Nettopreis * row.Anzahl);
       dValue = total;

@@ -1,12 +1,12 @@
 #include "api/vv_CArticle.h"
 
-#include "api/property_table.h"
+#include <array>
 
 namespace pactora::api {
 
 namespace {
 
-constexpr std::array<Property<vv_CArticle>, 10> kArticleProperties = {{
+constexpr std::array<host::Member<vv_CArticle>, 10> kArticleProperties = {{
     {"sArtikelID", &vv_CArticle::sArtikelID},
     {"dblAnzahl", &vv_CArticle::dblAnzahl},
     {"lPreisDauer", &vv_CArticle::lPreisDauer},
@@ -22,11 +22,11 @@ constexpr std::array<Property<vv_CArticle>, 10> kArticleProperties = {{
 }  // namespace
 
 host::Value vv_CArticle::Get(std::string_view name) const {
-  return GetProperty(*this, FindProperty(kArticleProperties, name));
+  return host::Read(*this, host::FindMember(kArticleProperties, name));
 }
 
 void vv_CArticle::Set(std::string_view name, const host::Value& value) {
-  SetProperty(*this, FindProperty(kArticleProperties, name), value);
+  host::Write(*this, host::FindMember(kArticleProperties, name), value);
 }
 
 const std::vector<PropertyName>& vv_CArticle::Properties() const {

@@ -1,12 +1,12 @@
 #include "api/vv_CContractD.h"
 
-#include "api/property_table.h"
+#include <array>
 
 namespace pactora::api {
 
 namespace {
 
-constexpr std::array<Property<vv_CContractD>, 16> kContractProperties = {{
+constexpr std::array<host::Member<vv_CContractD>, 16> kContractProperties = {{
     {"lVertragArt", &vv_CContractD::lVertragArt},
     {"VertragBeginn", &vv_CContractD::VertragBeginn},
     {"VertragGeschlossenAm", &vv_CContractD::VertragGeschlossenAm},
@@ -28,17 +28,16 @@ constexpr std::array<Property<vv_CContractD>, 16> kContractProperties = {{
 }  // namespace
 
 void vv_CContractD::CopyFrom(const PropertyBag& source) {
-  for (const Property<vv_CContractD>& property : kContractProperties) {
-    SetProperty(*this, property, source.Get(property.name));
-  }
+  for (const auto& property : kContractProperties)
+    host::Write(*this, property, source.Get(property.name));
 }
 
 host::Value vv_CContractD::Get(std::string_view name) const {
-  return GetProperty(*this, FindProperty(kContractProperties, name));
+  return host::Read(*this, host::FindMember(kContractProperties, name));
 }
 
 void vv_CContractD::Set(std::string_view name, const host::Value& value) {
-  SetProperty(*this, FindProperty(kContractProperties, name), value);
+  host::Write(*this, host::FindMember(kContractProperties, name), value);
 }
 
 const std::vector<PropertyName>& vv_CContractD::Properties() const {

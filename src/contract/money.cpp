@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/Value.h"
 #include "platform/Error.h"
 #include "schema/names.h"
 
@@ -33,7 +32,5 @@ std::optional<std::size_t> PriceFieldOf(std::int32_t months) {
   if (found == schema::kPeriods.end()) return std::nullopt;
   return static_cast<std::size_t>(found - schema::kPeriods.begin());
 }
-
-std::int32_t RoundToLong(double number) { return host::ToLong(host::Value(number)); }
 
 }  // namespace pactora::contract

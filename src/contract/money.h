@@ -20,8 +20,4 @@ double ApplyDiscount(double amount, double percent);
 // so many months; none for any other number.
 std::optional<std::size_t> PriceFieldOf(std::int32_t months);
 
-// A whole number with halves to the nearest even one, as conversions make it.
-// Raises error 6 outside the signed 32-bit range.
-std::int32_t RoundToLong(double number);
-
 }  // namespace pactora::contract

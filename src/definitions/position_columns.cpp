@@ -3,59 +3,54 @@
 #include <array>
 #include <string_view>
 #include <utility>
-#include <variant>
 
 #include "contract/money.h"
 #include "contract/position_groups.h"
 #include "definitions/number_text.h"
 #include "definitions/tables.h"
+#include "host/members.h"
 #include "host/row.h"
+#include "platform/Error.h"
 #include "schema/names.h"
 
 namespace pactora::definitions {
 namespace {
 
+namespace field = schema::field;
 using platform::Locale;
 
 // How a column shows its value.
 enum class Form { Text, Plain, Fixed };
 
-using Member =
-    std::variant<std::string vv_CPosition::*, double vv_CPosition::*, std::int32_t vv_CPosition::*>;
-
-struct Field {
-  std::int32_t column;
-  std::string_view name;
+struct Column {
+  host::Member<vv_CPosition> member;
+  std::int32_t index;
   Form form;
-  Member member;
 };
 
 // In the order of writing.
-constexpr std::array kFields = {
-    Field{column::Artikel, schema::field::Artikel, Form::Text, &vv_CPosition::Artikel},
-    Field{column::Nettopreis, schema::field::Nettopreis, Form::Fixed, &vv_CPosition::Nettopreis},
-    Field{column::Artikelnummer, schema::field::Artikelnummer, Form::Text,
-          &vv_CPosition::Artikelnummer},
-    Field{column::Artikelart, schema::field::Artikelart, Form::Text, &vv_CPosition::Artikelart},
-    Field{column::Einheit, schema::field::Einheit, Form::Text, &vv_CPosition::Einheit},
-    Field{column::USTSatz, schema::field::UStSatz, Form::Plain, &vv_CPosition::UStSatz},
-    Field{column::Beschreibung, schema::field::Beschreibung, Form::Text,
-          &vv_CPosition::Beschreibung},
-    Field{column::Anzahl, schema::field::Anzahl, Form::Fixed, &vv_CPosition::Anzahl},
-    Field{column::Erloeskonto, schema::field::Erloeskonto, Form::Plain, &vv_CPosition::Erloeskonto},
-    Field{column::ArtikelID, schema::field::ArtikelID, Form::Text, &vv_CPosition::ArtikelID},
-    Field{column::PreisM1, schema::field::PreisM1, Form::Plain, &vv_CPosition::PreisM1},
-    Field{column::PreisM1 + 1, schema::field::PreisM3, Form::Plain, &vv_CPosition::PreisM3},
-    Field{column::PreisM1 + 2, schema::field::PreisM6, Form::Plain, &vv_CPosition::PreisM6},
-    Field{column::PreisM1 + 3, schema::field::PreisM12, Form::Plain, &vv_CPosition::PreisM12},
-    Field{column::PreisM1 + 4, schema::field::PreisM24, Form::Plain, &vv_CPosition::PreisM24},
-    Field{column::PreisM1 + 5, schema::field::PreisM36, Form::Plain, &vv_CPosition::PreisM36},
-    Field{column::PreisM1 + 6, schema::field::PreisM48, Form::Plain, &vv_CPosition::PreisM48},
-    Field{column::PreisM1 + 7, schema::field::PreisM60, Form::Plain, &vv_CPosition::PreisM60},
-    Field{column::Preis, schema::field::Preis, Form::Plain, &vv_CPosition::Preis},
-    Field{column::PreisOhne, schema::field::NettoOhneRabatt, Form::Plain,
-          &vv_CPosition::NettoOhneRabatt},
-};
+constexpr std::array<Column, 20> kColumns = {{
+    {{field::Artikel, &vv_CPosition::Artikel}, column::Artikel, Form::Text},
+    {{field::Nettopreis, &vv_CPosition::Nettopreis}, column::Nettopreis, Form::Fixed},
+    {{field::Artikelnummer, &vv_CPosition::Artikelnummer}, column::Artikelnummer, Form::Text},
+    {{field::Artikelart, &vv_CPosition::Artikelart}, column::Artikelart, Form::Text},
+    {{field::Einheit, &vv_CPosition::Einheit}, column::Einheit, Form::Text},
+    {{field::UStSatz, &vv_CPosition::UStSatz}, column::USTSatz, Form::Plain},
+    {{field::Beschreibung, &vv_CPosition::Beschreibung}, column::Beschreibung, Form::Text},
+    {{field::Anzahl, &vv_CPosition::Anzahl}, column::Anzahl, Form::Fixed},
+    {{field::Erloeskonto, &vv_CPosition::Erloeskonto}, column::Erloeskonto, Form::Plain},
+    {{field::ArtikelID, &vv_CPosition::ArtikelID}, column::ArtikelID, Form::Text},
+    {{field::PreisM1, &vv_CPosition::PreisM1}, column::PreisM1, Form::Plain},
+    {{field::PreisM3, &vv_CPosition::PreisM3}, column::PreisM1 + 1, Form::Plain},
+    {{field::PreisM6, &vv_CPosition::PreisM6}, column::PreisM1 + 2, Form::Plain},
+    {{field::PreisM12, &vv_CPosition::PreisM12}, column::PreisM1 + 3, Form::Plain},
+    {{field::PreisM24, &vv_CPosition::PreisM24}, column::PreisM1 + 4, Form::Plain},
+    {{field::PreisM36, &vv_CPosition::PreisM36}, column::PreisM1 + 5, Form::Plain},
+    {{field::PreisM48, &vv_CPosition::PreisM48}, column::PreisM1 + 6, Form::Plain},
+    {{field::PreisM60, &vv_CPosition::PreisM60}, column::PreisM1 + 7, Form::Plain},
+    {{field::Preis, &vv_CPosition::Preis}, column::Preis, Form::Plain},
+    {{field::NettoOhneRabatt, &vv_CPosition::NettoOhneRabatt}, column::PreisOhne, Form::Plain},
+}};
 
 std::string TextOf(const host::Value& value, Form form, const Locale& locale) {
   switch (form) {
@@ -69,29 +64,11 @@ std::string TextOf(const host::Value& value, Form form, const Locale& locale) {
   return host::ToText(value);
 }
 
-// The member's value as a field would give it.
-host::Value ValueOf(const vv_CPosition& position, const Member& member) {
-  return std::visit([&](auto pointer) { return host::Value(position.*pointer); }, member);
-}
-
+// The text of a column in the field's type; a number that was never written stays so.
 host::Value FieldValue(const std::string& text, Form form, const Locale& locale) {
   if (form == Form::Text) return text;
   if (text.empty()) return {};
   return NumberOf(text, locale);
-}
-
-void SetMember(vv_CPosition& position, const Member& member, const std::string& text,
-               const Locale& locale) {
-  if (const auto* pointer = std::get_if<std::string vv_CPosition::*>(&member)) {
-    position.*(*pointer) = text;
-    return;
-  }
-  const double number = NumberOrZero(text, locale);
-  if (const auto* pointer = std::get_if<double vv_CPosition::*>(&member)) {
-    position.*(*pointer) = number;
-  } else {
-    position.*std::get<std::int32_t vv_CPosition::*>(member) = contract::RoundToLong(number);
-  }
 }
 
 std::string TotalText(double quantity, double price, const Locale& locale) {
@@ -103,6 +80,13 @@ std::string& At(PositionTexts& texts, std::int32_t column) {
 }
 
 }  // namespace
+
+host::Value FieldOf(const vv_CPosition& position, std::string_view name) {
+  if (name == field::Gruppierung) return position.Gruppierung;
+  for (const Column& shown : kColumns)
+    if (shown.member.name == name) return host::Read(position, shown.member);
+  platform::Raise(platform::RuntimeError::MemberNotOffered);
+}
 
 void AddPositionColumns(ui::ListView& list) {
   list.AddColumn("RecordOID", 0);
@@ -123,19 +107,19 @@ void AddPositionColumns(ui::ListView& list) {
 PositionTexts TextsOfStored(host::HostTable& positions, const Locale& locale) {
   PositionTexts texts(column::kCount);
   At(texts, column::RecordOID) = positions.Oid();
-  for (const Field& field : kFields) {
-    At(texts, field.column) = TextOf(Get(positions, field.name), field.form, locale);
+  for (const Column& shown : kColumns) {
+    At(texts, shown.index) = TextOf(Get(positions, shown.member.name), shown.form, locale);
   }
-  At(texts, column::GPreis) = TotalText(GetDouble(positions, schema::field::Anzahl),
-                                        GetDouble(positions, schema::field::Nettopreis), locale);
-  At(texts, column::Gruppierung) = GetText(positions, schema::field::Gruppierung);
+  At(texts, column::GPreis) = TotalText(GetDouble(positions, field::Anzahl),
+                                        GetDouble(positions, field::Nettopreis), locale);
+  At(texts, column::Gruppierung) = GetText(positions, field::Gruppierung);
   return texts;
 }
 
 PositionTexts TextsOfRecord(const vv_CPosition& position, const Locale& locale) {
   PositionTexts texts(column::kCount);
-  for (const Field& field : kFields) {
-    At(texts, field.column) = TextOf(ValueOf(position, field.member), field.form, locale);
+  for (const Column& shown : kColumns) {
+    At(texts, shown.index) = TextOf(host::Read(position, shown.member), shown.form, locale);
   }
   At(texts, column::GPreis) = TotalText(position.Anzahl, position.Nettopreis, locale);
   return texts;
@@ -149,8 +133,9 @@ void AppendRow(ui::ListView& list, PositionTexts texts) {
 
 vv_CPosition RecordOf(const ui::ListView& list, std::int32_t row, const Locale& locale) {
   vv_CPosition position;
-  for (const Field& field : kFields) {
-    SetMember(position, field.member, list.Text(row, field.column), locale);
+  for (const Column& shown : kColumns) {
+    host::Write(position, shown.member,
+                FieldValue(list.Text(row, shown.index), shown.form, locale));
   }
   position.Gruppierung = list.Text(row, column::Gruppierung);
   return position;
@@ -158,8 +143,8 @@ vv_CPosition RecordOf(const ui::ListView& list, std::int32_t row, const Locale& 
 
 void WriteColumns(const ui::ListView& list, std::int32_t row, host::HostTable& positions,
                   const Locale& locale) {
-  for (const Field& field : kFields) {
-    Set(positions, field.name, FieldValue(list.Text(row, field.column), field.form, locale));
+  for (const Column& shown : kColumns) {
+    Set(positions, shown.member.name, FieldValue(list.Text(row, shown.index), shown.form, locale));
   }
 }
 
@@ -180,14 +165,14 @@ vv_CPosition DummyPosition() {
 
 void WriteDummyFields(host::HostTable& positions) {
   const vv_CPosition dummy = DummyPosition();
-  for (const Field& field : kFields) {
-    if (field.column == column::USTSatz || field.column == column::Erloeskonto) continue;
-    Set(positions, field.name, ValueOf(dummy, field.member));
+  for (const Column& shown : kColumns) {
+    if (shown.index == column::USTSatz || shown.index == column::Erloeskonto) continue;
+    Set(positions, shown.member.name, host::Read(dummy, shown.member));
   }
-  Set(positions, schema::field::Row, contract::RowText(1));
-  Set(positions, schema::field::Positionsnummer, "");
-  Set(positions, schema::field::Gruppierung, "");
-  Set(positions, schema::field::Gruppierungsposition, std::int32_t{0});
+  Set(positions, field::Row, contract::RowText(1));
+  Set(positions, field::Positionsnummer, "");
+  Set(positions, field::Gruppierung, "");
+  Set(positions, field::Gruppierungsposition, std::int32_t{0});
 }
 
 }  // namespace pactora::definitions

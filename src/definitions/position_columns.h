@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "definitions/vv_CPosition.h"
@@ -36,6 +37,10 @@ inline constexpr std::int32_t PreisOhne = 21;
 inline constexpr std::int32_t Gruppierung = 22;
 inline constexpr std::size_t kCount = 23;
 }  // namespace column
+
+// What the stored position's field of that name would hold. Raises error 438 for a
+// name that the position does not have.
+host::Value FieldOf(const vv_CPosition& position, std::string_view name);
 
 void AddPositionColumns(ui::ListView& list);
 

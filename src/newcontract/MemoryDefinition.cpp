@@ -1,11 +1,11 @@
 #include "newcontract/MemoryDefinition.h"
 
-#include <variant>
 #include <vector>
 
 #include "contract/modVV.h"
 #include "contract/position_groups.h"
-#include "definitions/vv_CPosition.h"
+#include "definitions/position_columns.h"
+#include "host/members.h"
 #include "platform/Error.h"
 #include "schema/names.h"
 
@@ -17,14 +17,8 @@ using definitions::vv_CPosition;
 
 namespace {
 
-// A property of a record under the name of the field that it is copied to.
-template <typename Record>
-struct Property {
-  std::string_view field;
-  std::variant<std::string Record::*, std::int32_t Record::*, double Record::*> member;
-};
-
-constexpr Property<vv_CDefinition> kDefinitionProperties[] = {
+// The properties under the names of the fields that they are copied to.
+constexpr host::Member<vv_CDefinition> kDefinitionProperties[] = {
     {field::Bezeichnung, &vv_CDefinition::Bezeichnung},
     {field::Art, &vv_CDefinition::Art},
     {field::ArtStr, &vv_CDefinition::ArtStr},
@@ -42,39 +36,6 @@ constexpr Property<vv_CDefinition> kDefinitionProperties[] = {
     {field::SetztWert, &vv_CDefinition::SetztWert},
 };
 
-constexpr Property<vv_CPosition> kPositionProperties[] = {
-    {field::Artikel, &vv_CPosition::Artikel},
-    {field::Artikelnummer, &vv_CPosition::Artikelnummer},
-    {field::Artikelart, &vv_CPosition::Artikelart},
-    {field::Einheit, &vv_CPosition::Einheit},
-    {field::UStSatz, &vv_CPosition::UStSatz},
-    {field::Beschreibung, &vv_CPosition::Beschreibung},
-    {field::Anzahl, &vv_CPosition::Anzahl},
-    {field::Erloeskonto, &vv_CPosition::Erloeskonto},
-    {field::ArtikelID, &vv_CPosition::ArtikelID},
-    {field::PreisM1, &vv_CPosition::PreisM1},
-    {field::PreisM3, &vv_CPosition::PreisM3},
-    {field::PreisM6, &vv_CPosition::PreisM6},
-    {field::PreisM12, &vv_CPosition::PreisM12},
-    {field::PreisM24, &vv_CPosition::PreisM24},
-    {field::PreisM36, &vv_CPosition::PreisM36},
-    {field::PreisM48, &vv_CPosition::PreisM48},
-    {field::PreisM60, &vv_CPosition::PreisM60},
-    {field::Preis, &vv_CPosition::Preis},
-    {field::NettoOhneRabatt, &vv_CPosition::NettoOhneRabatt},
-    {field::Gruppierung, &vv_CPosition::Gruppierung},
-};
-
-template <typename Record, std::size_t kCount>
-host::Value Read(const Property<Record> (&properties)[kCount], const Record& record,
-                 std::string_view name) {
-  for (const Property<Record>& property : properties) {
-    if (property.field != name) continue;
-    return std::visit([&](auto member) { return host::Value(record.*member); }, property.member);
-  }
-  platform::Raise(platform::RuntimeError::MemberNotOffered);
-}
-
 class MemoryPosition final : public DefinitionPosition {
  public:
   // place and running_number count from 1; group is its group's number.
@@ -86,7 +47,7 @@ class MemoryPosition final : public DefinitionPosition {
     if (name == field::Row) return contract::RowText(place_);
     if (name == field::Positionsnummer) return std::to_string(running_number_);
     if (name == field::Gruppierungsposition) return group_;
-    return Read(kPositionProperties, position_, name);
+    return definitions::FieldOf(position_, name);
   }
 
  private:
@@ -104,7 +65,7 @@ vv_CDefinition& MemoryDefinition::Definition() const {
 }
 
 host::Value MemoryDefinition::Field(std::string_view name) {
-  return Read(kDefinitionProperties, Definition(), name);
+  return host::Read(Definition(), host::FindMember(kDefinitionProperties, name));
 }
 
 SetAttribute MemoryDefinition::AttributeToSet() {

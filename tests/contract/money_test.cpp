@@ -74,7 +74,6 @@ TEST(Money, WhatCannotBeCountedInCentsOverflows) {
       {"no number", [] { return RoundCents(std::nan("")); }},
       {"a discount without end", [] { return ApplyDiscount(1.0, kInfinite); }},
       {"a discount that is no number", [] { return ApplyDiscount(1.0, std::nan("")); }},
-      {"too large for 32 bits", [] { return static_cast<double>(RoundToLong(2147483648.0)); }},
   };
   for (const auto& [name, call] : cases) {
     try {
