@@ -1,6 +1,4 @@
-// A small company with the add-on on windows, and the same company with the add-on
-// on a screen of expectations: what is done at the one by events must leave the rows
-// that the other gets through ui::Person.
+// A small company with the add-on on windows or on a screen of expectations.
 #pragma once
 
 #include <functional>
@@ -9,7 +7,6 @@
 #include <vector>
 
 #include "desktop/QtScreen.h"
-#include "desktop/WindowSteps.h"
 #include "desktop/window_user.h"
 #include "newcontract/dialog_world.h"
 #include "shell/entry/CVV.h"
@@ -70,9 +67,15 @@ inline std::vector<std::string> Written(support::ContractWorld& world) {
   return lines;
 }
 
-// A call of the add-on in the company with windows.
+// Calls of the add-on in the company, on windows or on the world's screen of expectations.
 struct Office {
-  Office() { Furnish(world); }
+  enum class On { Windows, Expectations };
+  explicit Office(On on = On::Windows)
+      : module({on == On::Windows ? static_cast<ui::Screen&>(windows) : world.screen, world.clock,
+                platform::Locale{}, embedded::CreateErrorTexts,
+                [this] { return world.host.App(); }}) {
+    Furnish(world);
+  }
 
   void NewContract() {
     bool show_details = false;
@@ -90,31 +93,9 @@ struct Office {
   }
 
   support::ContractWorld world;
-  QtScreen screen{[this] { world.host.EndUnit(); }};
-  shell::Module module{{screen, world.clock, platform::Locale{}, embedded::CreateErrorTexts,
-                        [this] { return world.host.App(); }}};
+  QtScreen windows{[this] { world.host.EndUnit(); }};
+  shell::Module module;
   shell::CVV entry{module};
-  bool saved = false;
-  std::int32_t status_rows = 0;
-};
-
-// The same call in the company with the expecting screen.
-struct Rehearsal {
-  Rehearsal() { Furnish(world); }
-
-  using Acts = std::function<void(support::DialogUser& user)>;
-  void Expect(const char* dialog, const Acts& acts) {
-    world.screen.ExpectDialog(dialog, support::AsUser(acts));
-  }
-  void NewContract() {
-    bool show_details = false;
-    world.Goto(table::Adressen, world.address);
-    entry.NewContract(world.host.App(), saved, status_rows, show_details);
-  }
-  void NewType() { entry.EditContractDefinition(world.host.App(), true); }
-
-  support::ContractWorld world;
-  shell::CVV entry{world.module};
   bool saved = false;
   std::int32_t status_rows = 0;
 };

@@ -1,10 +1,7 @@
 // The small made-up dialog in a window.
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include "desktop/QtScreen.h"
-#include "desktop/WindowSteps.h"
 #include "desktop/window_user.h"
 #include "support/SampleForm.h"
 
@@ -16,23 +13,13 @@ class SampleWindowTest : public testing::Test {
 
   // Shows the form; a form that is open after the acts is hidden.
   void Show(const Acts& acts) {
-    steps.Add("frmSample", [this, acts](QWidget& window) {
-      form.Ran();
-      WindowUser user(window);
-      acts(user);
-      form.Hide();
-    });
-    steps.Run([this] { form.Show(screen); });
-    EXPECT_TRUE(steps.Problems().isEmpty()) << steps.Problems().join('\n').toStdString();
+    steps.Add("frmSample", AsUser([this, acts](WindowUser& user) {
+                form.Ran();
+                acts(user);
+                form.Hide();
+              }));
+    RunSteps(steps, [this] { form.Show(screen); });
   }
-  // The next message box; a person closes it with the return key.
-  void ExpectMessage(const char* text) {
-    steps.Add("message", [text](QWidget& window) {
-      EXPECT_EQ(window.property("text").toString().toStdString(), text);
-      QTest::keyClick(&window, Qt::Key_Return);
-    });
-  }
-
   int units = 0;
   std::function<void()> on_unit;
   QtScreen screen{[this] {

@@ -1,14 +1,12 @@
 // What must hold for every widget of every dialog, found by walking through them: at
 // three sizes of text, and in both looks.
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSet>
+#include <QRegularExpression>
 #include <QTreeView>
-#include <QWidget>
-#include <set>
+#include <algorithm>
 
 #include "desktop/FrameWidget.h"
 #include "desktop/appearance.h"
@@ -18,260 +16,174 @@
 namespace pactora::desktop {
 namespace {
 
-struct Dialog {
-  const char* name;
-  void (*open)(Office& office);
-  // Comes to the dialog from the first one that the call opens; null if that is it.
-  void (*go_on)(WindowSteps& steps);
-};
+// The widgets but for Qt's own parts of them.
+QList<QWidget*> Widgets(const WindowUser& user) {
+  return user.Window().findChildren<QWidget*>(QRegularExpression("^(?!qt_)."));
+}
 
-const Dialog kDialogs[] = {
-    {"frmNewContract", [](Office& office) { office.NewContract(); }, nullptr},
-    {"frmFEditDefinitions", [](Office& office) { office.EditType("Wartung"); }, nullptr},
-    {"frmFEditDefPositions", [](Office& office) { office.EditType("Wartung"); },
-     [](WindowSteps& steps) {
-       steps.Add("frmFEditDefinitions",
-                 [](QWidget& window) { WindowUser(window).Click("cmdEditPos"); });
-     }},
-};
-
-class Walk : public testing::TestWithParam<std::tuple<Dialog, int>> {
- protected:
-  Walk() {
-    QFont font = usual;
-    font.setPointSizeF(usual.pointSizeF() * std::get<int>(GetParam()) / 100.0);
-    QApplication::setFont(font);
-  }
-  ~Walk() override {
-    QApplication::setFont(usual);
-    UseTheme(Theme::Light);
-  }
-
-  void In(const std::function<void(WindowUser& user)>& look) {
-    Office office;
-    WindowSteps steps;
-    const Dialog& dialog = std::get<Dialog>(GetParam());
-    if (dialog.go_on) dialog.go_on(steps);
-    steps.Add(dialog.name, [&](QWidget& window) {
-      QApplication::processEvents();
-      WindowUser user(window);
-      look(user);
-      dynamic_cast<QDialog&>(window).reject();
-    });
-    if (dialog.go_on) {
-      steps.Add("frmFEditDefinitions",
-                [](QWidget& window) { dynamic_cast<QDialog&>(window).reject(); });
-    }
-    steps.Run([&] { dialog.open(office); });
-    EXPECT_TRUE(steps.Problems().isEmpty()) << steps.Problems().join('\n').toStdString();
-  }
-
-  const QFont usual = QApplication::font();
-};
-
-std::string Describe(const QWidget& widget) {
-  return widget.objectName().toStdString() + " (" + widget.metaObject()->className() + ", " +
-         std::to_string(widget.width()) + " x " + std::to_string(widget.height()) + ")";
+QRect Place(const WindowUser& user, const QWidget& widget) {
+  const QRect seen = widget.visibleRegion().boundingRect();
+  return seen.translated(widget.mapTo(&user.Window(), QPoint(0, 0)));
 }
 
 // A text that does not fit into its widget, or a widget that its parent cuts off.
 bool IsCut(const QWidget& widget) {
-  const QRect room = widget.parentWidget()->rect();
-  if (!room.contains(widget.geometry())) return true;
-  if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
-    if (label->wordWrap()) return label->height() < label->heightForWidth(label->width());
-    return label->width() < label->sizeHint().width() ||
-           label->height() < label->sizeHint().height();
+  if (!widget.parentWidget()->rect().contains(widget.geometry())) return true;
+  const QFontMetrics metrics = widget.fontMetrics();
+  if (const auto* label = qobject_cast<const QLabel*>(&widget); label && label->wordWrap()) {
+    return label->height() < label->heightForWidth(label->width());
   }
-  if (qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QComboBox*>(&widget)) {
-    return widget.width() < widget.sizeHint().width() ||
-           widget.height() < widget.sizeHint().height();
+  if (qobject_cast<const QLabel*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
+      qobject_cast<const QComboBox*>(&widget)) {
+    return widget.size().expandedTo(widget.sizeHint()) != widget.size();
   }
   if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) {
-    if (line->height() < line->minimumSizeHint().height()) return true;
-    return line->objectName().endsWith("_edit") &&
-           line->width() < line->fontMetrics().horizontalAdvance(line->text() + "  ");
+    const bool date = line->objectName().endsWith("_edit");
+    return line->height() < line->minimumSizeHint().height() ||
+           (date && line->width() < metrics.horizontalAdvance(line->text() + "  "));
   }
   if (const auto* frame = dynamic_cast<const FrameWidget*>(&widget)) {
     const QString caption = QString::fromStdString(frame->Frame().Caption());
-    return frame->width() < frame->fontMetrics().horizontalAdvance(caption) + 2 * 9;
+    return frame->width() < metrics.horizontalAdvance(caption) + 2 * 9;
   }
-  if (const auto* view = qobject_cast<const QTreeView*>(&widget)) {
-    const QHeaderView& header = *view->header();
-    int width = 0;
-    for (int i = 0; i < header.count(); ++i) {
-      if (header.isSectionHidden(i)) continue;
-      width += header.sectionSize(i);
-      if (header.sectionSize(i) < header.sectionSizeHint(i)) return true;
-    }
-    return width > view->viewport()->width();
+  const auto* view = qobject_cast<const QTreeView*>(&widget);
+  for (int i = 0; view && i < view->header()->count(); ++i) {
+    const int width = view->header()->sectionSize(i);
+    if (width != 0 && width < view->header()->sectionSizeHint(i)) return true;
   }
-  return false;
+  return view && view->header()->length() > view->viewport()->width();
 }
 
-TEST_P(Walk, NothingIsCutOff) {
-  In([](WindowUser& user) {
-    int seen = 0;
-    for (const QWidget* widget : user.Window().findChildren<QWidget*>()) {
-      if (!widget->isVisible() || widget->objectName().startsWith("qt_")) continue;
-      // Qt's own parts of a widget.
-      if (widget->objectName().isEmpty()) continue;
-      ++seen;
-      EXPECT_FALSE(IsCut(*widget)) << Describe(*widget);
-    }
-    EXPECT_GT(seen, 20);
-  });
+// Whether a box has neither a label nor a name.
+bool IsNameless(const WindowUser& user, const QWidget& widget) {
+  static const QRegularExpression box("^(txt|cbo|cmb|lst|lvw|DTP)(?!.*_(edit|tick)$)");
+  const bool labelled = std::ranges::any_of(user.Window().findChildren<QLabel*>(),
+                                            [&](auto* label) { return label->buddy() == &widget; });
+  return widget.objectName().contains(box) && !labelled && widget.accessibleName().isEmpty();
 }
 
-TEST_P(Walk, WidgetsThatAreSeenDoNotOverlap) {
-  In([](WindowUser& user) {
-    QList<QWidget*> widgets;
-    for (QWidget* widget : user.Window().findChildren<QWidget*>()) {
-      const bool is_frame = dynamic_cast<FrameWidget*>(widget) != nullptr;
-      if (widget->isVisible() && !is_frame &&
-          (qobject_cast<QLabel*>(widget) || widget->focusPolicy() != Qt::NoFocus)) {
-        widgets.push_back(widget);
-      }
-    }
-    for (QWidget* one : widgets) {
-      for (QWidget* other : widgets) {
-        if (one >= other || one->isAncestorOf(other) || other->isAncestorOf(one)) continue;
-        const auto place = [&](QWidget* w) {
-          return w->visibleRegion().boundingRect().translated(
-              w->mapTo(&user.Window(), QPoint(0, 0)));
-        };
-        EXPECT_FALSE(place(one).intersects(place(other)))
-            << Describe(*one) << " over " << Describe(*other);
-      }
-    }
-  });
-}
-
-QString Caption(const QWidget& widget) {
-  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
-  const auto* label = qobject_cast<const QLabel*>(&widget);
-  return label && label->buddy() ? label->text() : QString();
-}
-
-QChar KeyOf(const QString& caption) {
-  QString rest = caption;
-  rest.replace("&&", "");
-  const qsizetype mark = rest.indexOf('&');
-  return mark < 0 ? QChar() : rest[mark + 1].toLower();
+bool IsReadable(const QPalette& palette) {
+  return std::ranges::all_of(
+      std::vector{std::pair{QPalette::WindowText, QPalette::Window},
+                  {QPalette::Text, QPalette::Base},
+                  {QPalette::ButtonText, QPalette::Button}},
+      [&](const auto& pair) {
+        return std::abs(palette.color(QPalette::Active, pair.first).lightness() -
+                        palette.color(QPalette::Active, pair.second).lightness()) > 90;
+      });
 }
 
 // The largest dialog has more captions than the alphabet has letters for them. Only an
 // option may then go without one: the arrow keys come to it from its neighbour.
-TEST_P(Walk, AccessKeysAreThereAndNoneTwice) {
-  In([](WindowUser& user) {
-    QSet<QChar> keys;
-    QList<const QWidget*> without;
-    for (const QWidget* widget : user.Window().findChildren<QWidget*>()) {
-      const QString caption = Caption(*widget);
-      if (caption.isEmpty() || widget->objectName().startsWith("qt_")) continue;
-      const QChar key = KeyOf(caption);
-      EXPECT_FALSE(keys.contains(key)) << "twice: " << caption.toStdString();
-      if (key.isNull()) {
-        without.push_back(widget);
-      } else {
-        keys.insert(key);
-      }
+void ExpectAccessKeys(const WindowUser& user) {
+  QString keys;
+  QString options;  // without a key
+  for (const QWidget* widget : Widgets(user)) {
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    QString caption = button ? button->text() : label && label->buddy() ? label->text() : "";
+    const qsizetype mark = caption.remove("&&").indexOf('&');
+    if (mark >= 0) {
+      EXPECT_FALSE(keys.contains(caption[mark + 1].toLower()))
+          << "twice: " << caption.toStdString();
+      keys += caption[mark + 1].toLower();
+    } else if (!caption.isEmpty()) {
+      EXPECT_TRUE(qobject_cast<const QRadioButton*>(widget)) << caption.toStdString();
+      options += caption.toLower();
     }
-    for (const QWidget* widget : without) {
-      EXPECT_TRUE(qobject_cast<const QRadioButton*>(widget)) << Describe(*widget);
-      for (const QChar letter : Caption(*widget).toLower()) {
-        EXPECT_TRUE(!letter.isLetterOrNumber() || keys.contains(letter)) << Describe(*widget);
-      }
-    }
-  });
-}
-
-TEST_P(Walk, EveryBoxHasALabelOrAName) {
-  In([](WindowUser& user) {
-    QSet<const QWidget*> buddies;
-    for (const QLabel* label : user.Window().findChildren<QLabel*>()) {
-      if (label->buddy()) buddies.insert(label->buddy());
-    }
-    for (const QWidget* widget : user.Window().findChildren<QWidget*>()) {
-      const QString name = widget->objectName();
-      const bool is_box = name.startsWith("txt") || name.startsWith("cbo") ||
-                          name.startsWith("cmb") || name.startsWith("lst") ||
-                          name.startsWith("lvw") || name.startsWith("DTP");
-      const QWidget* owner = widget->focusProxy() ? widget : widget->parentWidget();
-      const bool named = buddies.contains(widget) || buddies.contains(owner) ||
-                         !widget->accessibleName().isEmpty() || !owner->accessibleName().isEmpty();
-      EXPECT_TRUE(!is_box || named) << name.toStdString();
-    }
-  });
+  }
+  for (const QChar letter : options)
+    EXPECT_TRUE(!letter.isLetterOrNumber() || keys.contains(letter));
 }
 
 // From left to right and from top to bottom within a frame or a column: a stop never
 // lies above the one before it in the same column.
-TEST_P(Walk, TheTabKeyVisitsEveryStopOnceAndReadsDownwards) {
-  In([](WindowUser& user) {
-    const std::string first = user.Focus();
-    std::set<std::string> seen;
-    std::string before;
-    for (int i = 0; i < 80; ++i) {
-      const std::string name = user.Focus();
-      if (name != before) {
-        if (seen.contains(name)) {
-          EXPECT_EQ(name, first);
-          break;
-        }
-        seen.insert(name);
-        if (!before.empty()) {
-          const auto place = [&](const std::string& n) {
-            QWidget& widget = user.Get(n.c_str());
-            return QRect(widget.mapTo(&user.Window(), QPoint(0, 0)), widget.size());
-          };
-          const QRect here = place(name);
-          const QRect last = place(before);
-          EXPECT_FALSE(here.bottom() < last.top() && here.left() <= last.left())
-              << name << " lies above " << before;
-        }
-      }
-      before = name;
-      user.Key(Qt::Key_Tab);
+void ExpectTabStops(WindowUser& user) {
+  std::vector<std::string> stops{user.Focus()};
+  for (int i = 0; i < 80; ++i) {
+    user.Key(Qt::Key_Tab);
+    const std::string here = user.Focus();
+    if (here == stops.back()) continue;  // the other part of a date box
+    if (std::ranges::count(stops, here) > 0) {
+      EXPECT_EQ(here, stops.front());
+      break;
     }
-    for (const QWidget* widget : user.Window().findChildren<QWidget*>()) {
-      const bool stop =
-          widget->isVisible() && widget->isEnabled() &&
-          (qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget) ||
-           qobject_cast<const QCheckBox*>(widget) || qobject_cast<const QPushButton*>(widget));
-      const std::string name = widget->objectName().toStdString();
-      const bool part = name.ends_with("_edit") || name.ends_with("_tick") || name.empty() ||
-                        name.starts_with("qt_");
-      EXPECT_TRUE(!stop || part || seen.contains(name)) << name << " is never reached";
-    }
-  });
-}
-
-TEST_P(Walk, EveryTextIsReadableOnItsBackgroundInBothLooks) {
-  for (const Theme theme : {Theme::Light, Theme::Dark}) {
-    UseTheme(theme);
-    In([&](WindowUser& user) {
-      EXPECT_EQ(IsDark(user.Window().palette()), theme == Theme::Dark);
-      for (const QWidget* widget : user.Window().findChildren<QWidget*>()) {
-        const QPalette palette = widget->palette();
-        const auto far = [&](QPalette::ColorRole text, QPalette::ColorRole ground) {
-          return std::abs(palette.color(QPalette::Active, text).lightness() -
-                          palette.color(QPalette::Active, ground).lightness());
-        };
-        EXPECT_GT(far(QPalette::WindowText, QPalette::Window), 90) << Describe(*widget);
-        EXPECT_GT(far(QPalette::Text, QPalette::Base), 90) << Describe(*widget);
-        EXPECT_GT(far(QPalette::ButtonText, QPalette::Button), 90) << Describe(*widget);
-      }
-    });
+    const QRect place = Place(user, user.Get(here.c_str()));
+    const QRect before = Place(user, user.Get(stops.back().c_str()));
+    EXPECT_FALSE(place.bottom() < before.top() && place.left() <= before.left())
+        << here << " lies above " << stops.back();
+    stops.push_back(here);
+  }
+  for (const QWidget* widget : Widgets(user)) {
+    const bool stop =
+        qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget) ||
+        qobject_cast<const QCheckBox*>(widget) || qobject_cast<const QPushButton*>(widget);
+    const std::string name = widget->objectName().toStdString();
+    if (!stop || !widget->isVisible() || !widget->isEnabled()) continue;
+    EXPECT_TRUE(name.ends_with("_edit") || name.ends_with("_tick") ||
+                std::ranges::count(stops, name) > 0)
+        << name << " is never reached";
   }
 }
 
+void ExpectAllWell(WindowUser& user) {
+  QList<QWidget*> seen;
+  for (QWidget* widget : Widgets(user)) {
+    SCOPED_TRACE(widget->objectName().toStdString());
+    EXPECT_FALSE(IsNameless(user, *widget));
+    EXPECT_TRUE(IsReadable(widget->palette()));
+    if (!widget->isVisible()) continue;
+    EXPECT_FALSE(IsCut(*widget)) << widget->width() << " x " << widget->height();
+    if (!qobject_cast<QLabel*>(widget) && widget->focusPolicy() == Qt::NoFocus) continue;
+    for (const QWidget* other : seen) {
+      if (other->isAncestorOf(widget) || widget->isAncestorOf(other)) continue;
+      EXPECT_FALSE(Place(user, *widget).intersects(Place(user, *other)))
+          << "over " << other->objectName().toStdString();
+    }
+    seen.push_back(widget);
+  }
+  EXPECT_GT(seen.size(), 10);
+  ExpectAccessKeys(user);
+  ExpectTabStops(user);
+}
+
+class Walk : public testing::TestWithParam<std::tuple<const char*, int>> {};
+
+TEST_P(Walk, AllIsWellWithEveryWidget) {
+  const auto& [dialog, percent] = GetParam();
+  const std::string name = dialog;
+  const QFont usual = QApplication::font();
+  QFont font = usual;
+  font.setPointSizeF(usual.pointSizeF() * percent / 100.0);
+  QApplication::setFont(font);
+  for (const Theme theme : {Theme::Dark, Theme::Light}) {
+    UseTheme(theme);
+    Office office;
+    WindowSteps steps;
+    const char* const type = "frmFEditDefinitions";
+    const bool position = name == "frmFEditDefPositions";
+    if (position) steps.Add(type, [](QWidget& window) { WindowUser(window).Click("cmdEditPos"); });
+    steps.Add(dialog, [&](QWidget& window) {
+      QApplication::processEvents();
+      EXPECT_EQ(IsDark(window.palette()), theme == Theme::Dark);
+      WindowUser user(window);
+      ExpectAllWell(user);
+      window.close();
+    });
+    if (position) steps.Add(type, [](QWidget& window) { window.close(); });
+    RunSteps(steps,
+             [&] { name == "frmNewContract" ? office.NewContract() : office.EditType("Wartung"); });
+  }
+  QApplication::setFont(usual);
+}
+
 INSTANTIATE_TEST_SUITE_P(Dialogs, Walk,
-                         testing::Combine(testing::ValuesIn(kDialogs),
+                         testing::Combine(testing::Values("frmNewContract", "frmFEditDefinitions",
+                                                          "frmFEditDefPositions"),
                                           testing::Values(100, 150, 200)),
                          [](const auto& tested) {
-                           return std::get<Dialog>(tested.param).name + std::string("At") +
-                                  std::to_string(std::get<int>(tested.param));
+                           return std::get<0>(tested.param) + std::string("At") +
+                                  std::to_string(std::get<1>(tested.param));
                          });
 
 }  // namespace

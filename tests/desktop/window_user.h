@@ -2,19 +2,31 @@
 // the names of their controls.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QTest>
+#include <functional>
 #include <stdexcept>
 #include <string>
+#include <utility>
+
+#include "desktop/WindowSteps.h"
+#include "platform/Date.h"
 
 namespace pactora::desktop {
+
+// Carries out the steps while the call runs; each of them must come.
+inline void RunSteps(WindowSteps& steps, const std::function<void()>& call) {
+  steps.Run(call);
+  EXPECT_EQ(steps.Problems().join('\n').toStdString(), "");
+}
 
 class WindowUser {
  public:
@@ -44,6 +56,17 @@ class WindowUser {
     view.scrollTo(index);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
   }
+  // The row that has the text in one of its cells.
+  void ClickRow(const char* name, const char* text) {
+    const QAbstractItemModel& rows = *Get<QAbstractItemView>(name).model();
+    for (int column = 0; column < rows.columnCount(); ++column) {
+      const auto found = rows.match(rows.index(0, column), Qt::DisplayRole, QString::fromUtf8(text),
+                                    1, Qt::MatchContains);
+      if (!found.empty()) return ClickRow(name, found.front().row());
+    }
+    ADD_FAILURE() << name << " has no row " << text;
+  }
+  void ChooseRow(const char* name, int row) { ClickRow(name, row - 1); }
 
   // Keys go to the widget that has the focus.
   void Key(Qt::Key key, Qt::KeyboardModifiers held = {}) { QTest::keyClick(Target(), key, held); }
@@ -57,13 +80,13 @@ class WindowUser {
   }
   // Goes to the box, into a line by the mouse, and types over what it holds.
   void Retype(const char* name, const char* text) {
-    if (qobject_cast<QLineEdit*>(&Get(name))) {
-      Click(name);
-    } else {
-      GoTo(name);
-    }
-    Key(Qt::Key_A, Qt::ControlModifier);
+    SelectAll(name);
     Keys(text);
+  }
+  void Paste(const char* name, const char* text) {
+    SelectAll(name);
+    QApplication::clipboard()->setText(text);
+    Key(Qt::Key_V, Qt::ControlModifier);
   }
   // Tabs forward until the control has the focus.
   void GoTo(const char* name) {
@@ -73,8 +96,9 @@ class WindowUser {
     }
     ADD_FAILURE() << "the tab key never comes to " << name;
   }
-  // Opens the list of a box and takes the entry with the return key.
-  void ChooseEntry(const char* name, const char* text) {
+  // Clicks the row of a list, or opens the list of a box and takes the entry with the return key.
+  void Choose(const char* name, const char* text) {
+    if (qobject_cast<QAbstractItemView*>(&Get(name))) return ClickRow(name, text);
     GoTo(name);
     auto& box = Get<QComboBox>(name);
     const int entry = box.findText(QString::fromUtf8(text), Qt::MatchExactly);
@@ -83,6 +107,14 @@ class WindowUser {
     QTest::keyClick(box.view(), Qt::Key_Home);
     for (int i = 0; i < entry; ++i) QTest::keyClick(box.view(), Qt::Key_Down);
     QTest::keyClick(box.view(), Qt::Key_Return);
+  }
+  void Pick(const char* name, platform::Date date) {
+    Retype(name, platform::FormatDate(date, "d.M.yy").c_str());
+  }
+  // The key that the caption marks, together with the Alt key.
+  void AccessKey(const QString& caption) {
+    const QChar key = caption[caption.indexOf('&') + 1].toUpper();
+    QTest::keyClick(&window_, static_cast<Qt::Key>(key.unicode()), Qt::AltModifier);
   }
 
   // The name of the control that has the focus.
@@ -101,9 +133,28 @@ class WindowUser {
   static bool IsPart(const QString& name) {
     return name.endsWith("_tick") || name.endsWith("_edit") || name.startsWith("qt_");
   }
+  void SelectAll(const char* name) {
+    qobject_cast<QLineEdit*>(&Get(name)) ? Click(name) : GoTo(name);
+    Key(Qt::Key_A, Qt::ControlModifier);
+  }
   QWidget* Target() const { return window_.focusWidget() ? window_.focusWidget() : &window_; }
 
   QWidget& window_;
 };
+
+inline WindowSteps::Action AsUser(std::function<void(WindowUser& user)> acts) {
+  return [acts = std::move(acts)](QWidget& window) {
+    WindowUser user(window);
+    acts(user);
+  };
+}
+
+// The next message box; a person closes it with the return key.
+inline void ExpectMessage(WindowSteps& steps, const std::string& text) {
+  steps.Add("message", [text](QWidget& window) {
+    EXPECT_THAT(window.property("text").toString().toStdString(), testing::HasSubstr(text));
+    QTest::keyClick(&window, Qt::Key_Return);
+  });
+}
 
 }  // namespace pactora::desktop
