@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <random>
 
+#include "desktop/main_window/Feed.h"
 #include "desktop/main_window/ListModel.h"
 #include "desktop/main_window/fold.h"
 #include "desktop/main_window/timeline.h"
@@ -33,9 +34,10 @@ TEST(Fold, TextsThatPeopleTakeForTheSameAreEqual) {
 // the plain way to do it.
 TEST(ListModel, ShowsWhatAPlainSearchAndSortWouldShow) {
   std::mt19937 random(7);
-  const std::vector<std::string> words = {"Öl", "ol", "Haus", "haus 7", "", "Straße", "x"};
+  const std::vector<std::string> words = {"Öl", "ol", "Haus", "haus 7", "", "Straße", "hausx"};
   for (int round = 0; round < 200; ++round) {
-    ListModel model({{"Name", CellKind::Text, 10}, {"Zahl", CellKind::Number, 5}});
+    ListModel model(
+        {{"Name", CellKind::Text, 10}, {"Zahl", CellKind::Number, 5}, {"Ort", CellKind::Text, 5}});
     const QAbstractItemModelTester tester(&model,
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
     std::vector<ListRow> rows;
@@ -49,10 +51,8 @@ TEST(ListModel, ShowsWhatAPlainSearchAndSortWouldShow) {
           std::vector<ListRow> more;
           for (auto i = random() % 6; i > 0; --i) {
             const auto key = static_cast<std::int64_t>(rows.size() + more.size());
-            more.push_back(
-                {key,
-                 key,
-                 {names[random() % names.size()], static_cast<std::int32_t>(random() % 9)}});
+            const auto number = static_cast<std::int32_t>(random() % 9);
+            more.push_back({key, key, {names[random() % names.size()], number, "x"}});
           }
           rows.insert(rows.end(), more.begin(), more.end());
           model.Add(more);
@@ -69,33 +69,38 @@ TEST(ListModel, ShowsWhatAPlainSearchAndSortWouldShow) {
           model.SetWords(ToQt(search));
       }
     }
-    std::vector<ListRow> expected;
+    const QStringList wanted = Fold(ToQt(search)).split(' ', Qt::SkipEmptyParts);
+    std::vector<std::int64_t> expected;
     for (const ListRow& row : rows) {
-      const QString text = Fold(ToQt(host::ToText(row.cells[0])));
-      bool all = true;
-      for (const QString& word : Fold(ToQt(search)).split(' ', Qt::SkipEmptyParts))
-        all = all && text.contains(word);
-      if (all) expected.push_back(row);
+      const QString text = Fold(ToQt(row.cells[0].AsText()));
+      const auto stands_there = [&](const QString& word) { return text.contains(word); };
+      if (std::ranges::all_of(wanted, stands_there)) expected.push_back(row.key);
     }
     std::vector<std::int64_t> shown;
     for (int row = 0; row < model.rowCount(); ++row) shown.push_back(model.Row(row).key);
-    std::vector<std::int64_t> keys;
-    for (const ListRow& row : expected) keys.push_back(row.key);
-    EXPECT_THAT(shown, testing::UnorderedElementsAreArray(keys));
-    if (column < 0) continue;
-    for (int row = 1; row < model.rowCount(); ++row) {
-      const auto& above = model.Row(row - 1).cells[static_cast<std::size_t>(column)];
-      const auto& below = model.Row(row).cells[static_cast<std::size_t>(column)];
+    EXPECT_THAT(shown, testing::UnorderedElementsAreArray(expected));
+    for (int row = 1; column >= 0 && row < model.rowCount(); ++row) {
+      const auto& lower = model.Row(up ? row - 1 : row).cells;
+      const auto& upper = model.Row(up ? row : row - 1).cells;
       if (column == 1) {
-        EXPECT_TRUE(up ? above.AsLong() <= below.AsLong() : above.AsLong() >= below.AsLong());
+        EXPECT_LE(lower[1].AsLong(), upper[1].AsLong());
       } else {
-        const QString a = Fold(ToQt(above.AsText()));
-        const QString b = Fold(ToQt(below.AsText()));
-        EXPECT_TRUE(up ? a <= b : a >= b) << a.toStdString() << " " << b.toStdString();
+        EXPECT_LE(Fold(ToQt(lower[0].AsText())), Fold(ToQt(upper[0].AsText())));
       }
     }
     for (const auto key : shown) EXPECT_EQ(model.Row(model.Find(key)).key, key);
   }
+}
+
+TEST(Feed, ReportsAReadThatFails) {
+  ListModel model({{"Name", CellKind::Text, 10}});
+  Feed feed(model);
+  std::string failed;
+  feed.Failed = [&](const platform::Error& error) { failed = error.Description(); };
+  feed.Start([](std::vector<ListRow>&) -> bool { throw platform::Error(7, "Platte kaputt"); });
+  feed.Finish();
+  EXPECT_EQ(failed, "Platte kaputt");
+  EXPECT_FALSE(feed.Running());
 }
 
 TEST(Cells, ReadTheGermanWay) {

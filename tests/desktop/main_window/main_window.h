@@ -1,8 +1,6 @@
 // The main window on the sample company, in a folder of the test's own.
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include <QAction>
 #include <QLabel>
 #include <QSettings>
@@ -14,7 +12,6 @@
 #include "automation/dataset/dataset_files.h"
 #include "automation/dataset/sample/sample.h"
 #include "automation/workspace/row_walk.h"
-#include "desktop/WindowSteps.h"
 #include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
 #include "desktop/main_window/WindowMemory.h"
@@ -37,10 +34,6 @@ class MainWindowTest : public testing::Test {
                             workspace::Access::Write, [](std::size_t, std::size_t) {});
     Open();
   }
-  void TearDown() override {
-    EXPECT_TRUE(steps.Problems().isEmpty()) << steps.Problems().join('\n').toStdString();
-  }
-
   // Opens the window, anew if there is one.
   void Open() {
     window.reset();
@@ -58,15 +51,7 @@ class MainWindowTest : public testing::Test {
     window->findChild<QTabWidget*>("pages")->setCurrentIndex(page);
     window->FinishReading();
   }
-  // A click on the row that has this text in its first column.
-  void ClickRow(const char* list, const char* text) {
-    auto& view = *window->findChild<QAbstractItemView*>(list);
-    const auto found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole,
-                                           QString::fromUtf8(text), 1, Qt::MatchContains);
-    ASSERT_FALSE(found.empty()) << text;
-    view.scrollTo(found.front());
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(found.front()).center());
-  }
+  void ClickRow(const char* list, const char* text) { User().ClickRow(list, text); }
   // The texts of a list's row.
   std::vector<std::string> Texts(const ListPage& page, int row) const {
     std::vector<std::string> texts;

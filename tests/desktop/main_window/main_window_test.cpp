@@ -68,6 +68,25 @@ TEST_F(MainWindowTest, WhereTheAddOnHasGoneIsShown) {
   EXPECT_FALSE(Action("new_contract").isEnabled());
 }
 
+TEST_F(MainWindowTest, WhatWasStoredBeforeAFailureStaysAndAllContractsOfAnAddressAreFound) {
+  ClickRow("addresses", "Molkerei");
+  ExpectMessage(steps, "Platte voll");
+  RunSteps(steps, [&] {
+    desk->Do([&] {
+      const auto live = desk->Session().Host().Table(table::vv_Vertraege);
+      for (int i = 0; i < 250; ++i) {
+        live->GotoRec(live->NewRecordOid(0));
+        live->StoreNew(host::kFlagsUsual);
+      }
+      throw platform::Error(7, "Platte voll");
+    });
+  });
+  EXPECT_EQ(Count(table::vv_Vertraege), 254u);
+  ContractTree tree(*desk);
+  tree.SetAddress(desk->Current(table::Adressen));
+  EXPECT_EQ(tree.Find(desk->Current(table::vv_Vertraege)).row(), 250);
+}
+
 TEST_F(MainWindowTest, SearchingFindsWithoutAccentsAndGoesOnByKeyboard) {
   WindowUser user = User();
   user.Click("addresses_search");
@@ -87,12 +106,11 @@ TEST_F(MainWindowTest, SearchingFindsWithoutAccentsAndGoesOnByKeyboard) {
 
 TEST_F(MainWindowTest, ANewContractIsConcludedAndShown) {
   ClickRow("addresses", "Quendelbach");
-  steps.Add("frmNewContract", [](QWidget& dialog) {
-    WindowUser user(dialog);
-    user.ClickRow("lvwBezeichnung", 1);
-    user.Click("cmdOK");
-  });
-  steps.Run([&] { QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier); });
+  steps.Add("frmNewContract", AsUser([](WindowUser& user) {
+              user.ClickRow("lvwBezeichnung", 1);
+              user.Click("cmdOK");
+            }));
+  RunSteps(steps, [&] { QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier); });
   window->FinishReading();
   EXPECT_EQ(Count(table::vv_Vertraege), 5u);
   const QAbstractItemModel& contracts = *window->findChild<QTreeView*>("contracts")->model();
@@ -106,32 +124,31 @@ TEST_F(MainWindowTest, ANewContractIsConcludedAndShown) {
 TEST_F(MainWindowTest, AContractTypeIsMadeAndChanged) {
   ShowPage(kTypes);
   EXPECT_FALSE(Action("edit_type").isEnabled());
-  steps.Add("frmFEditDefinitions", [](QWidget& dialog) {
-    WindowUser user(dialog);
-    user.Retype("txtBezeichnung", "Archivierung");
-    user.Click("optKreditor");
-    user.Click("cmdSave");
-  });
-  steps.Run([&] { Action("new_type").trigger(); });
+  steps.Add("frmFEditDefinitions", AsUser([](WindowUser& user) {
+              user.Retype("txtBezeichnung", "Archivierung");
+              user.Click("optKreditor");
+              user.Click("cmdSave");
+            }));
+  RunSteps(steps, [&] { Action("new_type").trigger(); });
   window->FinishReading();
   ClickRow("types", "Archivierung");
   EXPECT_EQ(CurrentText(table::vv_Vertragsdefinitionen, field::Bezeichnung), "Archivierung");
   ASSERT_TRUE(Action("edit_type").isEnabled());
-  steps.Add("frmFEditDefinitions", [](QWidget& dialog) {
-    WindowUser user(dialog);
-    user.Retype("txtBezeichnung", "Archiv");
-    user.Click("cmdSave");
-  });
-  steps.Run([&] { QTest::keyClick(&window->Types().Table(), Qt::Key_Return); });
+  steps.Add("frmFEditDefinitions", AsUser([](WindowUser& user) {
+              user.Retype("txtBezeichnung", "Archiv");
+              user.Click("cmdSave");
+            }));
+  RunSteps(steps, [&] { QTest::keyClick(&window->Types().Table(), Qt::Key_Return); });
   window->FinishReading();
   EXPECT_EQ(window->Types().Table().currentIndex().data(), "Archiv");
   EXPECT_EQ(Count(table::vv_Vertragsdefinitionen), 9u);
 }
 
 TEST_F(MainWindowTest, DeadlinesAreThoseOfAllContractsAndLeadToThem) {
+  clock.Set(platform::FromCivil(2026, 9, 9));
   ShowPage(kDeadlines);
   auto& weeks = *window->findChild<QSpinBox*>("deadlines_weeks");
-  for (const int limit : {0, 6, 26}) {
+  for (const int limit : {0, 26, 5}) {  // five weeks end on a last safe day
     weeks.setValue(limit);
     const auto expected = deadlines::ReadDeadlines(
         desk->Store(), clock.Today(), limit == 0 ? std::nullopt : std::optional(limit));
@@ -165,6 +182,11 @@ TEST_F(MainWindowTest, AppointmentsThatAreDueStandOutAndAreTicked) {
   ASSERT_EQ(appointments.rowCount(), 4);
   EXPECT_EQ(Texts(window->Appointments(), 0)[5], "ja");
   EXPECT_FALSE(appointments.Row(0).strong);
+  for (const int row : {1, 0})
+    window->Appointments().Table().setCurrentIndex(appointments.index(row, 0));
+  Action("tick").trigger();
+  window->FinishReading();
+  EXPECT_TRUE(appointments.Row(0).strong) << "open again";
   // The address's own list says how many are due.
   ShowPage(kAddresses);
   ClickRow("addresses", "Ölbermann");
@@ -202,41 +224,22 @@ TEST_F(MainWindowTest, ADatasetGoesOutAndIntoANewDatabase) {
   const std::string copy = folder.File("kopie.db");
   ASSERT_TRUE(window->ImportFrom(dataset, ToQt(copy)));
   EXPECT_EQ(opened, copy);
-  const std::string again = folder.File("kopie.json");
-  dataset::ExportDatabase(copy, again, [](std::size_t, std::size_t) {});
-  QFile one(dataset);
-  QFile other(ToQt(again));
-  ASSERT_TRUE(one.open(QIODevice::ReadOnly) && other.open(QIODevice::ReadOnly));
-  EXPECT_TRUE(one.readAll() == other.readAll());
-
   // A database that is there is left alone, and said so.
-  steps.Add("message", [](QWidget& message) {
-    EXPECT_THAT(message.property("text").toString().toStdString(), HasSubstr("nicht leer"));
-    QTest::keyClick(&message, Qt::Key_Return);
-  });
-  steps.Run([&] { EXPECT_FALSE(window->ImportFrom(dataset, ToQt(copy))); });
+  ExpectMessage(steps, "nicht leer");
+  RunSteps(steps, [&] { EXPECT_FALSE(window->ImportFrom(dataset, ToQt(copy))); });
 }
 
 class TakeoverTest : public MainWindowTest {
  protected:
-  TakeoverTest() {
-    std::string text = "Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert\n";
-    for (int i = 0; i < 30; ++i)
-      text += "Gasthof Zum Stillen Kranich;Wartung Server;01.01.2025;01.01.2026\n";
-    Write("\n" + text);
-  }
-  void Write(const std::string& text) {
+  // Writes the list: so many lines of one address.
+  void Write(const std::string& address, int lines) {
     QFile file(list);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    // Each line has a key of its own.
-    QByteArray keyed;
-    int number = 0;
-    for (const QByteArray& line : QByteArray::fromStdString(text).trimmed().split('\n')) {
-      keyed += (number == 0 ? QByteArray("Schlüssel") : "K" + QByteArray::number(number)) + ';' +
-               line + '\n';
-      ++number;
+    file.write("Schlüssel;Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert\n");
+    for (int i = 0; i < lines; ++i) {
+      file.write(QByteArray::number(i) + ';' + QByteArray::fromStdString(address) +
+                 ";Wartung Server;01.01.2025;01.01.2026\n");
     }
-    file.write(keyed);
   }
   std::string Outcome(TakeoverWindow& takeover) {
     return takeover.findChild<QLabel*>("takeover_outcome")->text().toStdString();
@@ -246,6 +249,7 @@ class TakeoverTest : public MainWindowTest {
 };
 
 TEST_F(TakeoverTest, AListIsTakenOverStoppedAndGoneOnWith) {
+  Write("Gasthof Zum Stillen Kranich", 30);
   steps.Add("takeover", [&](QWidget& widget) {
     auto& takeover = dynamic_cast<TakeoverWindow&>(widget);
     WindowUser user(takeover);
@@ -269,17 +273,17 @@ TEST_F(TakeoverTest, AListIsTakenOverStoppedAndGoneOnWith) {
     EXPECT_THAT(Outcome(takeover), HasSubstr("0 abgelehnt"));
     EXPECT_EQ(Count(table::vv_Vertraege), 34u);
     EXPECT_EQ(user.Get<QTableView>("takeover_lines").model()->rowCount(), 30);
+    EXPECT_TRUE(takeover.Changed());
     takeover.close();
   });
-  steps.Run([&] { Action("takeover_list").trigger(); });
+  RunSteps(steps, [&] { Action("takeover_list").trigger(); });
   window->FinishReading();
   ClickRow("addresses", "Kranich");
   EXPECT_EQ(window->findChild<QTreeView*>("contracts")->model()->rowCount(), 30);
 }
 
 TEST_F(TakeoverTest, RefusedLinesSayWhyAndALineThatIsNoListIsSaid) {
-  Write(
-      "Adresse;Vertragstyp;Vertragsbeginn;ZuletztFakturiert\nNiemand;Wartung Server;01.01.2025;\n");
+  Write("Niemand", 1);
   steps.Add("takeover", [&](QWidget& widget) {
     auto& takeover = dynamic_cast<TakeoverWindow&>(widget);
     WindowUser user(takeover);
@@ -290,43 +294,35 @@ TEST_F(TakeoverTest, RefusedLinesSayWhyAndALineThatIsNoListIsSaid) {
     EXPECT_THAT(
         user.Get<QTableView>("takeover_lines").model()->index(0, 3).data().toString().toStdString(),
         HasSubstr("\"Niemand\" gibt es nicht"));
-    Write("Unsinn\n");
+    QFile(list).resize(10);
     user.Click("takeover_start");
     EXPECT_TRUE(user.Get("takeover_start").isEnabled());
     takeover.close();
   });
-  steps.Add("message", [](QWidget& message) {
-    EXPECT_THAT(message.property("text").toString().toStdString(), HasSubstr("bestand.csv"));
-    QTest::keyClick(&message, Qt::Key_Return);
-  });
-  steps.Run([&] { Action("takeover_list").trigger(); });
+  ExpectMessage(steps, "bestand.csv");
+  RunSteps(steps, [&] { Action("takeover_list").trigger(); });
 }
 
 // Each menu's letters, and what a screen reader needs.
 TEST_F(MainWindowTest, EverythingHasALetterOrANameOfItsOwn) {
-  const auto letters = [](const QList<QAction*>& actions) {
-    std::vector<QChar> found;
-    for (const QAction* action : actions) {
-      const auto mark = action->text().indexOf('&');
-      if (!action->isSeparator() && mark >= 0) found.push_back(action->text()[mark + 1].toLower());
-    }
-    return found;
-  };
-  QList<QList<QAction*>> menus{window->menuBar()->actions()};
-  for (QMenu* menu : window->findChildren<QMenu*>()) {
-    if (!menu->title().isEmpty()) menus.push_back(menu->actions());
-  }
+  QList<QWidget*> menus{window->menuBar()};
+  for (QMenu* menu : window->findChildren<QMenu*>()) menus.push_back(menu);
   EXPECT_GE(menus.size(), 6);
-  for (const QList<QAction*>& menu : menus) {
-    const auto found = letters(menu);
-    for (const QChar letter : found)
-      EXPECT_EQ(std::ranges::count(found, letter), 1) << static_cast<int>(letter.unicode());
+  for (const QWidget* menu : menus) {
+    QString letters;
+    for (const QAction* action : menu->actions()) {
+      const auto mark = action->text().indexOf('&');
+      if (action->isSeparator() || mark < 0) continue;
+      const QChar letter = action->text()[mark + 1].toLower();
+      EXPECT_FALSE(letters.contains(letter)) << action->text().toStdString();
+      letters += letter;
+    }
   }
   for (const QWidget* widget : window->findChildren<QWidget*>()) {
     const bool input =
-        qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QAbstractItemView*>(widget);
+        qobject_cast<const QLineEdit*>(widget) || (qobject_cast<const QAbstractItemView*>(widget) &&
+                                                   !qobject_cast<const QHeaderView*>(widget));
     if (!input || widget->objectName().startsWith("qt_")) continue;
-    if (qobject_cast<const QHeaderView*>(widget)) continue;
     EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
   }
 }
