@@ -6,6 +6,7 @@
 
 #include "automation/formats/errors.h"
 #include "host/HostTable.h"
+#include "host/row.h"
 #include "schema/names.h"
 #include "ui/Form.h"
 
@@ -52,7 +53,7 @@ MadeContract ContractMaker::Make(const ContractOrder& order) {
   const std::string oid = contracts->Oid();
   if (oid.empty() || oid == oid_before)
     formats::Raise(formats::DoorError::NotCarriedOut, "es ist kein Vertrag entstanden");
-  return {GetText(*contracts, schema::field::Vertragnummer), oid};
+  return {host::GetText(*contracts, schema::field::Vertragnummer), oid};
 }
 
 }  // namespace pactora::dataset
