@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,7 @@
 #include "host/HostTable.h"
 #include "platform/Clock.h"
 #include "platform/Date.h"
+#include "platform/Error.h"
 #include "platform/Locale.h"
 #include "ui/Screen.h"
 
@@ -85,6 +87,10 @@ class Module {
   std::shared_ptr<std::vector<api::ApiPositionRow>> gApiPositionRows;  // element 0 stays empty
 
   std::int32_t live_entry_objects = 0;  // number of CVV objects that hold gAddonError
+
+  // The last error that a handler showed, set before its box opens. A box is text for
+  // people; a program that drives the dialogs reads the error here, and may reset it.
+  std::optional<platform::Error> last_shown_error;
 };
 
 }  // namespace pactora::shell

@@ -16,6 +16,7 @@ platform::Error CurrentError() { return platform::CurrentError(); }
 
 void ShowInlineError(Module& module, const std::string& display_name,
                      const platform::Error& error) {
+  module.last_shown_error = error;
   ui::Message message;
   message.text = "Fehler &H" + platform::HexNumber(error.Number()) + "\r\n(" + error.Description() +
                  ")\r\nin " + display_name;
@@ -26,6 +27,7 @@ void ReportError(Module& module, const std::string& display_name, const platform
   if (!module.gAddonError) platform::Raise(platform::RuntimeError::ObjectNotSet);
   // The box may stay open while the module's last entry object goes.
   const std::shared_ptr<CAddonError> reporter = module.gAddonError;
+  module.last_shown_error = error;
   reporter->ShowErrText(display_name, error);
 }
 

@@ -35,11 +35,11 @@ std::string DisplayName(std::string_view module_name, std::string_view procedure
 platform::Error CurrentError();
 
 // "Fehler &H<number>", "(<description>)", "in <display name>" on three lines,
-// without icon, with the default title.
+// without icon, with the default title. Before that the module keeps the error as
+// last_shown_error.
 void ShowInlineError(Module& module, const std::string& display_name, const platform::Error& error);
 
-// Shows the error through the module's reporter. Raises error 91 when there is
-// none.
+// Likewise through the module's reporter. Raises error 91 when there is none.
 void ReportError(Module& module, const std::string& display_name, const platform::Error& error);
 
 // Form 1: through the reporter; the procedure ends normally.

@@ -59,6 +59,7 @@ TEST_F(Handlers, WithReporterEndsNormally) {
   });
   WithReporter(world.module, module_name::CVV, "NewContract", [&] { ++steps; });
   EXPECT_EQ(steps, 2) << "what was done before the failure stays";
+  EXPECT_EQ(world.module.last_shown_error->Number(), Missing().Number());
 }
 
 TEST_F(Handlers, WithInlineMessageShowsTheDescriptionWithoutIconOrTitle) {
@@ -68,6 +69,7 @@ TEST_F(Handlers, WithInlineMessageShowsTheDescriptionWithoutIconOrTitle) {
        0, "Pactora"});
   WithInlineMessage(world.module, module_name::frmNewContract, "cmdOK_Click",
                     [] { throw Missing(); });
+  EXPECT_EQ(world.module.last_shown_error->Number(), Missing().Number());
 }
 
 TEST_F(Handlers, RaisingAgainKeepsNumberAndDescriptionAndNamesTheProcedure) {

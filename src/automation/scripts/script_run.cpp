@@ -64,8 +64,8 @@ class Run {
 
  private:
   void Write(const formats::Json& event) {
-    if (event["event"] == "message")
-      NoteOutage(workspace::OutageIn(event["text"].get_ref<const std::string&>()));
+    const auto& shown = session_.AddOn().last_shown_error;
+    if (shown && event["event"] == "message") NoteOutage(workspace::OutageOf(shown->Number()));
     transcript_ << formats::OneLine(event) << '\n';
   }
 

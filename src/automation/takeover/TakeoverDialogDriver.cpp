@@ -7,10 +7,13 @@
 #include <utility>
 
 #include "automation/formats/errors.h"
+#include "automation/workspace/fatal_store_error.h"
+#include "contract/modVV.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
 #include "platform/Text.h"
 #include "schema/names.h"
+#include "shell/Module.h"
 #include "ui/Form.h"
 #include "ui/Person.h"
 #include "ui/controls.h"
@@ -128,8 +131,12 @@ void ChooseType(ui::Form& form, ui::Person& person, const std::string& type) {
 
 }  // namespace
 
-void TakeoverClerk::Begin(const TakeoverLine& line) {
+void TakeoverClerk::Begin(const TakeoverLine& line, shell::Module& module) {
   line_ = &line;
+  module_ = &module;
+  module.last_shown_error.reset();
+  failed_ = false;
+  outage_.reset();
   refusal_.clear();
   number_.clear();
   messages_.clear();
@@ -143,6 +150,10 @@ std::string TakeoverClerk::JoinedMessages() const {
 
 ui::Answer TakeoverClerk::ShowMessage(const ui::Message& message) {
   messages_.push_back(formats::SingleLine(message.text));
+  if (const auto& shown = module_->last_shown_error) {
+    failed_ = true;
+    if (!outage_) outage_ = workspace::OutageOf(shown->Number());
+  }
   return ui::DefaultAnswer(message.style);
 }
 
@@ -203,7 +214,8 @@ void TakeoverClerk::ChoosePeriod(ui::Form& form, ui::Person& person) {
   SetCheck(form, person, kColumn, "chkOldContract", true);
   Entry entry(form, kColumn);
   auto& periods = entry.Get<ui::ListBox>("lstInvoices");
-  const std::string pattern = date_pattern_();
+  const std::string pattern = contract::ReadPersistVarSetting(
+      *module_, schema::setting::g_DateFormat, platform::kGermanPattern);
   if (!TellsDaysApart(pattern))
     entry.Refuse(fmt::format("{} \"{}\" zeigt Daten nicht ganz, der Zeitraum ist nicht zu erkennen",
                              schema::setting::g_DateFormat, pattern));

@@ -2,14 +2,18 @@
 // name and through the person's door.
 #pragma once
 
-#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "automation/takeover/takeover_list.h"
+#include "store/errors.h"
 #include "ui/Screen.h"
 
+namespace pactora::shell {
+class Module;
+}  // namespace pactora::shell
 namespace pactora::ui {
 class Form;
 class Person;
@@ -20,17 +24,18 @@ namespace pactora::takeover {
 
 class TakeoverClerk final : public ui::Screen {
  public:
-  // date_pattern gives the pattern in which the dialog lists its periods.
-  explicit TakeoverClerk(std::function<std::string()> date_pattern)
-      : date_pattern_(std::move(date_pattern)) {}
-
-  // From now on dialogs are filled in for this line. It must outlive the call.
-  void Begin(const TakeoverLine& line);
+  // From now on the module's dialogs are filled in for this line. Both must outlive
+  // the call.
+  void Begin(const TakeoverLine& line, shell::Module& module);
   // What stood in the way, naming the column; empty if nothing did.
   const std::string& Refusal() const { return refusal_; }
   // The message boxes that came up, each as one line, and all of them joined.
   const std::vector<std::string>& Messages() const { return messages_; }
   std::string JoinedMessages() const;
+  // Whether one of them showed an error, and the error if it concerns the database as
+  // a whole.
+  bool Failed() const { return failed_; }
+  std::optional<store::StoreError> Outage() const { return outage_; }
   // The number that the dialog showed when it was left.
   const std::string& ContractNumber() const { return number_; }
 
@@ -42,11 +47,13 @@ class TakeoverClerk final : public ui::Screen {
   void FillIn(ui::Form& form, ui::Person& person);
   void ChoosePeriod(ui::Form& form, ui::Person& person);
 
-  std::function<std::string()> date_pattern_;
   const TakeoverLine* line_ = nullptr;
+  shell::Module* module_ = nullptr;
   std::string refusal_;
   std::string number_;
   std::vector<std::string> messages_;
+  bool failed_ = false;
+  std::optional<store::StoreError> outage_;
 };
 
 }  // namespace pactora::takeover

@@ -9,7 +9,6 @@
 #include "automation/formats/errors.h"
 #include "automation/workspace/fatal_store_error.h"
 #include "automation/workspace/row_walk.h"
-#include "contract/modVV.h"
 #include "host/HostDb.h"
 #include "platform/Text.h"
 #include "schema/names.h"
@@ -36,11 +35,7 @@ const schema::Table& Contracts(const schema::Catalog& catalog) {
 }  // namespace
 
 TakeoverRun::TakeoverRun(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock)
-    : clerk_([this] {
-        return contract::ReadPersistVarSetting(session_.AddOn(), schema::setting::g_DateFormat,
-                                               platform::kGermanPattern);
-      }),
-      session_(std::move(store), clerk_, clock) {
+    : session_(std::move(store), clerk_, clock) {
   const schema::Table& contracts = Contracts(session_.Store().Catalog());
   const auto number = contracts.FindField(schema::field::Vertragnummer);
   number_size_ = static_cast<std::size_t>(contracts.fields[number.value()].size);
@@ -220,7 +215,7 @@ ReportLine TakeoverRun::Enter(const TakeoverLine& line) {
 }
 
 void TakeoverRun::EnterContract(const TakeoverLine& line, ReportLine& result) {
-  clerk_.Begin(line);
+  clerk_.Begin(line, session_.AddOn());
   bool saved = false;
   std::int32_t terms = 0;
   bool show_definition = false;
@@ -241,15 +236,8 @@ void TakeoverRun::EnterContract(const TakeoverLine& line, ReportLine& result) {
   }
   // Nothing half made stays behind: the line can be mended and entered again.
   session_.Host().DropUnit();
-  RaiseIfOutOfReach();
-  for (const std::string& message : clerk_.Messages()) {
-    if (message.starts_with("Fehler &H")) result.outcome = TakeoverOutcome::Failed;
-  }
-}
-
-void TakeoverRun::RaiseIfOutOfReach() const {
-  for (const std::string& message : clerk_.Messages())
-    if (const auto outage = workspace::OutageIn(message)) store::Raise(*outage);
+  if (clerk_.Outage()) store::Raise(*clerk_.Outage());
+  if (clerk_.Failed()) result.outcome = TakeoverOutcome::Failed;
 }
 
 std::vector<TakeoverRun::Remembered> TakeoverRun::ReadRemembered() {

@@ -77,8 +77,6 @@ class TakeoverRun {
   // What becomes of a line that is new; a contract that it makes is durable.
   ReportLine Enter(const TakeoverLine& line);
   void EnterContract(const TakeoverLine& line, ReportLine& result);
-  // Raises an error that a message told of if it concerns the whole database.
-  void RaiseIfOutOfReach() const;
 
   // Those of this report; other runs, with other reports, may be under way.
   std::vector<Remembered> ReadRemembered();

@@ -1,7 +1,5 @@
 #include "automation/workspace/fatal_store_error.h"
 
-#include "platform/Text.h"
-
 namespace pactora::workspace {
 namespace {
 
@@ -14,14 +12,6 @@ constexpr store::StoreError kOutages[] = {
 std::optional<store::StoreError> OutageOf(std::int32_t number) {
   for (const store::StoreError error : kOutages)
     if (store::Number(error) == number) return error;
-  return std::nullopt;
-}
-
-std::optional<store::StoreError> OutageIn(std::string_view message) {
-  for (const store::StoreError error : kOutages) {
-    const std::string number = "&H" + platform::HexNumber(store::Number(error));
-    if (message.find(number) != std::string_view::npos) return error;
-  }
   return std::nullopt;
 }
 

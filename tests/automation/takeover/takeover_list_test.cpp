@@ -1,12 +1,19 @@
-// What a takeover list may hold, and how its faults are named.
+// What a takeover list may hold, how its faults are named, and what failures of the
+// store do to its lines.
 #include "automation/takeover/takeover_list.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
+#include "automation/company.h"
 #include "automation/formats/csv.h"
+#include "automation/takeover/takeover_run.h"
+#include "automation/workspace/ForwardingStore.h"
+#include "platform/Clock.h"
 #include "platform/Error.h"
+#include "support/contract_world.h"
 
 namespace pactora::takeover {
 namespace {
@@ -125,6 +132,33 @@ TEST(TakeoverList, ALineWithTooFewOrTooManyValuesIsRefusedAlone) {
   EXPECT_EQ(list.lines[0].refusal, "Spalte Vertragstyp: der Wert fehlt");
   EXPECT_EQ(list.lines[1].refusal, "mehr Werte als Spalten");
   EXPECT_EQ(list.lines[2].refusal, "") << "empty cells at the end say nothing";
+}
+
+struct FailingStore final : workspace::ForwardingStore {
+  explicit FailingStore(store::StoreError error)
+      : ForwardingStore(support::SampleCompany()), error_(error) {}
+  void Insert(store::TableId, store::Record&) override { store::Raise(error_); }
+
+ private:
+  store::StoreError error_;
+};
+
+TEST(TakeoverRun, AnErrorThatTheDialogShowsFailsItsLineOrStopsTheRun) {
+  const TakeoverList list = ReadTakeoverList(
+      "Adresse;Vertragstyp;Vertragsbeginn\n1;Wartung Server;01.01.2024\n"
+      "1;Wartung Server;01.02.2024\n1;Wartung Server;gestern\n",
+      "liste.csv");
+  const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  const auto run = [&](store::StoreError error) {
+    TakeoverReport report;
+    return TakeoverRun(std::make_unique<FailingStore>(error), clock).Run(list, report, "", [] {});
+  };
+  const TakeoverRun::Count count = run(store::StoreError::Failed);
+  EXPECT_EQ(count.failed, 2u);
+  EXPECT_EQ(count.refused, 1u);
+  const auto stopped = support::ErrorOf([&] { run(store::StoreError::Locked); });
+  ASSERT_TRUE(stopped);
+  EXPECT_EQ(stopped->Number(), Number(store::StoreError::Locked));
 }
 
 }  // namespace
