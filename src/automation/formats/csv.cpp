@@ -23,6 +23,7 @@ class Reader {
   void ReadRow() {
     CsvRow row;
     row.line = line_;
+    fault_.clear();
     const std::size_t begin = at_;
     do {
       row.cells.push_back(ReadCell());
@@ -30,6 +31,7 @@ class Reader {
     std::size_t end = at_;
     if (end > begin && text_[end - 1] == '\r') --end;
     row.text = std::string(text_.substr(begin, end - begin));
+    row.fault = fault_;
     if (Take('\n')) ++line_;
     if (!platform::IsValidUtf8(row.text)) {
       Raise(
@@ -41,9 +43,25 @@ class Reader {
 
   std::string ReadCell() {
     if (at_ < text_.size() && text_[at_] == '"') return ReadQuoted();
+    return std::string(platform::Trim(ToSeparator()));
+  }
+
+  std::string_view ToSeparator() {
     const std::size_t begin = at_;
     while (at_ < text_.size() && text_[at_] != separator_ && text_[at_] != '\n') ++at_;
-    return std::string(platform::Trim(text_.substr(begin, at_ - begin)));
+    return text_.substr(begin, at_ - begin);
+  }
+
+  // Between a closing quote and the separator only blanks may stand.
+  void SkipToSeparator() {
+    const std::size_t line_begin = text_.rfind('\n', at_) + 1;  // 0 in the first line
+    const std::string_view rest = ToSeparator();
+    if (platform::Trim(rest).empty() || !fault_.empty()) return;
+    const auto place =
+        static_cast<std::size_t>(rest.data() - text_.data()) + rest.find_first_not_of(" \t");
+    fault_ = fmt::format(
+        "Zeile {}, Spalte {}: hinter dem schließenden Anführungszeichen steht noch Text", line_,
+        platform::Length(text_.substr(line_begin, place - line_begin)) + 1);
   }
 
   std::string ReadQuoted() {
@@ -53,8 +71,7 @@ class Reader {
       if (text_[at_] == '"') {
         ++at_;
         if (at_ >= text_.size() || text_[at_] != '"') {
-          // What stands between the closing quote and the separator means nothing.
-          while (at_ < text_.size() && text_[at_] != separator_ && text_[at_] != '\n') ++at_;
+          SkipToSeparator();
           return cell;
         }
       }
@@ -75,6 +92,7 @@ class Reader {
   const char separator_;
   std::size_t at_ = 0;
   std::size_t line_ = 1;
+  std::string fault_;  // of the row that is read
   std::vector<CsvRow> rows_;
 };
 

@@ -14,12 +14,14 @@ struct CsvRow {
   std::size_t line = 0;  // of the text, where the row begins, from 1
   std::string text;      // as it stands there, without the line break
   std::vector<std::string> cells;
+  std::string fault;  // text behind a closing quote, naming line and column; or empty
 };
 
 // Splits the text into rows; empty lines are left out. A cell in double quotes may
 // hold separators, line breaks and doubled quotes. A byte order mark is passed
-// over. Raises DoorError::BadInput, naming the line, for a quote that is not
-// closed and for text that is not UTF-8.
+// over. Where a row has a fault its cells are not to be trusted. Raises
+// DoorError::BadInput, naming the line, for a quote that is not closed and for text
+// that is not UTF-8.
 std::vector<CsvRow> ReadCsv(std::string_view text, char separator);
 
 // How a text of rows is written.

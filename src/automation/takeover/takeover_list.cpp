@@ -131,6 +131,8 @@ std::string ValuesOf(const std::vector<std::string>& cells, const Columns& colum
 
 Columns ReadHeader(const formats::CsvRow& header, const std::string& file) {
   Columns columns;
+  if (!header.fault.empty())
+    formats::Raise(formats::DoorError::BadInput, fmt::format("{}, {}", file, header.fault));
   const auto refuse = [&](const std::string& why) {
     formats::Raise(formats::DoorError::BadInput,
                    fmt::format("{}, Zeile {}: {}", file, header.line, why));
@@ -160,12 +162,12 @@ TakeoverLine ReadLine(const formats::CsvRow& row, const Columns& columns) {
   line.line = row.line;
   line.text = row.text;
   const std::vector<std::string> cells = Used(row.cells);
-  line.key = line.values = ValuesOf(cells, columns);
-  line.overfull = cells.size() > columns.size();
-  if (line.overfull) {
+  line.refusal = row.fault;
+  if (line.refusal.empty() && cells.size() > columns.size())
     line.refusal = "mehr Werte als Spalten";
-    return line;
-  }
+  line.unclear = !line.refusal.empty();
+  line.key = line.values = row.fault.empty() ? ValuesOf(cells, columns) : row.text;
+  if (line.unclear) return line;
   const auto refuse = [&](const Column& column, const std::string& why) {
     if (line.refusal.empty()) line.refusal = fmt::format("Spalte {}: {}", column.name, why);
   };

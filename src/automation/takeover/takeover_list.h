@@ -14,14 +14,14 @@ namespace pactora::takeover {
 
 // One line of the list. What the user left empty has no value.
 struct TakeoverLine {
-  std::size_t line = 0;   // in the file, from 1
-  std::string values;     // whatever their order in the file, however they are quoted
-  std::string key;        // the caller's own, or the values
-  bool overfull = false;  // more values than columns: which is which nobody can tell
-  std::string text;       // the line as it stands in the file
-  std::string refusal;    // why its values can't be read, naming the column; or empty
-  std::string address;    // Oid or name
-  std::string type;       // Bezeichnung of the contract type
+  std::size_t line = 0;  // in the file, from 1
+  std::string values;    // whatever their order in the file, however they are quoted
+  std::string key;       // the caller's own, or the values
+  bool unclear = false;  // which value is which nobody can tell
+  std::string text;      // the line as it stands in the file
+  std::string refusal;   // why its values can't be read, naming the column; or empty
+  std::string address;   // Oid or name
+  std::string type;      // Bezeichnung of the contract type
   platform::Date begin;
   std::optional<platform::Date> last_invoiced;  // start of the last invoiced period
   std::string number;                           // empty: automatic

@@ -46,7 +46,8 @@ std::vector<std::string> Cells(const ReportLine& line) {
 bool IsWhole(const std::string& line) {
   try {
     const std::vector<formats::CsvRow> rows = formats::ReadCsv(line, formats::kSeparator);
-    return rows.size() == 1 && rows.front().cells.size() == kColumns.size();
+    return rows.size() == 1 && rows.front().fault.empty() &&
+           rows.front().cells.size() == kColumns.size();
   } catch (const platform::Error&) {
     return false;
   }
@@ -118,8 +119,11 @@ void TakeoverReport::Load() {
   const std::size_t last = text.rfind('\n') + 1;  // 0 where there is no break
   lacks_break_ = IsWhole(text.substr(last));
   whole_ = lacks_break_ ? size_ : last;
-  for (const formats::CsvRow& row : formats::ReadCsv(text.substr(0, whole_), formats::kSeparator))
+  for (const formats::CsvRow& row : formats::ReadCsv(text.substr(0, whole_), formats::kSeparator)) {
+    if (!row.fault.empty())
+      formats::Raise(formats::DoorError::BadInput, fmt::format("{}, {}", path_, row.fault));
     LoadLine(row.cells);
+  }
 }
 
 void TakeoverReport::LoadLine(const std::vector<std::string>& cells) {

@@ -80,11 +80,10 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
   Count count;
   std::map<std::string_view, const TakeoverLine*> first_of_key;
   for (const TakeoverLine& line : list.lines) {
-    // Of a line with too many values nobody knows the key; it is refused.
+    // Nobody knows the key of an unclear line; it is refused.
     const ReportLine result =
-        line.overfull
-            ? Enter(line)
-            : Take(line, *first_of_key.try_emplace(line.key, &line).first->second, report);
+        line.unclear ? Enter(line)
+                     : Take(line, *first_of_key.try_emplace(line.key, &line).first->second, report);
     report.Add(result);
     switch (result.outcome) {
       case TakeoverOutcome::Created:

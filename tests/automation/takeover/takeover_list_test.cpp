@@ -112,6 +112,7 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
                 "liste.csv, Zeile 1: unbekannte Spalte \"\"; es gibt Adresse, "},
            Case{header + "\na;\"b",
                 "liste.csv, Zeile 2: das Anführungszeichen ist nicht geschlossen"},
+           Case{"\"Adresse\"n;Vertragstyp;Vertragsbeginn", "liste.csv, Zeile 1, Spalte 10: hinter"},
            Case{header + "\na;\xFF",
                 "liste.csv, Zeile 2: kein UTF-8; speichern Sie die Datei als \"CSV UTF-8\""},
        }) {
@@ -122,6 +123,21 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
       EXPECT_TRUE(error.Description().starts_with(c.fault)) << error.Description();
     }
   }
+}
+
+TEST(TakeoverList, TextBehindAClosingQuoteRefusesItsLineAlone) {
+  const TakeoverList list = ReadTakeoverList(
+      "Adresse;Vertragstyp;Vertragsbeginn;Bearbeitungshinweis\n\"Müller\" GmbH;T;01.01.2024\n"
+      "\"Müller\" \t;T;01.01.2024;\"x\"\r\na;T;01.01.2024;\"ä\nö\";\"ü\"!;\"\"?\n",
+      "liste.csv");
+  ASSERT_EQ(list.lines.size(), 3u);
+  EXPECT_EQ(list.lines[0].refusal,
+            "Zeile 2, Spalte 10: hinter dem schließenden Anführungszeichen steht noch Text");
+  EXPECT_EQ(list.lines[0].text, "\"Müller\" GmbH;T;01.01.2024");
+  EXPECT_NE(list.lines[0].key, list.lines[1].key);
+  EXPECT_EQ(list.lines[1].refusal, "");
+  EXPECT_EQ(list.lines[1].address, "Müller");
+  EXPECT_TRUE(list.lines[2].refusal.starts_with("Zeile 5, Spalte 7: ")) << list.lines[2].refusal;
 }
 
 TEST(TakeoverList, ALineWithTooFewOrTooManyValuesIsRefusedAlone) {
