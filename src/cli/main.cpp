@@ -51,32 +51,60 @@ std::string Joined(const std::vector<std::string>& words) {
   return text;
 }
 
-// The command that was named, as far as it was: "pactora types".
-std::string Named(const CLI::App& app) {
+// The command that was named, as far as it was: that of "pactora types".
+const CLI::App& Chosen(const CLI::App& app) {
   const std::vector<CLI::App*> commands = app.get_subcommands();
-  return app.get_name() + (commands.empty() ? "" : " " + Named(*commands.front()));
+  return commands.empty() ? app : Chosen(*commands.front());
 }
 
-// What is wrong with the command line; the library's own words are English.
-std::string UsageError(const CLI::ParseError& error, const CLI::App& app) {
-  const std::string name = error.get_name();
-  // Some of these errors bear the command's name instead of their own.
-  const bool is_extra = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
-  std::string text = error.what();
-  const std::string extra = Joined(app.remaining(true));
-  const auto says = [&](std::string_view part) { return text.find(part) != std::string::npos; };
-  if (name == "RequiredError" && says("subcommand"))
+std::string FullName(const CLI::App& command) {
+  const std::string name = command.get_name();
+  return command.get_parent() ? FullName(*command.get_parent()) + " " + name : name;
+}
+
+// What is missing from the command; extra are the words that nothing took.
+std::string MissingPart(const CLI::App& command, const std::string& extra) {
+  if (command.get_require_subcommand_min() > command.get_subcommands().size())
     return extra.empty() ? "ein Befehl fehlt" : "unbekannter Befehl: " + extra;
-  if (name == "RequiredError")
-    return fmt::format("ein Argument fehlt: {}", text.substr(0, text.find(' ')));
-  if (is_extra) return "unbekanntes Argument: " + extra;
-  if (name == "ArgumentMismatch") {
-    const std::string option = text.substr(0, text.find_first_of(": "));
-    if (says("At Most")) return fmt::format("mehrmals angegeben: {}", option);
-    if (says("flag override")) return fmt::format("--{} hat keinen Wert", option);
-    return fmt::format("ein Wert fehlt: {}", option);
+  for (const CLI::Option* option : command.get_options())
+    if (option->get_required() && option->count() == 0)
+      return fmt::format("ein Argument fehlt: {}", option->get_name());
+  return "ein Argument fehlt";
+}
+
+// Which option came too often, has a value that it does not take, or lacks the one
+// that it takes: then it is the last word.
+std::string MismatchedPart(const CLI::App& command, const std::vector<std::string>& words) {
+  for (const CLI::Option* option : command.get_options()) {
+    const auto most = static_cast<std::size_t>(std::max(option->get_items_expected_max(), 1));
+    const bool refuses = option->get_multi_option_policy() == CLI::MultiOptionPolicy::Throw;
+    if (refuses && option->count() > most)
+      return fmt::format("mehrmals angegeben: {}", option->get_name());
   }
-  return text;
+  for (const std::string& word : words) {
+    const std::string name = word.substr(0, word.find('='));
+    const CLI::Option* option = command.get_option_no_throw(name);
+    if (option && name != word && option->get_items_expected_max() == 0)
+      return fmt::format("{} hat keinen Wert", name);
+  }
+  return fmt::format("ein Wert fehlt: {}", words.back().substr(0, words.back().find('=')));
+}
+
+// What is wrong with the command line. The library's own words are English; its
+// errors are told apart by their codes, since some bear the command's name.
+std::string UsageError(const CLI::ParseError& error, const CLI::App& app,
+                       const std::vector<std::string>& words) {
+  const std::string extra = Joined(app.remaining(true));
+  switch (static_cast<CLI::ExitCodes>(error.get_exit_code())) {
+    case CLI::ExitCodes::RequiredError:
+      return MissingPart(Chosen(app), extra);
+    case CLI::ExitCodes::ExtrasError:
+      return "unbekanntes Argument: " + extra;
+    case CLI::ExitCodes::ArgumentMismatch:
+      return MismatchedPart(Chosen(app), words);
+    default:
+      return error.what();  // German: one of the checks of our own options
+  }
 }
 
 // The status, unless what was printed did not arrive.
@@ -115,7 +143,9 @@ int Main(int argc, char** argv) {
     app.exit(success);  // --help, --version
     return static_cast<int>(WithOutputWritten(Status::Done));
   } catch (const CLI::ParseError& error) {
-    Complain(fmt::format("{} (Hilfe: {} --help)", UsageError(error, app), Named(app)));
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    Complain(
+        fmt::format("{} (Hilfe: {} --help)", UsageError(error, app, words), FullName(Chosen(app))));
     return static_cast<int>(Status::BadInput);
   }
 
