@@ -12,9 +12,7 @@ CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& 
 }
 
 void AddDatabase(CLI::App& command, std::string& name) {
-  command
-      .add_option("DB", name, "Die Datenbank: eine Datei, :memory: oder eine postgresql://-Adresse")
-      ->required();
+  command.add_option("DB", name, "Die Datenbank: eine Datei oder :memory:")->required();
 }
 
 void AddDryRun(CLI::App& command, bool& dry_run, const std::string& more) {

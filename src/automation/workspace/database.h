@@ -1,5 +1,5 @@
-// Databases by the name that the command line gives them: a file, ":memory:", or a
-// "postgresql://" address.
+// Databases by the name that the command line gives them: a file or ":memory:". A
+// "postgresql://" address is no file name: it is refused.
 #pragma once
 
 #include <functional>
