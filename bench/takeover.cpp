@@ -5,9 +5,9 @@
 
 #include "automation/dataset/dataset_import.h"
 #include "automation/dataset/sample/sample.h"
-#include "automation/takeover/takeover_list.h"
-#include "automation/takeover/takeover_report.h"
-#include "automation/takeover/takeover_run.h"
+#include "automation/takeover/list.h"
+#include "automation/takeover/report.h"
+#include "automation/takeover/run.h"
 
 namespace pactora::bench {
 namespace {
@@ -34,8 +34,8 @@ struct TakeoverOffice::Parts {
       : run(Filled(std::move(store)), clock) {}
 
   platform::FixedClock clock{platform::FromCivil(2026, 3, 15)};
-  takeover::TakeoverList list = takeover::ReadTakeoverList(List(), "list");
-  takeover::TakeoverRun run;
+  takeover::List list = takeover::ReadList(List(), "list");
+  takeover::Run run;
 };
 
 TakeoverOffice::TakeoverOffice(std::unique_ptr<store::RecordStore> store)
@@ -44,8 +44,8 @@ TakeoverOffice::TakeoverOffice(std::unique_ptr<store::RecordStore> store)
 TakeoverOffice::~TakeoverOffice() = default;
 
 void TakeoverOffice::TakeOver() {
-  takeover::TakeoverReport report;
-  const auto count = parts_->run.Run(parts_->list, report, "bench", [] {});
+  takeover::Report report;
+  const auto count = parts_->run.CarryOut(parts_->list, report, "bench", [] {});
   parts_->run.Finish(report);
   if (count.created == kLines) return;
   std::cerr << report.Text();

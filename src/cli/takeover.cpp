@@ -5,8 +5,8 @@
 #include <memory>
 #include <optional>
 
-#include "automation/takeover/takeover_job.h"
-#include "automation/takeover/takeover_report.h"
+#include "automation/takeover/job.h"
+#include "automation/takeover/report.h"
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -17,13 +17,13 @@ namespace pactora::cli {
 namespace {
 
 struct TakeoverArguments {
-  takeover::TakeoverOrder order;
+  takeover::Order order;
   std::optional<platform::Date> today;
   bool json = false;
 };
 
 // The report, and what was or would be written.
-void PrintJson(const takeover::TakeoverJob& job, dataset::WrittenRows& written) {
+void PrintJson(const takeover::Job& job, dataset::WrittenRows& written) {
   formats::JsonWriter out(std::cout, formats::JsonWriter::Layout::OneLine);
   out.BeginObject();
   out.Key("lines");
@@ -35,10 +35,10 @@ void PrintJson(const takeover::TakeoverJob& job, dataset::WrittenRows& written) 
 }
 
 Status RunTakeover(const TakeoverArguments& arguments) {
-  takeover::TakeoverJob job(arguments.order);
+  takeover::Job job(arguments.order);
   const auto clock = ClockFor(arguments.today);
   ProgressBar bar(job.Size());
-  takeover::TakeoverRun::Count count;
+  takeover::Run::Count count;
   try {
     const auto after_line = [&] {
       bar.Advance();
@@ -50,7 +50,7 @@ Status RunTakeover(const TakeoverArguments& arguments) {
         bar.Clear();
         PrintJson(job, written);
       };
-    count = job.Run(*clock, after_line, show);
+    count = job.CarryOut(*clock, after_line, show);
   } catch (...) {
     bar.Clear();
     if (job.Lines().empty()) throw;
@@ -80,7 +80,7 @@ void AddTakeover(CLI::App& app, Run& run) {
       "Spalten der Liste: {}.\nDie ersten drei müssen da sein, die Reihenfolge ist beliebig. "
       "Getrennt mit ; oder , und in UTF-8.\nDaten wie 31.12.2024 oder 2024-12-31, Zahlen wie "
       "1234,56, ja oder nein.",
-      takeover::TakeoverColumns()));
+      takeover::ColumnNames()));
   AddDatabase(*command, arguments->order.database);
   command->add_option("LISTE", arguments->order.list, "Die Liste; - ist die Standardeingabe")
       ->required()

@@ -130,7 +130,7 @@ void TakeoverWindow::Start() {
   lines_.Clear();
   shown_ = 0;
   try {
-    takeover::TakeoverJob job(
+    takeover::Job job(
         {database_, FromQt(list_.text()), FromQt(report_.text()), rehearsal_.isChecked()});
     progress_.setMaximum(static_cast<int>(std::max<std::size_t>(1, job.Size())));
     progress_.setValue(0);
@@ -142,7 +142,7 @@ void TakeoverWindow::Start() {
   SetRunning(false);
 }
 
-void TakeoverWindow::Run(takeover::TakeoverJob& job) {
+void TakeoverWindow::Run(takeover::Job& job) {
   outcome_.setText(QStringLiteral("Die Liste wird eingegeben …"));
   QElapsedTimer since;
   since.start();
@@ -155,7 +155,7 @@ void TakeoverWindow::Run(takeover::TakeoverJob& job) {
     if (stop_asked_) formats::RaiseInterrupted();
   };
   try {
-    const auto count = job.Run(clock_, after_line);
+    const auto count = job.CarryOut(clock_, after_line);
     ShowLines(job);
     QString text = ToQt(count.Text());
     if (rehearsal_.isChecked()) text += QStringLiteral(" (%1)").arg(ToQt(workspace::kRehearsed));
@@ -173,12 +173,12 @@ void TakeoverWindow::Run(takeover::TakeoverJob& job) {
   }
 }
 
-void TakeoverWindow::ShowLines(const takeover::TakeoverJob& job) {
+void TakeoverWindow::ShowLines(const takeover::Job& job) {
   std::vector<ListRow> rows;
   for (; shown_ < job.Lines().size(); ++shown_) {
     const takeover::ReportLine& line = job.Lines()[shown_];
-    const bool created = line.outcome == takeover::TakeoverOutcome::Created;
-    const bool bad = !created && line.outcome != takeover::TakeoverOutcome::Skipped;
+    const bool created = line.outcome == takeover::Outcome::Created;
+    const bool bad = !created && line.outcome != takeover::Outcome::Skipped;
     changed_ = changed_ || (created && !rehearsal_.isChecked());
     const auto key = static_cast<std::int64_t>(line.line);
     rows.push_back({key,

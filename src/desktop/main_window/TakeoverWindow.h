@@ -11,7 +11,7 @@
 #include <memory>
 #include <string>
 
-#include "automation/takeover/takeover_job.h"
+#include "automation/takeover/job.h"
 #include "desktop/main_window/ListModel.h"
 #include "desktop/main_window/ListTable.h"
 #include "platform/Clock.h"
@@ -40,8 +40,8 @@ class TakeoverWindow final : public QDialog {
   QWidget* MakeFiles();
   void ChooseList();
   void ChooseReport();
-  void Run(takeover::TakeoverJob& job);
-  void ShowLines(const takeover::TakeoverJob& job);
+  void Run(takeover::Job& job);
+  void ShowLines(const takeover::Job& job);
   void SetRunning(bool running);
 
   std::string database_;

@@ -9,7 +9,7 @@
 #include <QSplitter>
 
 #include "automation/deadlines/deadlines.h"
-#include "automation/takeover/takeover_job.h"
+#include "automation/takeover/job.h"
 #include "desktop/main_window/TakeoverWindow.h"
 
 namespace pactora::desktop {

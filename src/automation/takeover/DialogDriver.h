@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "automation/takeover/takeover_list.h"
+#include "automation/takeover/list.h"
 #include "store/errors.h"
 #include "ui/Screen.h"
 
@@ -22,11 +22,11 @@ struct Outcome;
 
 namespace pactora::takeover {
 
-class TakeoverClerk final : public ui::Screen {
+class DialogDriver final : public ui::Screen {
  public:
   // From now on the module's dialogs are filled in for this line. Both must outlive
   // the call.
-  void Begin(const TakeoverLine& line, shell::Module& module);
+  void Begin(const Line& line, shell::Module& module);
   // What stood in the way, naming the column; empty if nothing did.
   const std::string& Refusal() const { return refusal_; }
   // The message boxes that came up, each as one line, and all of them joined.
@@ -47,7 +47,7 @@ class TakeoverClerk final : public ui::Screen {
   void FillIn(ui::Form& form, ui::Person& person);
   void ChoosePeriod(ui::Form& form, ui::Person& person);
 
-  const TakeoverLine* line_ = nullptr;
+  const Line* line_ = nullptr;
   shell::Module* module_ = nullptr;
   std::string refusal_;
   std::string number_;

@@ -1,4 +1,4 @@
-#include "automation/takeover/takeover_run.h"
+#include "automation/takeover/run.h"
 
 #include <fmt/format.h>
 
@@ -34,15 +34,15 @@ const schema::Table& Contracts(const schema::Catalog& catalog) {
 
 }  // namespace
 
-TakeoverRun::TakeoverRun(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock)
-    : session_(std::move(store), clerk_, clock) {
+Run::Run(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock)
+    : session_(std::move(store), driver_, clock) {
   const schema::Table& contracts = Contracts(session_.Store().Catalog());
   const auto number = contracts.FindField(schema::field::Vertragnummer);
   number_size_ = static_cast<std::size_t>(contracts.fields[number.value()].size);
   ReadAddresses();
 }
 
-void TakeoverRun::ReadAddresses() {
+void Run::ReadAddresses() {
   const store::TableId table = AddressTable(session_.Store());
   const schema::Table& schema = session_.Store().Catalog().tables[table];
   workspace::ForEachRow(session_.Store(), table, [&](const store::Record& row) {
@@ -52,7 +52,7 @@ void TakeoverRun::ReadAddresses() {
   });
 }
 
-TakeoverRun::FoundAddress TakeoverRun::FindAddress(const std::string& name) const {
+Run::FoundAddress Run::FindAddress(const std::string& name) const {
   const auto cannot = [&](const char* why) -> FoundAddress {
     return {std::nullopt, fmt::format("Spalte Adresse: \"{}\" {}", name, why)};
   };
@@ -66,9 +66,8 @@ TakeoverRun::FoundAddress TakeoverRun::FindAddress(const std::string& name) cons
   return {named->second.front(), {}};
 }
 
-TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& report,
-                                    const std::string& report_name,
-                                    const std::function<void()>& after_line) {
+Run::Count Run::CarryOut(const List& list, Report& report, const std::string& report_name,
+                         const std::function<void()>& after_line) {
   report_name_ = report_name;
   ReadContracts(report);
   const std::vector<Remembered> mine = ReadRemembered();
@@ -78,24 +77,24 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
     if (report.CreatedFor(contract.key) == nullptr)
       report.AddEarlier(contract.key, contract.number);
   Count count;
-  std::map<std::string_view, const TakeoverLine*> first_of_key;
-  for (const TakeoverLine& line : list.lines) {
+  std::map<std::string_view, const Line*> first_of_key;
+  for (const Line& line : list.lines) {
     // Nobody knows the key of an unclear line; it is refused.
     const ReportLine result =
         line.unclear ? Enter(line)
                      : Take(line, *first_of_key.try_emplace(line.key, &line).first->second, report);
     report.Add(result);
     switch (result.outcome) {
-      case TakeoverOutcome::Created:
+      case Outcome::Created:
         ++count.created;
         break;
-      case TakeoverOutcome::Skipped:
+      case Outcome::Skipped:
         ++count.skipped;
         break;
-      case TakeoverOutcome::Refused:
+      case Outcome::Refused:
         ++count.refused;
         break;
-      case TakeoverOutcome::Failed:
+      case Outcome::Failed:
         ++count.failed;
         break;
     }
@@ -104,22 +103,21 @@ TakeoverRun::Count TakeoverRun::Run(const TakeoverList& list, TakeoverReport& re
   return count;
 }
 
-ReportLine TakeoverRun::Take(const TakeoverLine& line, const TakeoverLine& first,
-                             TakeoverReport& report) {
+ReportLine Run::Take(const Line& line, const Line& first, Report& report) {
   if (first.values != line.values)
     return {line.line,
             line.key,
-            TakeoverOutcome::Refused,
+            Outcome::Refused,
             {},
             fmt::format("der Schlüssel steht schon in Zeile {}", first.line)};
   if (const std::string* number = report.CreatedFor(line.key)) {
     ReportLine result = AgainOrAnother(line, report, *number);
-    if (&first != &line && result.outcome == TakeoverOutcome::Skipped)
+    if (&first != &line && result.outcome == Outcome::Skipped)
       result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
     return result;
   }
   if (const Remembered* contract = Recovered(line.key))
-    return {line.line, line.key, TakeoverOutcome::Created, contract->number, {}};
+    return {line.line, line.key, Outcome::Created, contract->number, {}};
   if (recent_.size() >= kMostRemembered) {
     report.Sync();
     recent_.clear();
@@ -127,13 +125,13 @@ ReportLine TakeoverRun::Take(const TakeoverLine& line, const TakeoverLine& first
   return Enter(line);
 }
 
-std::string TakeoverRun::Count::Text() const {
+std::string Run::Count::Text() const {
   const std::string failures = failed == 0 ? std::string() : fmt::format("{} Fehler, ", failed);
   return fmt::format("{} angelegt, {} abgelehnt, {}{} übersprungen", created, refused, failures,
                      skipped);
 }
 
-void TakeoverRun::Finish(TakeoverReport& report) {
+void Run::Finish(Report& report) {
   report.Finish();
   recent_.clear();
   kept_.clear();
@@ -143,7 +141,7 @@ void TakeoverRun::Finish(TakeoverReport& report) {
   session_.Host().EndUnit();
 }
 
-void TakeoverRun::ReadContracts(const TakeoverReport& report) {
+void Run::ReadContracts(const Report& report) {
   store::RecordStore& store = session_.Store();
   const schema::Table& schema = Contracts(store.Catalog());
   workspace::ForEachRow(
@@ -162,15 +160,15 @@ void TakeoverRun::ReadContracts(const TakeoverReport& report) {
                        "gibt es in dieser");
 }
 
-const TakeoverRun::Remembered* TakeoverRun::Recovered(const std::string& key) const {
+const Run::Remembered* Run::Recovered(const std::string& key) const {
   const auto found = std::find_if(kept_.begin(), kept_.end(),
                                   [&](const Remembered& contract) { return contract.key == key; });
   return found == kept_.end() ? nullptr : &*found;
 }
 
-ReportLine TakeoverRun::AgainOrAnother(const TakeoverLine& line, const TakeoverReport& report,
-                                       const std::string& number) const {
-  ReportLine result{line.line, line.key, TakeoverOutcome::Skipped, number, {}};
+ReportLine Run::AgainOrAnother(const Line& line, const Report& report,
+                               const std::string& number) const {
+  ReportLine result{line.line, line.key, Outcome::Skipped, number, {}};
   const auto [first, end] = contracts_.equal_range(number);
   if (first == end) result.message = "den Vertrag gibt es nicht mehr";
   if (!report.WasDoubled(line.key)) return result;
@@ -182,14 +180,14 @@ ReportLine TakeoverRun::AgainOrAnother(const TakeoverLine& line, const TakeoverR
            contract.begin == line.begin;
   });
   if (is_the_one) return result;
-  result.outcome = TakeoverOutcome::Refused;
+  result.outcome = Outcome::Refused;
   result.number.clear();
   result.message = fmt::format("der Schlüssel gehört schon zu Vertrag {}", number);
   return result;
 }
 
-ReportLine TakeoverRun::Enter(const TakeoverLine& line) {
-  ReportLine result{line.line, line.key, TakeoverOutcome::Refused, {}, line.refusal};
+ReportLine Run::Enter(const Line& line) {
+  ReportLine result{line.line, line.key, Outcome::Refused, {}, line.refusal};
   if (!line.refusal.empty()) return result;
   const FoundAddress address = FindAddress(line.address);
   if (!address.oid) {
@@ -206,26 +204,26 @@ ReportLine TakeoverRun::Enter(const TakeoverLine& line) {
   } catch (const platform::Error& error) {
     session_.Host().DropUnit();
     if (workspace::OutageOf(error.Number())) throw;
-    result.outcome = TakeoverOutcome::Failed;
+    result.outcome = Outcome::Failed;
     result.message =
         fmt::format("Fehler &H{}: {}", platform::HexNumber(error.Number()), error.Description());
   }
   return result;
 }
 
-void TakeoverRun::EnterContract(const TakeoverLine& line, ReportLine& result) {
-  clerk_.Begin(line, session_.AddOn());
+void Run::EnterContract(const Line& line, ReportLine& result) {
+  driver_.Begin(line, session_.AddOn());
   bool saved = false;
   std::int32_t terms = 0;
   bool show_definition = false;
   session_.Entry().NewContract(session_.App(), saved, terms, show_definition);
-  result.message = clerk_.Refusal().empty() ? clerk_.JoinedMessages() : clerk_.Refusal();
+  result.message = driver_.Refusal().empty() ? driver_.JoinedMessages() : driver_.Refusal();
   if (saved) {
-    recent_.push_back({line.key, clerk_.ContractNumber()});
+    recent_.push_back({line.key, driver_.ContractNumber()});
     WriteRemembered();
     session_.Host().EndUnit();
-    result.outcome = TakeoverOutcome::Created;
-    result.number = clerk_.ContractNumber();
+    result.outcome = Outcome::Created;
+    result.number = driver_.ContractNumber();
     if (contracts_.contains(result.number)) {
       result.message += result.message.empty() ? "" : " | ";
       result.message += "die Vertragsnummer hat schon ein anderer Vertrag";
@@ -235,11 +233,11 @@ void TakeoverRun::EnterContract(const TakeoverLine& line, ReportLine& result) {
   }
   // Nothing half made stays behind: the line can be mended and entered again.
   session_.Host().DropUnit();
-  if (clerk_.Outage()) store::Raise(*clerk_.Outage());
-  if (clerk_.Failed()) result.outcome = TakeoverOutcome::Failed;
+  if (driver_.Outage()) store::Raise(*driver_.Outage());
+  if (driver_.Failed()) result.outcome = Outcome::Failed;
 }
 
-std::vector<TakeoverRun::Remembered> TakeoverRun::ReadRemembered() {
+std::vector<Run::Remembered> Run::ReadRemembered() {
   host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
   std::string text;
   if (settings.Exists(kRememberedSetting))
@@ -257,7 +255,7 @@ std::vector<TakeoverRun::Remembered> TakeoverRun::ReadRemembered() {
   return mine;
 }
 
-void TakeoverRun::WriteRemembered() {
+void Run::WriteRemembered() {
   host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
   const bool exists = settings.Exists(kRememberedSetting);
   // Somebody else has written since.

@@ -11,7 +11,7 @@
 #include "automation/company.h"
 #include "automation/dataset/dataset_files.h"
 #include "automation/formats/errors.h"
-#include "automation/takeover/takeover_job.h"
+#include "automation/takeover/job.h"
 #include "schema/names.h"
 #include "support/TemporaryFolder.h"
 #include "support/contract_world.h"
@@ -39,7 +39,7 @@ struct TakeoverJobs : testing::Test {
 
   void Run(const std::string& report, const std::function<void()>& after_line) {
     const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
-    TakeoverJob({db, folder.File("liste.csv"), folder.File(report)}).Run(clock, after_line);
+    Job({db, folder.File("liste.csv"), folder.File(report)}).CarryOut(clock, after_line);
   }
   std::int64_t CountContracts() const {
     const auto store = workspace::OpenDatabase(db, workspace::Access::Read);
@@ -89,8 +89,8 @@ TEST_F(TakeoverJobs, AnAddressIsNamedByNameOrOidAndNotGuessed) {
                                           << "Muster;T;01.01.2024\n4;T;01.01.2024\n"
                                           << "9;T;01.01.2024\n";
   const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
-  TakeoverJob job({named, folder.File("liste.csv"), folder.File("a.csv")});
-  job.Run(clock, [] {});
+  Job job({named, folder.File("liste.csv"), folder.File("a.csv")});
+  job.CarryOut(clock, [] {});
   std::vector<std::string> messages;
   for (const ReportLine& line : job.Lines()) messages.push_back(line.message);
   const std::string found = messages[0];
@@ -119,8 +119,8 @@ TEST_F(TakeoverJobs, APeriodIsKnownByItsWholeDate) {
     dataset.replace(dataset.find(usual), usual.size(), c.pattern);
     const std::string name = folder.File(std::to_string(&c - cases) + ".db");
     Import(name, dataset);
-    TakeoverJob job({name, folder.File("liste.csv"), name + ".csv"});
-    EXPECT_EQ(job.Run(clock, [] {}).created, c.created) << c.pattern;
+    Job job({name, folder.File("liste.csv"), name + ".csv"});
+    EXPECT_EQ(job.CarryOut(clock, [] {}).created, c.created) << c.pattern;
   }
 }
 
@@ -131,8 +131,8 @@ TEST_F(TakeoverJobs, ATypeWhoseNameAnotherOneHasIsNotGuessed) {
   const std::string twins = folder.File("zwillinge.db");
   Import(twins, dataset);
   const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
-  TakeoverJob job({twins, folder.File("liste.csv"), folder.File("a.csv")});
-  EXPECT_EQ(job.Run(clock, [] {}).refused, std::size_t{kLines});
+  Job job({twins, folder.File("liste.csv"), folder.File("a.csv")});
+  EXPECT_EQ(job.CarryOut(clock, [] {}).refused, std::size_t{kLines});
   EXPECT_EQ(job.Lines().front().message, "Spalte Vertragstyp: \"Wartung Server\" gibt es mehrmals");
 }
 

@@ -7,14 +7,14 @@
 #include <vector>
 
 #include "automation/dataset/WrittenRows.h"
-#include "automation/takeover/takeover_report.h"
-#include "automation/takeover/takeover_run.h"
+#include "automation/takeover/report.h"
+#include "automation/takeover/run.h"
 #include "automation/workspace/database.h"
 #include "platform/Clock.h"
 
 namespace pactora::takeover {
 
-struct TakeoverOrder {
+struct Order {
   std::string database;
   std::string list;    // file; "-" is standard input
   std::string report;  // file
@@ -31,11 +31,11 @@ std::string RejectedFile(const std::string& report);
 // list they come from.
 std::string UsualReport(const std::string& list);
 
-class TakeoverJob {
+class Job {
  public:
   // Reads the list and the report of an earlier run. Raises DoorError::BadInput for
   // what is no list or no report, and where one file is to be two things.
-  explicit TakeoverJob(TakeoverOrder order);
+  explicit Job(Order order);
 
   std::size_t Size() const { return list_.lines.size(); }
 
@@ -46,8 +46,8 @@ class TakeoverJob {
   // DoorError::BadInput where a file stands in the place of the rejected lines that
   // an earlier run of this report did not write. show gets what was written into the
   // database when the list is done, of a rehearsal too.
-  TakeoverRun::Count Run(const platform::Clock& clock, const std::function<void()>& after_line,
-                         const std::function<void(dataset::WrittenRows&)>& show = {});
+  Run::Count CarryOut(const platform::Clock& clock, const std::function<void()>& after_line,
+                      const std::function<void(dataset::WrittenRows&)>& show = {});
 
   // What a person should know of the files when the run has come to its end: a
   // sentence a line.
@@ -68,9 +68,9 @@ class TakeoverJob {
   OldRejected ReadOldRejected() const;
   void WriteRejected(OldRejected old);
 
-  const TakeoverOrder order_;
-  const TakeoverList list_;
-  TakeoverReport report_;
+  const Order order_;
+  const List list_;
+  Report report_;
   const bool list_is_rejected_;  // the list stands where its rejected lines will
   std::string kept_;             // file of an earlier run's rejected lines, empty for none
 };

@@ -13,7 +13,7 @@
 namespace pactora::takeover {
 
 // One line of the list. What the user left empty has no value.
-struct TakeoverLine {
+struct Line {
   std::size_t line = 0;  // in the file, from 1
   std::string values;    // whatever their order in the file, however they are quoted
   std::string key;       // the caller's own, or the values
@@ -33,21 +33,21 @@ struct TakeoverLine {
   std::string memo;
 };
 
-struct TakeoverList {
+struct List {
   formats::CsvForm form;
   std::string header;  // as it stands in the file
-  std::vector<TakeoverLine> lines;
+  std::vector<Line> lines;
 };
 
 // Reads a list. Faulty values refuse their line; raises DoorError::BadInput for a
 // text that is no such list: no header, a column that is unknown, missing or there
 // twice, more cells than columns. name is that of the file, for messages.
-TakeoverList ReadTakeoverList(std::string_view text, const std::string& name);
+List ReadList(std::string_view text, const std::string& name);
 
 // The names of all columns, in one line; those that must be there first.
-std::string TakeoverColumns();
+std::string ColumnNames();
 
 // A list of some of its lines, written as the list is.
-std::string TextOf(const TakeoverList& list, const std::vector<const TakeoverLine*>& lines);
+std::string TextOf(const List& list, const std::vector<const Line*>& lines);
 
 }  // namespace pactora::takeover

@@ -16,19 +16,19 @@
 #include <unordered_set>
 #include <vector>
 
-#include "automation/takeover/TakeoverDialogDriver.h"
-#include "automation/takeover/takeover_list.h"
-#include "automation/takeover/takeover_report.h"
+#include "automation/takeover/DialogDriver.h"
+#include "automation/takeover/list.h"
+#include "automation/takeover/report.h"
 #include "automation/workspace/Session.h"
 #include "platform/Clock.h"
 #include "store/RecordStore.h"
 
 namespace pactora::takeover {
 
-class TakeoverRun {
+class Run {
  public:
   // The clock must outlive the run.
-  TakeoverRun(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock);
+  Run(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock);
 
   struct Count {
     std::size_t created = 0;
@@ -46,10 +46,10 @@ class TakeoverRun {
   // stop the run there; so do errors that concern the database as a whole. The
   // report then holds what was done so far.
   // Raises DoorError::BadInput for a report that belongs to another database.
-  Count Run(const TakeoverList& list, TakeoverReport& report, const std::string& report_name,
-            const std::function<void()>& after_line);
+  Count CarryOut(const List& list, Report& report, const std::string& report_name,
+                 const std::function<void()>& after_line);
   // Closes the report after the last line; from now on it alone knows the contracts.
-  void Finish(TakeoverReport& report);
+  void Finish(Report& report);
 
  private:
   // What the database remembers: contracts that the report on the disk may lack.
@@ -60,11 +60,11 @@ class TakeoverRun {
 
   void ReadAddresses();
   // The contracts that there are, as far as the report's are to be found among them.
-  void ReadContracts(const TakeoverReport& report);
+  void ReadContracts(const Report& report);
   // What becomes of a line; first is the first one of the list with its key.
-  ReportLine Take(const TakeoverLine& line, const TakeoverLine& first, TakeoverReport& report);
+  ReportLine Take(const Line& line, const Line& first, Report& report);
   // What becomes of a line whose key an earlier run entered.
-  ReportLine AgainOrAnother(const TakeoverLine& line, const TakeoverReport& report,
+  ReportLine AgainOrAnother(const Line& line, const Report& report,
                             const std::string& number) const;
   // The contract that an interrupted run made for the key, or null.
   const Remembered* Recovered(const std::string& key) const;
@@ -75,15 +75,15 @@ class TakeoverRun {
   };
   FoundAddress FindAddress(const std::string& name) const;
   // What becomes of a line that is new; a contract that it makes is durable.
-  ReportLine Enter(const TakeoverLine& line);
-  void EnterContract(const TakeoverLine& line, ReportLine& result);
+  ReportLine Enter(const Line& line);
+  void EnterContract(const Line& line, ReportLine& result);
 
   // Those of this report; other runs, with other reports, may be under way.
   std::vector<Remembered> ReadRemembered();
   // Replaces those of this report.
   void WriteRemembered();
 
-  TakeoverClerk clerk_;
+  DialogDriver driver_;
   workspace::Session session_;
   std::size_t number_size_;  // characters that a contract number may have
   std::string report_name_;

@@ -20,33 +20,33 @@
 
 namespace pactora::takeover {
 
-enum class TakeoverOutcome {
+enum class Outcome {
   Created,  // angelegt
   Refused,  // abgelehnt: the dialog or the list's own rules
   Failed,   // Fehler: of the host or the program
   Skipped,  // übersprungen: created by an earlier run, or the key stood above
 };
 
-std::string_view Text(TakeoverOutcome outcome);
+std::string_view Text(Outcome outcome);
 
 struct ReportLine {
   std::size_t line = 0;  // of the list; 0 for a contract of an earlier list
   std::string key;
-  TakeoverOutcome outcome = TakeoverOutcome::Failed;
+  Outcome outcome = Outcome::Failed;
   std::string number;  // of the contract
   std::string message;
 };
 
-class TakeoverReport {
+class Report {
  public:
   // A report of this run alone, in no file.
-  TakeoverReport() = default;
+  Report() = default;
   // Reads the report of an earlier run, if there is one. Raises DoorError::BadInput
   // for a file that is no such report.
-  explicit TakeoverReport(std::string path);
-  ~TakeoverReport();
-  TakeoverReport(const TakeoverReport&) = delete;
-  TakeoverReport& operator=(const TakeoverReport&) = delete;
+  explicit Report(std::string path);
+  ~Report();
+  Report(const Report&) = delete;
+  Report& operator=(const Report&) = delete;
 
   // From now on the lines go to the file, which is begun where there is none, and no
   // other run gets it. Raises DoorError::NotCarriedOut when it can't be written or

@@ -1,6 +1,6 @@
 // What a takeover list may hold, how its faults are named, and what failures of the
 // store do to its lines.
-#include "automation/takeover/takeover_list.h"
+#include "automation/takeover/list.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 #include "automation/company.h"
 #include "automation/formats/csv.h"
-#include "automation/takeover/takeover_run.h"
+#include "automation/takeover/run.h"
 #include "automation/workspace/ForwardingStore.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
@@ -18,8 +18,8 @@
 namespace pactora::takeover {
 namespace {
 
-TakeoverLine OneLine(const std::string& column, const std::string& cell) {
-  const TakeoverList list = ReadTakeoverList(
+Line OneLine(const std::string& column, const std::string& cell) {
+  const List list = ReadList(
       "Adresse;Vertragstyp;Vertragsbeginn;" + column + "\nA;T;01.02.2024;" + cell, "liste.csv");
   return list.lines.at(0);
 }
@@ -43,7 +43,7 @@ TEST(TakeoverList, NumbersAreTakenInTheGermanFormAloneAndNeverGuessed) {
                         {",5", -1},
                         {"zwölf", -1},
                         {"1 000", -1}}) {
-    const TakeoverLine line = OneLine("Rabatt", c.cell);
+    const Line line = OneLine("Rabatt", c.cell);
     if (c.number >= 0) {
       EXPECT_EQ(line.refusal, "") << c.cell;
       EXPECT_EQ(line.discount.value_or(-1), c.number) << c.cell;
@@ -83,7 +83,7 @@ TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
 }
 
 TEST(TakeoverList, QuotesMarksAndCommasAreUnderstood) {
-  const TakeoverList list = ReadTakeoverList(
+  const List list = ReadList(
       "\xEF\xBB\xBFsep=,\r\nVertragstyp,Adresse,Vertragsbeginn,Bearbeitungshinweis\r\n"
       "\"T, \"\"neu\"\"\",A,2024-01-31,\"zwei\nZeilen\"\r\n\r\n T2 ,B,01.01.2024,\r\n",
       "liste.csv");
@@ -117,7 +117,7 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
                 "liste.csv, Zeile 2: kein UTF-8; speichern Sie die Datei als \"CSV UTF-8\""},
        }) {
     try {
-      ReadTakeoverList(c.text, "liste.csv");
+      ReadList(c.text, "liste.csv");
       ADD_FAILURE() << c.fault;
     } catch (const platform::Error& error) {
       EXPECT_TRUE(error.Description().starts_with(c.fault)) << error.Description();
@@ -126,7 +126,7 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
 }
 
 TEST(TakeoverList, TextBehindAClosingQuoteRefusesItsLineAlone) {
-  const TakeoverList list = ReadTakeoverList(
+  const List list = ReadList(
       "Adresse;Vertragstyp;Vertragsbeginn;Bearbeitungshinweis\n\"Müller\" GmbH;T;01.01.2024\n"
       "\"Müller\" \t;T;01.01.2024;\"x\"\r\na;T;01.01.2024;\"ä\nö\";\"ü\"!;\"\"?\n",
       "liste.csv");
@@ -141,9 +141,9 @@ TEST(TakeoverList, TextBehindAClosingQuoteRefusesItsLineAlone) {
 }
 
 TEST(TakeoverList, ALineWithTooFewOrTooManyValuesIsRefusedAlone) {
-  const TakeoverList list = ReadTakeoverList(
-      "Adresse;Vertragstyp;Vertragsbeginn;;\na\nb;T;01.01.2024;x\nc;T;01.01.2024;;;\n",
-      "liste.csv");
+  const List list =
+      ReadList("Adresse;Vertragstyp;Vertragsbeginn;;\na\nb;T;01.01.2024;x\nc;T;01.01.2024;;;\n",
+               "liste.csv");
   ASSERT_EQ(list.lines.size(), 3u);
   EXPECT_EQ(list.lines[0].refusal, "Spalte Vertragstyp: der Wert fehlt");
   EXPECT_EQ(list.lines[1].refusal, "mehr Werte als Spalten");
@@ -160,16 +160,17 @@ struct FailingStore final : workspace::ForwardingStore {
 };
 
 TEST(TakeoverRun, AnErrorThatTheDialogShowsFailsItsLineOrStopsTheRun) {
-  const TakeoverList list = ReadTakeoverList(
+  const List list = ReadList(
       "Adresse;Vertragstyp;Vertragsbeginn\n1;Wartung Server;01.01.2024\n"
       "1;Wartung Server;01.02.2024\n1;Wartung Server;gestern\n",
       "liste.csv");
   const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
   const auto run = [&](store::StoreError error) {
-    TakeoverReport report;
-    return TakeoverRun(std::make_unique<FailingStore>(error), clock).Run(list, report, "", [] {});
+    Report report;
+    return takeover::Run(std::make_unique<FailingStore>(error), clock)
+        .CarryOut(list, report, "", [] {});
   };
-  const TakeoverRun::Count count = run(store::StoreError::Failed);
+  const Run::Count count = run(store::StoreError::Failed);
   EXPECT_EQ(count.failed, 2u);
   EXPECT_EQ(count.refused, 1u);
   const auto stopped = support::ErrorOf([&] { run(store::StoreError::Locked); });

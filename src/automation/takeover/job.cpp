@@ -1,4 +1,4 @@
-#include "automation/takeover/takeover_job.h"
+#include "automation/takeover/job.h"
 
 #include <fmt/format.h>
 
@@ -26,17 +26,17 @@ std::string ReadAll(const formats::TextSource& source) {
   return {std::istreambuf_iterator<char>(*in), {}};
 }
 
-TakeoverList ReadList(const std::string& path) {
+List ReadListFile(const std::string& path) {
   const formats::TextSource source = formats::FileSource(path);
-  return ReadTakeoverList(ReadAll(source), source.name);
+  return ReadList(ReadAll(source), source.name);
 }
 
-bool IsRejected(TakeoverOutcome outcome) {
-  return outcome == TakeoverOutcome::Refused || outcome == TakeoverOutcome::Failed;
+bool IsRejected(Outcome outcome) {
+  return outcome == Outcome::Refused || outcome == Outcome::Failed;
 }
 
 // The order, if each of its files is one thing only.
-const TakeoverOrder& Checked(const TakeoverOrder& order) {
+const Order& Checked(const Order& order) {
   if (order.report == formats::kStandardStream)
     formats::Raise(
         formats::DoorError::BadInput,
@@ -61,9 +61,9 @@ std::string UsualReport(const std::string& list) {
   return list + ".bericht.csv";
 }
 
-TakeoverJob::TakeoverJob(TakeoverOrder order)
+Job::Job(Order order)
     : order_(Checked(std::move(order))),
-      list_(ReadList(order_.list)),
+      list_(ReadListFile(order_.list)),
       report_(order_.report),
       list_is_rejected_(order_.list != formats::kStandardStream &&
                         formats::IsSameFile(order_.list, RejectedFile(order_.report))) {
@@ -75,21 +75,20 @@ TakeoverJob::TakeoverJob(TakeoverOrder order)
             ": hierhin kommen die abgelehnten Zeilen; geben Sie der Liste einen anderen Namen");
 }
 
-TakeoverRun::Count TakeoverJob::Run(const platform::Clock& clock,
-                                    const std::function<void()>& after_line,
-                                    const std::function<void(dataset::WrittenRows&)>& show) {
+Run::Count Job::CarryOut(const platform::Clock& clock, const std::function<void()>& after_line,
+                         const std::function<void(dataset::WrittenRows&)>& show) {
   return workspace::Naming(order_.database, [&] {
     auto store =
         workspace::OpenDatabase(order_.database, order_.rehearsal ? workspace::Access::Rehearsal
                                                                   : workspace::Access::Write);
     dataset::WrittenRows* written = nullptr;
     if (show) written = &dataset::WrittenRows::Watch(store);
-    TakeoverRun run(std::move(store), clock);
+    Run run(std::move(store), clock);
     const OldRejected old = ReadOldRejected();
     order_.rehearsal ? report_.RequireWritable() : report_.Open();
     const std::string name =
         std::filesystem::weakly_canonical(std::filesystem::absolute(order_.report)).string();
-    const TakeoverRun::Count count = run.Run(list_, report_, name, after_line);
+    const Run::Count count = run.CarryOut(list_, report_, name, after_line);
     if (!order_.rehearsal) WriteRejected(old);
     run.Finish(report_);
     if (show) show(*written);
@@ -98,16 +97,16 @@ TakeoverRun::Count TakeoverJob::Run(const platform::Clock& clock,
 }
 
 // A file of rejected lines is known by them: the report says that they were.
-TakeoverJob::OldRejected TakeoverJob::ReadOldRejected() const {
+Job::OldRejected Job::ReadOldRejected() const {
   const std::string file = RejectedFile(order_.report);
   OldRejected old = OldRejected::Known;
   std::error_code ignored;
   if (list_is_rejected_ || !std::filesystem::exists(file, ignored)) return old;
   std::unordered_set<std::string_view> of_list;
-  for (const TakeoverLine& line : list_.lines) of_list.insert(line.text);
+  for (const Line& line : list_.lines) of_list.insert(line.text);
   bool is_mine = true;
   try {
-    for (const TakeoverLine& line : ReadList(file).lines) {
+    for (const Line& line : ReadListFile(file).lines) {
       is_mine = is_mine && report_.WasRejected(line.key);
       if (!of_list.contains(line.text)) old = OldRejected::Changed;
     }
@@ -124,7 +123,7 @@ TakeoverJob::OldRejected TakeoverJob::ReadOldRejected() const {
   return old;
 }
 
-void TakeoverJob::WriteRejected(OldRejected old) {
+void Job::WriteRejected(OldRejected old) {
   const std::string file = RejectedFile(order_.report);
   std::error_code failed;
   if (old == OldRejected::Changed) {
@@ -134,9 +133,9 @@ void TakeoverJob::WriteRejected(OldRejected old) {
     std::filesystem::rename(file, kept_, failed);
     if (failed) formats::RaiseUnwritable(kept_);
   }
-  std::unordered_map<std::size_t, const TakeoverLine*> lines;
-  for (const TakeoverLine& line : list_.lines) lines[line.line] = &line;
-  std::vector<const TakeoverLine*> rejected;
+  std::unordered_map<std::size_t, const Line*> lines;
+  for (const Line& line : list_.lines) lines[line.line] = &line;
+  std::vector<const Line*> rejected;
   for (const ReportLine& line : report_.Lines())
     if (IsRejected(line.outcome)) rejected.push_back(lines.at(line.line));
   if (rejected.empty())
@@ -145,7 +144,7 @@ void TakeoverJob::WriteRejected(OldRejected old) {
     formats::ReplaceFile(file, TextOf(list_, rejected));
 }
 
-std::vector<std::string> TakeoverJob::FilesLeft() const {
+std::vector<std::string> Job::FilesLeft() const {
   std::vector<std::string> left;
   const std::string rejected = RejectedFile(order_.report);
   const auto is_rejected = [](const ReportLine& line) { return IsRejected(line.outcome); };

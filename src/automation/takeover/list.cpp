@@ -1,4 +1,4 @@
-#include "automation/takeover/takeover_list.h"
+#include "automation/takeover/list.h"
 
 #include <fmt/format.h>
 
@@ -80,32 +80,28 @@ bool ReadBoolean(std::string_view text) {
 struct Column {
   std::string_view name;
   bool required;
-  void (*read)(TakeoverLine& line, const std::string& cell);
+  void (*read)(Line& line, const std::string& cell);
 };
 
 // Their order is that of a line's values: a new column goes to the end, or the
 // keys of reports from before are other ones.
 constexpr std::array kColumns = {
-    Column{"Adresse", true, [](TakeoverLine& l, const std::string& c) { l.address = c; }},
-    Column{"Vertragstyp", true, [](TakeoverLine& l, const std::string& c) { l.type = c; }},
-    Column{"Vertragsbeginn", true,
-           [](TakeoverLine& l, const std::string& c) { l.begin = ReadDate(c); }},
+    Column{"Adresse", true, [](Line& l, const std::string& c) { l.address = c; }},
+    Column{"Vertragstyp", true, [](Line& l, const std::string& c) { l.type = c; }},
+    Column{"Vertragsbeginn", true, [](Line& l, const std::string& c) { l.begin = ReadDate(c); }},
     Column{"ZuletztFakturiert", false,
-           [](TakeoverLine& l, const std::string& c) { l.last_invoiced = ReadDate(c); }},
-    Column{"Vertragsnummer", false, [](TakeoverLine& l, const std::string& c) { l.number = c; }},
+           [](Line& l, const std::string& c) { l.last_invoiced = ReadDate(c); }},
+    Column{"Vertragsnummer", false, [](Line& l, const std::string& c) { l.number = c; }},
     Column{"GeschlossenAm", false,
-           [](TakeoverLine& l, const std::string& c) { l.closed_on = ReadDate(c); }},
-    Column{"Verantwortlich", false,
-           [](TakeoverLine& l, const std::string& c) { l.responsible = c; }},
-    Column{"Rabatt", false,
-           [](TakeoverLine& l, const std::string& c) { l.discount = ReadNumber(c); }},
-    Column{
-        "RabattNurErsteLaufzeit", false,
-        [](TakeoverLine& l, const std::string& c) { l.discount_first_term_only = ReadBoolean(c); }},
+           [](Line& l, const std::string& c) { l.closed_on = ReadDate(c); }},
+    Column{"Verantwortlich", false, [](Line& l, const std::string& c) { l.responsible = c; }},
+    Column{"Rabatt", false, [](Line& l, const std::string& c) { l.discount = ReadNumber(c); }},
+    Column{"RabattNurErsteLaufzeit", false,
+           [](Line& l, const std::string& c) { l.discount_first_term_only = ReadBoolean(c); }},
     Column{"Fremdfakturierung", false,
-           [](TakeoverLine& l, const std::string& c) { l.no_booking = ReadBoolean(c); }},
-    Column{"Bearbeitungshinweis", false, [](TakeoverLine& l, const std::string& c) { l.memo = c; }},
-    Column{"Schlüssel", false, [](TakeoverLine& l, const std::string& c) { l.key = c; }},
+           [](Line& l, const std::string& c) { l.no_booking = ReadBoolean(c); }},
+    Column{"Bearbeitungshinweis", false, [](Line& l, const std::string& c) { l.memo = c; }},
+    Column{"Schlüssel", false, [](Line& l, const std::string& c) { l.key = c; }},
 };
 
 using Columns = std::vector<const Column*>;
@@ -143,7 +139,7 @@ Columns ReadHeader(const formats::CsvRow& header, const std::string& file) {
       if (column.name == name) known = &column;
     }
     if (known == nullptr)
-      refuse(fmt::format("unbekannte Spalte \"{}\"; es gibt {}", name, TakeoverColumns()));
+      refuse(fmt::format("unbekannte Spalte \"{}\"; es gibt {}", name, ColumnNames()));
     for (const Column* column : columns) {
       if (column == known) refuse(fmt::format("die Spalte \"{}\" steht zweimal da", name));
     }
@@ -157,8 +153,8 @@ Columns ReadHeader(const formats::CsvRow& header, const std::string& file) {
   return columns;
 }
 
-TakeoverLine ReadLine(const formats::CsvRow& row, const Columns& columns) {
-  TakeoverLine line;
+Line ReadLine(const formats::CsvRow& row, const Columns& columns) {
+  Line line;
   line.line = row.line;
   line.text = row.text;
   const std::vector<std::string> cells = Used(row.cells);
@@ -188,8 +184,8 @@ TakeoverLine ReadLine(const formats::CsvRow& row, const Columns& columns) {
 
 }  // namespace
 
-TakeoverList ReadTakeoverList(std::string_view text, const std::string& name) {
-  TakeoverList list;
+List ReadList(std::string_view text, const std::string& name) {
+  List list;
   list.form = formats::FormOf(text);
   std::vector<formats::CsvRow> rows;
   try {
@@ -208,16 +204,16 @@ TakeoverList ReadTakeoverList(std::string_view text, const std::string& name) {
   return list;
 }
 
-std::string TakeoverColumns() {
+std::string ColumnNames() {
   std::string names;
   for (const Column& column : kColumns)
     names += (names.empty() ? "" : ", ") + std::string(column.name);
   return names;
 }
 
-std::string TextOf(const TakeoverList& list, const std::vector<const TakeoverLine*>& lines) {
+std::string TextOf(const List& list, const std::vector<const Line*>& lines) {
   std::string text = list.form.Mark() + list.header + list.form.line_break;
-  for (const TakeoverLine* line : lines) text += line->text + list.form.line_break;
+  for (const Line* line : lines) text += line->text + list.form.line_break;
   return text;
 }
 

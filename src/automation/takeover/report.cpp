@@ -1,4 +1,4 @@
-#include "automation/takeover/takeover_report.h"
+#include "automation/takeover/report.h"
 
 #include <fmt/format.h>
 #include <sys/file.h>
@@ -23,11 +23,11 @@ constexpr std::array<std::string_view, 5> kColumns = {"Zeile", "Schlüssel", "Er
                                                       "Vertragsnummer", "Meldung"};
 constexpr const char* kOfEarlierList = "aus einer früheren Liste";
 
-constexpr std::array<std::pair<TakeoverOutcome, std::string_view>, 4> kTexts = {{
-    {TakeoverOutcome::Created, "angelegt"},
-    {TakeoverOutcome::Refused, "abgelehnt"},
-    {TakeoverOutcome::Failed, "Fehler"},
-    {TakeoverOutcome::Skipped, "übersprungen"},
+constexpr std::array<std::pair<Outcome, std::string_view>, 4> kTexts = {{
+    {Outcome::Created, "angelegt"},
+    {Outcome::Refused, "abgelehnt"},
+    {Outcome::Failed, "Fehler"},
+    {Outcome::Skipped, "übersprungen"},
 }};
 
 const std::string& Header() {
@@ -62,14 +62,14 @@ std::string LineText(const ReportLine& line) {
 
 }  // namespace
 
-std::string_view Text(TakeoverOutcome outcome) {
+std::string_view Text(Outcome outcome) {
   for (const auto& [known, text] : kTexts) {
     if (known == outcome) return text;
   }
   return {};
 }
 
-TakeoverReport::TakeoverReport(std::string path) : path_(std::move(path)) {
+Report::Report(std::string path) : path_(std::move(path)) {
   std::error_code ignored;
   const std::filesystem::file_status status = std::filesystem::status(path_, ignored);
   if (!std::filesystem::exists(status)) return;
@@ -79,7 +79,7 @@ TakeoverReport::TakeoverReport(std::string path) : path_(std::move(path)) {
   Load();
 }
 
-void TakeoverReport::Open() {
+void Report::Open() {
   file_ = std::fopen(path_.c_str(), "ab");
   if (file_ == nullptr) formats::RaiseUnwritable(path_);
   struct stat now {};
@@ -96,18 +96,18 @@ void TakeoverReport::Open() {
   Sync();
 }
 
-void TakeoverReport::RequireWritable() const {
+void Report::RequireWritable() const {
   const std::filesystem::path folder = std::filesystem::absolute(path_).parent_path();
   std::error_code ignored;
   const bool exists = std::filesystem::exists(path_, ignored);
   if (::access(exists ? path_.c_str() : folder.c_str(), W_OK) != 0) formats::RaiseUnwritable(path_);
 }
 
-TakeoverReport::~TakeoverReport() {
+Report::~Report() {
   if (file_ != nullptr) std::fclose(file_);
 }
 
-void TakeoverReport::Load() {
+void Report::Load() {
   const auto in = formats::FileSource(path_).open();
   const std::string text{std::istreambuf_iterator<char>(*in), {}};
   size_ = text.size();
@@ -126,16 +126,16 @@ void TakeoverReport::Load() {
   }
 }
 
-void TakeoverReport::LoadLine(const std::vector<std::string>& cells) {
+void Report::LoadLine(const std::vector<std::string>& cells) {
   if (cells.size() != kColumns.size()) return;
   const std::string& key = cells[1];
   const std::string& number = cells[3];
-  const auto is = [&](TakeoverOutcome outcome) { return cells[2] == takeover::Text(outcome); };
-  if (is(TakeoverOutcome::Refused) || is(TakeoverOutcome::Failed)) {
+  const auto is = [&](Outcome outcome) { return cells[2] == takeover::Text(outcome); };
+  if (is(Outcome::Refused) || is(Outcome::Failed)) {
     rejected_.insert(key);
     if (created_.contains(key)) doubled_.insert(key);
   }
-  const bool is_created = is(TakeoverOutcome::Created) || is(TakeoverOutcome::Skipped);
+  const bool is_created = is(Outcome::Created) || is(Outcome::Skipped);
   if (!is_created || number.empty() || !created_.try_emplace(key, number).second) return;
   // What stands behind the lines of the list is from before it.
   const bool is_earlier = cells[0].empty();
@@ -143,17 +143,17 @@ void TakeoverReport::LoadLine(const std::vector<std::string>& cells) {
   AddEarlier(key, number);
 }
 
-void TakeoverReport::AddEarlier(const std::string& key, const std::string& number) {
-  earlier_.push_back({0, key, TakeoverOutcome::Created, number, kOfEarlierList});
+void Report::AddEarlier(const std::string& key, const std::string& number) {
+  earlier_.push_back({0, key, Outcome::Created, number, kOfEarlierList});
 }
 
-const std::string* TakeoverReport::CreatedFor(const std::string& key) const {
+const std::string* Report::CreatedFor(const std::string& key) const {
   const auto found = created_.find(key);
   return found == created_.end() ? nullptr : &found->second;
 }
 
-void TakeoverReport::Add(const ReportLine& line) {
-  if (line.outcome == TakeoverOutcome::Created) created_.try_emplace(line.key, line.number);
+void Report::Add(const ReportLine& line) {
+  if (line.outcome == Outcome::Created) created_.try_emplace(line.key, line.number);
   lines_.push_back(line);
   if (file_ == nullptr) return;
   const std::string text = LineText(line);
@@ -164,14 +164,14 @@ void TakeoverReport::Add(const ReportLine& line) {
   }
 }
 
-void TakeoverReport::Sync() {
+void Report::Sync() {
   if (file_ == nullptr) return;
   if (std::fflush(file_) != 0 || fsync(fileno(file_)) != 0) {
     formats::RaiseUnwritable(path_);
   }
 }
 
-void TakeoverReport::Finish() {
+void Report::Finish() {
   if (file_ == nullptr) return;
   // Should the machine fail now, the lines are there all the same.
   Sync();
@@ -179,7 +179,7 @@ void TakeoverReport::Finish() {
   formats::ReplaceFile(path_, Text());
 }
 
-std::vector<ReportLine> TakeoverReport::AllLines() const {
+std::vector<ReportLine> Report::AllLines() const {
   std::vector<ReportLine> lines = lines_;
   std::unordered_set<std::string_view> keys;
   for (const ReportLine& line : lines_)
@@ -189,13 +189,13 @@ std::vector<ReportLine> TakeoverReport::AllLines() const {
   return lines;
 }
 
-std::string TakeoverReport::Text() const {
+std::string Report::Text() const {
   std::string text = Header() + "\n";
   for (const ReportLine& line : AllLines()) text += LineText(line);
   return text;
 }
 
-void TakeoverReport::Write(formats::JsonWriter& out) const {
+void Report::Write(formats::JsonWriter& out) const {
   out.BeginArray();
   for (const ReportLine& line : AllLines()) {
     const std::vector<std::string> cells = Cells(line);

@@ -1,4 +1,4 @@
-#include "automation/takeover/TakeoverDialogDriver.h"
+#include "automation/takeover/DialogDriver.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -131,7 +131,7 @@ void ChooseType(ui::Form& form, ui::Person& person, const std::string& type) {
 
 }  // namespace
 
-void TakeoverClerk::Begin(const TakeoverLine& line, shell::Module& module) {
+void DialogDriver::Begin(const Line& line, shell::Module& module) {
   line_ = &line;
   module_ = &module;
   module.last_shown_error.reset();
@@ -142,13 +142,13 @@ void TakeoverClerk::Begin(const TakeoverLine& line, shell::Module& module) {
   messages_.clear();
 }
 
-std::string TakeoverClerk::JoinedMessages() const {
+std::string DialogDriver::JoinedMessages() const {
   std::vector<std::string> different = messages_;
   different.erase(std::unique(different.begin(), different.end()), different.end());
   return fmt::format("{}", fmt::join(different, " | "));
 }
 
-ui::Answer TakeoverClerk::ShowMessage(const ui::Message& message) {
+ui::Answer DialogDriver::ShowMessage(const ui::Message& message) {
   messages_.push_back(formats::SingleLine(message.text));
   if (const auto& shown = module_->last_shown_error) {
     failed_ = true;
@@ -157,7 +157,7 @@ ui::Answer TakeoverClerk::ShowMessage(const ui::Message& message) {
   return ui::DefaultAnswer(message.style);
 }
 
-void TakeoverClerk::ShowModal(ui::Form& form) {
+void DialogDriver::ShowModal(ui::Form& form) {
   try {
     form.BeginModal();
     ui::Person person(form);
@@ -178,8 +178,8 @@ void TakeoverClerk::ShowModal(ui::Form& form) {
 
 // The type first, since choosing one resets what depends on it; the start before
 // the day of signature, which follows it.
-void TakeoverClerk::FillIn(ui::Form& form, ui::Person& person) {
-  const TakeoverLine& line = *line_;
+void DialogDriver::FillIn(ui::Form& form, ui::Person& person) {
+  const Line& line = *line_;
   ChooseType(form, person, line.type);
   PickDate(form, person, "Vertragsbeginn", "DTPVertragBeginn", line.begin);
   PickDate(form, person, "GeschlossenAm", "DTPGeschlossenAm", line.closed_on);
@@ -209,7 +209,7 @@ void TakeoverClerk::FillIn(ui::Form& form, ui::Person& person) {
   entry.Must(person.Click(entry.Get("cmdOK")));
 }
 
-void TakeoverClerk::ChoosePeriod(ui::Form& form, ui::Person& person) {
+void DialogDriver::ChoosePeriod(ui::Form& form, ui::Person& person) {
   constexpr std::string_view kColumn = "ZuletztFakturiert";
   SetCheck(form, person, kColumn, "chkOldContract", true);
   Entry entry(form, kColumn);
