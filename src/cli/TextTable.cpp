@@ -1,7 +1,6 @@
 #include "cli/TextTable.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "automation/dataset/values.h"
 #include "automation/formats/JsonWriter.h"
@@ -48,16 +47,6 @@ void PrintLine(std::ostream& out, const std::vector<std::string>& cells) {
 }
 
 }  // namespace
-
-void TextTable::SortByDate(std::size_t column) {
-  const auto date = [column](const std::vector<host::Value>& row) {
-    const host::Value& cell = row[column];
-    const bool is_date = cell.GetKind() == host::Kind::Date && cell.AsDate() != platform::kNoDate;
-    return is_date ? cell.AsDate().days : std::numeric_limits<double>::infinity();
-  };
-  std::stable_sort(rows_.begin(), rows_.end(),
-                   [&](const auto& one, const auto& other) { return date(one) < date(other); });
-}
 
 void TextTable::PrintText(std::ostream& out) const {
   std::vector<std::size_t> widths;

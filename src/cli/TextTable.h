@@ -21,9 +21,6 @@ class TextTable {
   // Requires: one value for each column.
   void Add(std::vector<host::Value> row) { rows_.push_back(std::move(row)); }
 
-  // Orders the rows by a column of dates; those without one come last.
-  void SortByDate(std::size_t column);
-
   // Numbers stand to the right; dates and amounts are written the German way, no
   // date as nothing.
   void PrintText(std::ostream& out) const;

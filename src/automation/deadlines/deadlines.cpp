@@ -20,13 +20,6 @@ namespace {
 namespace field = schema::field;
 namespace table = schema::table;
 
-std::string AddressName(store::RecordStore& store, store::Oid oid) {
-  const store::TableId addresses = store.Catalog().Table(table::Adressen);
-  store::Record record;
-  if (!store.Read(addresses, oid, record)) return {};
-  return store::RowView(store.Catalog().tables[addresses], record).Text(field::Name);
-}
-
 // Calendars are written again and again; any other file is not replaced.
 void RequireCalendarOrNothing(const std::string& path) {
   std::error_code ignored;
@@ -52,18 +45,17 @@ std::string Text(Deadline::Kind kind) {
   return {};
 }
 
-std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::Record& contract,
-                                  const std::string& address, platform::Date today) {
+std::vector<Deadline> DeadlinesOf(const workspace::RowWalk& contracts, platform::Date today) {
   std::vector<Deadline> deadlines;
-  const store::RowView row(contracts, contract);
+  const store::RowView row = contracts.Row(table::vv_Vertraege);
   const auto add = [&](Deadline::Kind kind, std::optional<platform::Date> date) {
     if (!date || *date < today) return;
     Deadline deadline;
     deadline.kind = kind;
-    deadline.contract = contract.oid;
+    deadline.contract = contracts.Row().oid;
     deadline.date = *date;
     if (kind == Deadline::Kind::Notice) deadline.safe_receipt = contract::AddDays(*date, -1);
-    deadline.address = address;
+    deadline.address = contracts.Row(table::Adressen).Text(field::Name);
     deadline.number = row.Text(field::Vertragnummer);
     deadline.name = row.Text(field::Bezeichnung);
     deadline.side = row.Text(field::Typ);
@@ -76,27 +68,20 @@ std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::R
   return deadlines;
 }
 
-platform::Date LastDayWithin(platform::Date today, std::int32_t weeks) {
-  const std::int64_t room = platform::kLastDay - platform::WholeDay(today);
+bool IsWithin(platform::Date day, platform::Date today, std::int32_t weeks) {
   constexpr std::int64_t kDaysPerWeek = 7;
-  return contract::AddDays(today, static_cast<std::int32_t>(std::min(room, weeks * kDaysPerWeek)));
+  return platform::WholeDay(day) <= platform::WholeDay(today) + weeks * kDaysPerWeek;
 }
 
 std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date today,
                                     std::optional<std::int32_t> weeks) {
-  std::optional<platform::Date> last;
-  if (weeks) last = LastDayWithin(today, *weeks);
-  const store::TableId contracts = store.Catalog().Table(table::vv_Vertraege);
-  const schema::Table& schema = store.Catalog().tables[contracts];
   std::vector<Deadline> deadlines;
-  workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
-    for (Deadline& deadline : DeadlinesOf(schema, record, {}, today)) {
-      if (last && deadline.ActBy() > *last) continue;
-      deadline.address = AddressName(store, record.parent);
-      deadlines.push_back(std::move(deadline));
-    }
-    return true;
-  });
+  workspace::RowWalk walk(store, store.Catalog().FindTable(table::vv_Vertraege).value());
+  while (walk.Next()) {
+    for (Deadline& deadline : DeadlinesOf(walk, today))
+      if (!weeks || IsWithin(deadline.ActBy(), today, *weeks))
+        deadlines.push_back(std::move(deadline));
+  }
   std::sort(deadlines.begin(), deadlines.end(), [](const Deadline& a, const Deadline& b) {
     return std::tie(a.date, a.contract, a.kind) < std::tie(b.date, b.contract, b.kind);
   });

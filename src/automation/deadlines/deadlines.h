@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/workspace/row_walk.h"
 #include "platform/Date.h"
 #include "store/RecordStore.h"
 
@@ -40,12 +41,11 @@ struct Deadline {
 // "Kündigung", "Laufzeitende" or "Ende".
 std::string Text(Deadline::Kind kind);
 
-// Those of one contract from today on; address is the name of its address.
-std::vector<Deadline> DeadlinesOf(const schema::Table& contracts, const store::Record& contract,
-                                  const std::string& address, platform::Date today);
+// Those from today on of the contract that the walk stands at.
+std::vector<Deadline> DeadlinesOf(const workspace::RowWalk& contracts, platform::Date today);
 
-// The last day of so many weeks from today, the calendar's last at most.
-platform::Date LastDayWithin(platform::Date today, std::int32_t weeks);
+// Whether the day comes within so many weeks from today.
+bool IsWithin(platform::Date day, platform::Date today, std::int32_t weeks);
 
 // All from today on, with weeks only those to be acted on within so many weeks
 // from today; by date, then by contract.

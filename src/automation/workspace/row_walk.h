@@ -1,34 +1,44 @@
 // All rows of a table, whatever their parents.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <functional>
-#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "store/RecordStore.h"
+#include "store/RowView.h"
 
 namespace pactora::workspace {
 
-// A walk that stops after each row, for whoever can't stay away until its end.
-// Rows of one parent come in record order. Rows that others insert or delete on the
-// way may be missed; none comes twice.
+// A walk that can be interrupted after each row. Rows of one parent come in record
+// order. Rows that others insert or delete on the way may be missed; none comes twice.
 class RowWalk {
  public:
-  // The store must outlive the walk.
-  RowWalk(store::RecordStore& store, store::TableId table);
+  // The store must outlive the walk. With a row of the root table, the walk takes the
+  // rows below that one (or that one itself); 0 stands for all.
+  RowWalk(store::RecordStore& store, store::TableId table, store::Oid root = 0);
 
-  // Fills record with the next row, or returns false at the end and from then on.
-  bool Next(store::Record& record);
+  // Goes to the next row, or returns false at the end and from then on.
+  bool Next();
+
+  // What was read of the row. Requires: the last Next returned true.
+  const store::Record& Row() const { return levels_.back().row; }
+  // The row itself or one of those above it, by the name of its table. Valid until the
+  // next Next. Requires: as Row; the table is the walk's or one above it.
+  store::RowView Row(std::string_view table) const;
 
  private:
   struct Level {
     store::TableId table = 0;
     store::Oid parent = 0;
-    std::int64_t after = 0;  // record order of the row before
+    store::Record row;  // the one that was read last
   };
 
-  store::RecordStore& store_;
+  bool Read(Level& level);
+
+  store::RecordStore* store_;
+  store::Oid root_;
   std::vector<Level> levels_;  // from the root table down
   std::size_t depth_ = 0;      // the level that is read next
   bool ended_ = false;

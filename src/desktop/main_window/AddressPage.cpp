@@ -127,8 +127,8 @@ void AddressPage::ShowCurrent() {
       addresses_.Table().ShowChoice(address);
     else
       addresses_.Table().ShowChoice(std::nullopt);
-    if (auto cells = AddressCells(desk_, address); !cells.empty())
-      addresses_.Model().Change(address, std::move(cells));
+    if (auto rows = RowsOf(desk_, AddressList(), address); !rows.empty())
+      addresses_.Model().Change(address, std::move(rows[0].cells));
     ShowAddress(address);
     ShowContract(contract);
   });
@@ -136,15 +136,14 @@ void AddressPage::ShowCurrent() {
 }
 
 void AddressPage::ShowAddress(store::Oid address) {
-  const std::vector<host::Value> cells = AddressCells(desk_, address);
-  name_.setText(cells.empty() ? QStringLiteral("Keine Adresse ausgewählt")
-                              : CellText(CellKind::Text, cells[0]));
+  const std::vector<ListRow> rows = RowsOf(desk_, AddressList(), address);
+  name_.setText(rows.empty() ? QStringLiteral("Keine Adresse ausgewählt")
+                             : CellText(CellKind::Text, rows[0].cells[0]));
   showing_ = true;
   contracts_.SetAddress(address);
   showing_ = false;
-  Fill(attributes_, address == 0 ? std::vector<ListRow>() : ReadAttributes(desk_, address));
-  std::vector<ListRow> appointments =
-      address == 0 ? std::vector<ListRow>() : ReadAppointments(desk_, address);
+  Fill(attributes_, RowsOf(desk_, AttributeList(), address));
+  std::vector<ListRow> appointments = RowsOf(desk_, AppointmentList(), address);
   const auto due = std::ranges::count_if(appointments, &ListRow::strong);
   tabs_.setTabText(appointment_tab_, due == 0 ? QStringLiteral("Termine")
                                               : QStringLiteral("Termine (%1 fällig)").arg(due));

@@ -51,7 +51,7 @@ class AddressPage final : public QWidget {
   TimelineView timeline_;
   ListModel fields_{FieldColumns()};
   ListTable field_table_{fields_, QStringLiteral("fields")};
-  ListModel attributes_{AttributeColumns()};
+  ListModel attributes_{AttributeList().columns};
   ListTable attribute_table_{attributes_, QStringLiteral("attributes")};
   ListModel appointments_{AppointmentList().columns};
   ListTable appointment_table_{appointments_, QStringLiteral("address_appointments")};

@@ -8,9 +8,9 @@
 #include <functional>
 #include <vector>
 
+#include "automation/lists/lists.h"
 #include "desktop/main_window/cells.h"
 #include "host/Value.h"
-#include "store/RecordStore.h"
 
 namespace pactora::desktop {
 
@@ -20,12 +20,7 @@ struct ListColumn {
   int width = 10;  // characters, until the user chooses another
 };
 
-struct ListRow {
-  std::int64_t key = 0;  // tells the rows of a list apart
-  store::Oid oid = 0;    // of the row of the database that it stands for
-  std::vector<host::Value> cells;
-  bool strong = false;  // needs attention
-};
+using ListRow = lists::Row;
 
 class ListModel final : public QAbstractTableModel {
  public:

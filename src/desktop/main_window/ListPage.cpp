@@ -6,6 +6,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "desktop/text.h"
+
 namespace pactora::desktop {
 
 ListPage::ListPage(Desk& desk, const ListKind& kind, const QString& name, const QString& search,
@@ -40,7 +42,7 @@ ListPage::ListPage(Desk& desk, const ListKind& kind, const QString& name, const 
   all->addWidget(&count_);
 }
 
-void ListPage::Reload() { feed_.Start(kind_.read(desk_)); }
+void ListPage::Reload() { feed_.Start(ReadList(desk_, kind_)); }
 
 void ListPage::Reveal(std::int64_t key) {
   if (model_.Find(key) < 0) search_.clear();
@@ -61,7 +63,7 @@ void ListPage::ShowCount() {
   const QString all = QLocale().toString(static_cast<qulonglong>(model_.All()));
   const QString shown = QLocale().toString(model_.rowCount());
   const bool whole = static_cast<std::size_t>(model_.rowCount()) == model_.All();
-  QString text = kind_.things + QStringLiteral(": ") +
+  QString text = ToQt(kind_.list.title) + QStringLiteral(": ") +
                  (whole ? all : QStringLiteral("%1 von %2").arg(shown, all));
   if (feed_.Running()) text += QStringLiteral(" … wird gelesen");
   count_.setText(text);

@@ -35,9 +35,9 @@ namespace field = schema::field;
 
 constexpr int kFirstWeeks = 26;
 
-// For a date column: whether it lies so many weeks ahead at most; 0 is any time.
-bool Within(const host::Value& date, platform::Date today, int weeks) {
-  return weeks == 0 || host::ToDate(date) <= deadlines::LastDayWithin(today, weeks);
+// Whether one must act on the row so many weeks ahead at most; 0 is any time.
+bool Within(const ListRow& row, platform::Date today, int weeks) {
+  return weeks == 0 || deadlines::IsWithin(row.act_by, today, weeks);
 }
 
 QSpinBox* WeekBox(const QString& name) {
@@ -200,10 +200,8 @@ void MainWindow::MakeDeadlinePage() {
   QSpinBox* weeks = WeekBox(QStringLiteral("deadlines_weeks"));
   const auto select = [this, weeks] {
     const platform::Date today = desk_.Clock().Today();
-    deadlines_.SetCondition([today, limit = weeks->value()](const ListRow& row) {
-      const host::Value& receipt = row.cells[kDeadlineReceiptColumn];
-      return Within(receipt.IsEmpty() ? row.cells[kDeadlineDateColumn] : receipt, today, limit);
-    });
+    deadlines_.SetCondition(
+        [today, limit = weeks->value()](const ListRow& row) { return Within(row, today, limit); });
   };
   connect(weeks, &QSpinBox::valueChanged, this, select);
   select();
@@ -228,8 +226,7 @@ void MainWindow::MakeAppointmentPage() {
     const platform::Date today = desk_.Clock().Today();
     appointments_.SetCondition(
         [today, limit = weeks->value(), all = done->isChecked()](const ListRow& row) {
-          return (all || !host::ToBoolean(row.cells[kAppointmentDoneColumn])) &&
-                 Within(row.cells[kAppointmentDateColumn], today, limit);
+          return (all || !row.done) && Within(row, today, limit);
         });
   };
   connect(weeks, &QSpinBox::valueChanged, this, select);
@@ -321,12 +318,11 @@ void MainWindow::TickAppointment() {
   const QModelIndex index = appointments_.Table().currentIndex();
   if (!index.isValid()) return;
   const ListRow row = appointments_.Model().Row(index.row());
-  const bool done = host::ToBoolean(row.cells[kAppointmentDoneColumn]);
   desk_.Do([&] {
     desk_.GoTo(table::vv_VertragsAktivitaeten, row.oid);
     const auto live = desk_.Session().Host().Table(table::vv_VertragsAktivitaeten);
     live->BeginEdit();
-    live->Fields().Item(field::Erledigt).SetValue(!done);
+    live->Fields().Item(field::Erledigt).SetValue(!row.done);
     live->Store(host::kFlagsUsual);
   });
   ShowWork();

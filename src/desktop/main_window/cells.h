@@ -4,11 +4,12 @@
 #include <QString>
 #include <Qt>
 
+#include "automation/lists/lists.h"
 #include "host/Value.h"
 
 namespace pactora::desktop {
 
-enum class CellKind { Text, Number, Money, Percent, Date, Mark };
+using lists::CellKind;
 
 // German, empty for a value that was never written. A date is "dd.MM.yyyy"; no date
 // is empty, and the day that stands for "no further invoice" reads "keine".

@@ -1,9 +1,9 @@
-// The lists of the main window: which columns they have and where their rows come
-// from.
+// The lists of the main window: which columns of a list it shows, and how wide.
 #pragma once
 
 #include <vector>
 
+#include "automation/lists/lists.h"
 #include "desktop/main_window/Desk.h"
 #include "desktop/main_window/Feed.h"
 #include "desktop/main_window/ListModel.h"
@@ -11,36 +11,22 @@
 namespace pactora::desktop {
 
 struct ListKind {
-  QString things;  // what its rows are called
+  lists::List list;  // with the columns that are shown
   std::vector<ListColumn> columns;
-  ReadRows (*read)(Desk& desk);
   int sorted_by = 0;  // column
 };
 
-// All addresses with the number of their contracts.
 const ListKind& AddressList();
-// The cells of one address as they are now; empty when it is gone.
-std::vector<host::Value> AddressCells(Desk& desk, store::Oid address);
-
-// All contract types.
 const ListKind& TypeList();
-
-// Last days for notice and ends of the contracts of all addresses from today on. A
-// row stands for the contract.
 const ListKind& DeadlineList();
-inline constexpr int kDeadlineDateColumn = 0;
-inline constexpr int kDeadlineReceiptColumn = 2;
-
-// The appointments of all contracts. A row stands for the appointment; it is strong
-// when it is due and not done.
 const ListKind& AppointmentList();
-inline constexpr int kAppointmentDateColumn = 0;
-inline constexpr int kAppointmentDoneColumn = 5;
+const ListKind& AttributeList();
 
-// The attributes of one address, and the appointments of its contracts.
-const std::vector<ListColumn>& AttributeColumns();
-std::vector<ListRow> ReadAttributes(Desk& desk, store::Oid address);
-std::vector<ListRow> ReadAppointments(Desk& desk, store::Oid address);
+// All rows of the list, bit by bit.
+ReadRows ReadList(Desk& desk, const ListKind& kind);
+// Those that belong to one address, the list of addresses included; none for 0 and for
+// an address that is gone.
+std::vector<ListRow> RowsOf(Desk& desk, const ListKind& kind, store::Oid address);
 
 // The fields of a row that were written, by name.
 const std::vector<ListColumn>& FieldColumns();

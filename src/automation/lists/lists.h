@@ -1,0 +1,69 @@
+// The lists of what a database holds: which columns each has, where their cells come
+// from and what they are called. The command line prints them, the windows show them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "automation/deadlines/deadlines.h"
+#include "automation/workspace/row_walk.h"
+#include "host/Value.h"
+#include "platform/Date.h"
+#include "store/RecordStore.h"
+
+namespace pactora::lists {
+
+enum class CellKind { Text, Number, Money, Percent, Date, Mark };
+
+struct Row {
+  std::int64_t key = 0;            // tells the rows of a list apart
+  store::Oid oid = 0;              // of the row of the database that it stands for
+  std::vector<host::Value> cells;  // one for each column
+  bool strong = false;             // needs attention: it is due and not done
+  bool done = false;
+  platform::Date act_by = platform::kNoDate;  // the last day on which to act
+};
+
+// Where a list has got to.
+struct Place {
+  store::RecordStore& store;
+  const workspace::RowWalk& walk;
+  platform::Date today;
+  deadlines::Deadline deadline;  // in the list of deadlines
+};
+
+struct Column {
+  std::string_view title;
+  std::string_view key;  // its name in JSON and for ListOf
+  CellKind kind;
+  std::function<host::Value(const Place&)> cell;
+  // What people read where the cell is a code; null where they read the cell.
+  host::Value (*words)(const host::Value& code) = nullptr;
+};
+
+struct List {
+  std::string_view title;  // what its rows are called
+  std::string_view table;  // whose rows it shows
+  std::vector<Column> columns;
+  std::string_view sorted_by{};  // the key of a column of dates; empty for record order
+  // Fills in what a row says besides its cells; null for nothing.
+  void (*mark)(const Place& place, Row& row) = nullptr;
+  bool of_deadlines = false;  // shows the deadlines of each row of the table instead
+};
+
+const List& Addresses();
+const List& Types();
+const List& Contracts();
+const List& Appointments();
+// Last days for notice and ends of contracts from today on. A row stands for the contract.
+const List& Deadlines();
+// Of addresses.
+const List& Attributes();
+
+// The list with these columns alone, in this order. Requires: it has them.
+List ListOf(const List& list, const std::vector<std::string_view>& keys);
+
+}  // namespace pactora::lists
