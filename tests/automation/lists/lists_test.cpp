@@ -1,0 +1,91 @@
+// What the lists of both doors show.
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "automation/company.h"
+#include "automation/lists/ListReader.h"
+
+namespace pactora::lists {
+namespace {
+
+using platform::FromCivil;
+using testing::ElementsAre;
+
+std::unique_ptr<store::RecordStore> TwoAddresses() {
+  return support::StoreWith(R"({"tables": {
+    "Adressen": [
+      {"@oid": "1", "Name": "Muster", "vv_Vertraege": [
+        {"@oid": "8", "Vertragnummer": "2", "VertragEnde": "2024-05-01", "Typ": "K",
+         "vv_VertragsAktivitaeten": [{"@oid": "20", "Betreff": "ohne"},
+           {"@oid": "21", "Betreff": "spät", "Datum": "2024-05-01T09:00:00"}]},
+        {"@oid": "7", "Vertragnummer": "1", "Art": 1, "KuendfristDatum": "2024-05-01", "VertragEnde": "2024-06-30"},
+        {"@oid": "9", "Vertragnummer": "3", "VertragEnde": 0},
+        {"@oid": "10", "Vertragnummer": "4", "VertragEnde": "2024-04-30"}]},
+      {"@oid": "2", "Name": "Probe", "vv_Vertraege": [{"@oid": "11", "Vertragnummer": "5",
+         "vv_VertragsAktivitaeten": [
+           {"@oid": "22", "Betreff": "früh", "Datum": "2024-05-01T08:00:00", "Erledigt": true}]}]}],
+    "vv_Vertragsdefinitionen": [{"ID": "A", "Typ": "D", "Zahlungsperiode": 3}]}})");
+}
+
+// A line for each row, its cells as text.
+std::vector<std::string> Lines(const List& list, platform::Date today, Codes codes,
+                               store::Oid address = 0) {
+  const auto store = TwoAddresses();
+  std::vector<std::string> lines;
+  for (const Row& row : ListReader(list, *store, today, codes, address).Rest()) {
+    std::string line = row.strong ? "!" : "";
+    for (const host::Value& cell : row.cells) line += host::ToText(cell) + "|";
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+TEST(Lists, RowsHaveWhatStandsAboveThemAndComeByDate) {
+  const List list = ListOf(Appointments(), {"Betreff", "Datum", "Vertrag", "Adresse"});
+  const platform::Date due = FromCivil(2024, 5, 1);
+  const std::string late = "spät|01.05.2024 09:00:00|2|Muster|";
+  EXPECT_THAT(Lines(list, due, Codes::AsStored),
+              ElementsAre("früh|01.05.2024 08:00:00|5|Probe|", "!" + late, "!ohne||2|Muster|"));
+  EXPECT_THAT(Lines(list, {due.days - 1}, Codes::AsStored, 1),
+              ElementsAre(late, "!ohne||2|Muster|"));
+  EXPECT_THAT(Lines(Addresses(), due, Codes::AsStored, 2), ElementsAre("2|1|Probe|"));
+  EXPECT_THAT(Lines(Addresses(), due, Codes::AsStored, 3), ElementsAre());
+}
+
+TEST(Lists, CodesAreWordsForPeople) {
+  const List list = ListOf(Types(), {"Typ", "Zahlungsperiode"});
+  EXPECT_THAT(Lines(list, {}, Codes::AsStored), ElementsAre("D|3|"));
+  EXPECT_THAT(Lines(list, {}, Codes::InWords), ElementsAre("Forderung|vierteljährlich|"));
+}
+
+TEST(Lists, DeadlinesAreThoseFromTodayOnAndANoticeNamesItsSafeDay) {
+  const List list = ListOf(Deadlines(), {"Frist", "Vertragnummer", "Datum", "Zugang", "Typ"});
+  EXPECT_THAT(Lines(list, FromCivil(2024, 5, 1), Codes::InWords),
+              ElementsAre("Ende|2|01.05.2024||Verbindlichkeit|",
+                          "Kündigung|1|01.05.2024|30.04.2024|Verbindlichkeit|",
+                          "Laufzeitende|1|30.06.2024||Verbindlichkeit|"));
+}
+
+// A notice counts by the day on which it must have arrived; 30.06. is 60 days away.
+TEST(Lists, DeadlinesOfSomeWeeksAreThoseOfTheCalendar) {
+  const auto store = TwoAddresses();
+  const platform::Date today = FromCivil(2024, 5, 1);
+  for (const auto& [day, weeks, count] :
+       {std::tuple(today, 8, 2u), {today, 9, 3u}, {{today.days - 8}, 1, 2u}}) {
+    std::vector<std::string> keys;
+    for (const Row& row : ListReader(Deadlines(), *store, day, Codes::AsStored).Rest())
+      if (deadlines::IsWithin(row.act_by, day, weeks)) keys.push_back(std::to_string(row.oid));
+    std::vector<std::string> expected;
+    for (const auto& deadline : deadlines::ReadDeadlines(*store, day, weeks))
+      expected.push_back(std::to_string(deadline.contract));
+    EXPECT_THAT(keys, testing::UnorderedElementsAreArray(expected));
+    EXPECT_EQ(keys.size(), count) << weeks;
+  }
+}
+
+}  // namespace
+}  // namespace pactora::lists
