@@ -149,6 +149,21 @@ TEST_F(DialogsByEvents, AMessageOverADialogIsAnsweredAndTheWorkGoesOn) {
   Call(&Office::NewType);
 }
 
+TEST_F(DialogsByEvents, TheAccessKeyOfALabelGoesToItsBox) {
+  In("frmNewContract", [](WindowUser& user) {
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&user.Window()));
+    for (const auto& [label, box] : {std::pair{"lblRabatt", "txtRabatt"},
+                                     {"lblVertragBeginn", "DTPVertragBeginn"},
+                                     {"lblVerantwortlich", "cboVerantwortlich"},
+                                     {"lblMemo", "txtMemo"}}) {
+      user.AccessKey(user.Get<QLabel>(label).text());
+      EXPECT_EQ(user.Focus(), box);
+    }
+    user.Key(Qt::Key_Escape);
+  });
+  steps.Run([this] { office.NewContract(); });
+}
+
 TEST_F(DialogsByEvents, ThreeDialogsOnTopOfEachOther) {
   In("frmNewContract", [](auto& user) {
     user.Choose("lvwBezeichnung", "Wartung");
