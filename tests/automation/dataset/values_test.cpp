@@ -1,45 +1,13 @@
-// Numbers, Oids and error numbers as text.
+// Oids and error numbers as text.
 #include "automation/dataset/values.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <cstdlib>
-#include <limits>
-#include <string>
-
-#include "automation/formats/JsonWriter.h"
 #include "automation/formats/errors.h"
 #include "platform/Error.h"
 
 namespace pactora::dataset {
 namespace {
-
-TEST(NumberText, IsTheShortestThatReadsBackWithoutExponentForEverydaySizes) {
-  const std::pair<double, const char*> cases[] = {
-      {0.0, "0"},
-      {-0.0, "-0.0"},
-      {1200.0, "1200"},
-      {0.1, "0.1"},
-      {-12.5, "-12.5"},
-      {100000.0, "100000"},
-      {8.33, "8.33"},
-      {1.0 / 3.0, "0.3333333333333333"},
-      {0.1 + 0.2, "0.30000000000000004"},
-      {1e20, "100000000000000000000"},
-      {1e21, "1e+21"},
-      {1e-7, "0.0000001"},
-      {5e-324, "5e-324"},
-      {std::numeric_limits<double>::max(), "1.7976931348623157e+308"},
-  };
-  for (const auto& [number, text] : cases) {
-    EXPECT_EQ(formats::NumberText(number), text);
-    EXPECT_EQ(std::strtod(text, nullptr), number) << text;
-  }
-  EXPECT_THROW(formats::NumberText(std::nan("")), platform::Error);
-  EXPECT_THROW(formats::NumberText(std::numeric_limits<double>::infinity()), platform::Error);
-}
 
 TEST(Oids, AreCanonicalPositiveNumbers) {
   EXPECT_EQ(store::ParseOid("1"), 1);

@@ -6,35 +6,80 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "automation/company.h"
+#ifdef PACTORA_HAS_CALENDAR
+#include <libical/ical.h>
+#endif
 
 namespace pactora::deadlines {
 namespace {
 
-using testing::HasSubstr;
-using testing::Not;
+using testing::ElementsAre;
 
 std::unique_ptr<store::RecordStore> Contracts() {
   return support::StoreWith(
       R"({"tables": {"Adressen": [{"@oid": "1", "Name": "Muster", "vv_Vertraege": [
-    {"@oid": "7", "Vertragnummer": "1", "Art": 1, "KuendfristDatum": "2024-05-01", "VertragEnde": "2024-06-30"},
+    {"@oid": "7", "Vertragnummer": "1", "Art": 1, "KuendfristDatum": "2024-05-01",
+     "VertragEnde": "2024-06-30", "Bezeichnung": "Größe, Menge; usw."},
     {"@oid": "8", "Vertragnummer": "2", "VertragEnde": "2024-05-01", "Bezeichnung": "x"},
     {"@oid": "9", "Vertragnummer": "3", "VertragEnde": 0},
     {"@oid": "10", "Vertragnummer": "4", "VertragEnde": "2024-04-30"}]}]}})");
 }
 
-TEST(Deadlines, StandInACalendarOnTheSafeDay) {
-  if (!HasCalendars()) GTEST_SKIP() << "built without calendars";
+TEST(Deadlines, AreThoseFromTodayOnByDateAndANoticeNamesItsSafeDay) {
   const auto store = Contracts();
-  const platform::Date today = platform::FromCivil(2024, 5, 1);
-  const std::string text = CalendarText(ReadDeadlines(*store, today, 1), "F", today);
-  EXPECT_THAT(text, HasSubstr("UID:F-7-kuendigung@pactora\r\nDTSTAMP:20240501T000000Z\r\n"
-                              "DTSTART;VALUE=DATE:20240430\r\nDTEND;VALUE=DATE:20240501\r\n"));
-  EXPECT_THAT(text, HasSubstr("UID:F-8-ende@pactora"));
-  EXPECT_THAT(text, Not(HasSubstr("F-7-ende")));
-  EXPECT_THAT(CalendarText({}, "F", today), HasSubstr("BEGIN:VTIMEZONE\r\nTZID:UTC\r\n"));
+  const auto texts = [&](std::optional<std::int32_t> weeks) {
+    std::vector<std::string> lines;
+    for (const Deadline& d : ReadDeadlines(*store, platform::FromCivil(2024, 5, 1), weeks)) {
+      lines.push_back(
+          Text(d.kind) + " " + d.number + " " +
+          platform::FormatDate(d.date, platform::kIsoPattern) + " " +
+          (d.safe_receipt ? platform::FormatDate(*d.safe_receipt, platform::kIsoPattern) : "-"));
+    }
+    return lines;
+  };
+  EXPECT_THAT(texts({}), ElementsAre("Kündigung 1 2024-05-01 2024-04-30", "Ende 2 2024-05-01 -",
+                                     "Laufzeitende 1 2024-06-30 -"));
+  EXPECT_EQ(texts(8).size(), 2u);
+  EXPECT_EQ(texts(9).size(), 3u) << "30.06. is 60 days away";
+  // A notice counts by the day on which it must have arrived.
+  const auto week_before = platform::FromCivil(2024, 4, 23);
+  EXPECT_EQ(ReadDeadlines(*store, week_before, 1).size(), 2u);
+  EXPECT_EQ(ReadDeadlines(*store, platform::Date{platform::kLastDay - 1.0}, kMostWeeks).size(), 0u);
 }
+
+#ifdef PACTORA_HAS_CALENDAR
+TEST(Deadlines, StandInACalendarOnTheSafeDay) {
+  const platform::Date today = platform::FromCivil(2024, 5, 1);
+  const auto events = [&](const std::vector<Deadline>& deadlines) {
+    const std::string text = CalendarText(deadlines, "F", today);
+    icalcomponent* const calendar = icalparser_parse_string(text.c_str());
+    EXPECT_EQ(icalcomponent_isa(calendar), ICAL_VCALENDAR_COMPONENT);
+    EXPECT_EQ(icalcomponent_count_errors(calendar), 0);
+    EXPECT_TRUE(icalrestriction_check(calendar));
+    std::vector<std::string> lines;
+    for (icalcomponent* event = icalcomponent_get_first_component(calendar, ICAL_VEVENT_COMPONENT);
+         event; event = icalcomponent_get_next_component(calendar, ICAL_VEVENT_COMPONENT)) {
+      std::string line = icalcomponent_get_uid(event);
+      for (const icaltimetype& time :
+           {icalcomponent_get_dtstamp(event), icalcomponent_get_dtstart(event),
+            icalcomponent_get_dtend(event)})
+        line += std::string(" ") + icaltime_as_ical_string(time);
+      lines.push_back(line + " " + icalcomponent_get_summary(event));
+    }
+    icalcomponent_free(calendar);
+    return lines;
+  };
+  EXPECT_THAT(events(ReadDeadlines(*Contracts(), today, 1)),
+              ElementsAre("F-7-kuendigung@pactora 20240501T000000Z 20240430 20240501 "
+                          "Kündigung Vertrag 1 muss heute zugehen: Größe, Menge; usw., Muster",
+                          "F-8-ende@pactora 20240501T000000Z 20240501 20240502 "
+                          "Vertrag 2 endet: x, Muster"));
+  EXPECT_THAT(events({}), ElementsAre());
+}
+#endif
 
 }  // namespace
 }  // namespace pactora::deadlines

@@ -1,0 +1,108 @@
+// Numbers, JSON and tables as text, and files in the making.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <sstream>
+#include <string>
+
+#include "automation/formats/JsonWriter.h"
+#include "automation/formats/ScratchFile.h"
+#include "automation/formats/csv.h"
+#include "automation/formats/errors.h"
+#include "automation/formats/json.h"
+#include "platform/Error.h"
+#include "support/TemporaryFolder.h"
+
+namespace pactora::formats {
+namespace {
+
+using testing::HasSubstr;
+
+TEST(NumberText, IsTheShortestThatReadsBackWithoutExponentForEverydaySizes) {
+  const std::pair<double, const char*> cases[] = {
+      {0.0, "0"},
+      {-0.0, "-0.0"},
+      {1200.0, "1200"},
+      {-12.5, "-12.5"},
+      {100000.0, "100000"},
+      {8.33, "8.33"},
+      {1.0 / 3.0, "0.3333333333333333"},
+      {0.1 + 0.2, "0.30000000000000004"},
+      {1e20, "100000000000000000000"},
+      {1e21, "1e+21"},
+      {1e-7, "0.0000001"},
+      {5e-324, "5e-324"},
+      {std::numeric_limits<double>::max(), "1.7976931348623157e+308"},
+  };
+  for (const auto& [number, text] : cases) {
+    EXPECT_EQ(NumberText(number), text);
+    EXPECT_EQ(std::strtod(text, nullptr), number) << text;
+  }
+  EXPECT_THROW(NumberText(std::nan("")), platform::Error);
+  EXPECT_THROW(NumberText(std::numeric_limits<double>::infinity()), platform::Error);
+}
+
+TEST(Json, WhatIsNoneIsRefusedNamingThePlace) {
+  const std::pair<std::string, const char*> cases[] = {
+      {"", "x: Zeile 1, Spalte 1: kein gültiges JSON (der Text endet zu früh)"},
+      {"{\n  \"tables\": x }", "x: Zeile 2, Spalte 13: kein gültiges JSON (bei „\"tables\": x“)"},
+      {"{} {}", "x: Zeile 1, Spalte 4: kein gültiges JSON (bei „{} {“)"},
+      {"{\"\xFC\"", "x: Zeile 1, Spalte 3: kein gültiges JSON (kein UTF-8)"},
+      {"{\"a\": [1e400]}", "x: Stelle 12: die Zahl 1e400 ist zu groß"},
+      {R"({"a": {"b": 1, "c": 1, "b": 2}})", "x: a.b: der Schlüssel steht doppelt da"},
+      {std::string(100000, '['), "zu tief geschachtelt"},
+  };
+  for (const auto& [text, message] : cases) {
+    SCOPED_TRACE(text.substr(0, 40));
+    std::istringstream in(text);
+    try {
+      ParseJson(in, "x");
+      ADD_FAILURE() << "taken";
+    } catch (const platform::Error& error) {
+      EXPECT_EQ(error.Number(), Number(DoorError::BadInput));
+      EXPECT_THAT(error.Description(), HasSubstr(message));
+    }
+  }
+}
+
+TEST(Csv, ALineReadsBackWhateverItsCellsHold) {
+  const std::vector<std::string> cells = {"a;b", "\"", " c", "d", "zwei\nZeilen", ""};
+  EXPECT_EQ(ReadCsv(CsvLine(cells, ';') + "\n", ';').at(0).cells, cells);
+}
+
+TEST(ScratchFile, BecomesItsTargetUnlessSomebodyHasMadeItMeanwhile) {
+  const support::TemporaryFolder folder;
+  const std::string target = folder.File("neu.db");
+  const auto contents = [&] {
+    std::ifstream in(target);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  };
+  const auto become = [&](const char* text) {
+    const ScratchFile scratch(target);
+    std::ofstream(scratch.Path()) << text;
+    scratch.BecomeTarget();
+  };
+  become("eins");
+  EXPECT_THROW(become("zwei"), platform::Error);
+  EXPECT_EQ(contents(), "eins");
+}
+
+TEST(ScratchFile, TakesAwayWhatKilledProgramsLeftHalfMade) {
+  const support::TemporaryFolder folder;
+  const std::string target = folder.File("neu.db");
+  const std::string left = target + ".pactora-neu-2147483646";  // no process has that number
+  const std::string at_work = target + ".pactora-neu-" + std::to_string(::getppid());
+  for (const std::string& file : {left, at_work}) std::ofstream(file) << "halb";
+  const ScratchFile scratch(target);
+  EXPECT_FALSE(std::filesystem::exists(left));
+  EXPECT_TRUE(std::filesystem::exists(at_work));
+}
+
+}  // namespace
+}  // namespace pactora::formats
