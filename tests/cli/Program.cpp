@@ -31,7 +31,7 @@ void Write(const std::string& path, const std::string& text) {
 }
 
 Child::Child(const support::TemporaryFolder& folder, const std::vector<std::string>& arguments,
-             const std::string& input, const std::string& file) {
+             const std::string& input, const std::string& file, const std::string& device) {
   static int children = 0;
   const std::string name = "child-" + std::to_string(++children);
   const std::string in = file.empty() ? folder.File(name + ".in") : file;
@@ -47,7 +47,7 @@ Child::Child(const support::TemporaryFolder& folder, const std::vector<std::stri
   if (pid_ < 0) throw std::runtime_error("fork");
   if (pid_ == 0) {
     Redirect(in, O_RDONLY, STDIN_FILENO);
-    Redirect(out_, O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO);
+    Redirect(device.empty() ? out_ : device, O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO);
     Redirect(error_, O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO);
     ::execv(argv[0], argv.data());
     ::_exit(127);

@@ -19,10 +19,11 @@ struct Ended {
 // A child that runs; waited for at the latest when the object goes.
 class Child {
  public:
-  // Output goes into files of the folder. Reads the input, or the file where one is
-  // named.
+  // Output goes into files of the folder, standard output to the device where one is
+  // named. Reads the input, or the file where one is named.
   Child(const support::TemporaryFolder& folder, const std::vector<std::string>& arguments,
-        const std::string& input = {}, const std::string& file = {});
+        const std::string& input = {}, const std::string& file = {},
+        const std::string& device = {});
   ~Child();
   Child(const Child&) = delete;
   Child& operator=(const Child&) = delete;

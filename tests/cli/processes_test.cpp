@@ -151,16 +151,5 @@ TEST_F(Processes, ThatWaitForALockAreInterrupted) {
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
 }
 
-TEST_F(Processes, TakeAwayWhatAKilledOneLeftHalfMade) {
-  const std::string made = folder.File("neu.db");
-  const std::string left = made + ".pactora-neu-2147483646";  // no process has that number
-  const std::string at_work = made + ".pactora-neu-" + std::to_string(::getpid());
-  Write(left, "halb");
-  Write(at_work, "halb");
-  EXPECT_EQ(Pactora(folder, {"init", made}).status, 0);
-  EXPECT_FALSE(std::filesystem::exists(left));
-  EXPECT_TRUE(std::filesystem::exists(at_work));
-}
-
 }  // namespace
 }  // namespace pactora::cli

@@ -28,28 +28,6 @@ std::unique_ptr<store::RecordStore> Contracts() {
     {"@oid": "10", "Vertragnummer": "4", "VertragEnde": "2024-04-30"}]}]}})");
 }
 
-TEST(Deadlines, AreThoseFromTodayOnByDateAndANoticeNamesItsSafeDay) {
-  const auto store = Contracts();
-  const auto texts = [&](std::optional<std::int32_t> weeks) {
-    std::vector<std::string> lines;
-    for (const Deadline& d : ReadDeadlines(*store, platform::FromCivil(2024, 5, 1), weeks)) {
-      lines.push_back(
-          Text(d.kind) + " " + d.number + " " +
-          platform::FormatDate(d.date, platform::kIsoPattern) + " " +
-          (d.safe_receipt ? platform::FormatDate(*d.safe_receipt, platform::kIsoPattern) : "-"));
-    }
-    return lines;
-  };
-  EXPECT_THAT(texts({}), ElementsAre("Kündigung 1 2024-05-01 2024-04-30", "Ende 2 2024-05-01 -",
-                                     "Laufzeitende 1 2024-06-30 -"));
-  EXPECT_EQ(texts(8).size(), 2u);
-  EXPECT_EQ(texts(9).size(), 3u) << "30.06. is 60 days away";
-  // A notice counts by the day on which it must have arrived.
-  const auto week_before = platform::FromCivil(2024, 4, 23);
-  EXPECT_EQ(ReadDeadlines(*store, week_before, 1).size(), 2u);
-  EXPECT_EQ(ReadDeadlines(*store, platform::Date{platform::kLastDay - 1.0}, kMostWeeks).size(), 0u);
-}
-
 #ifdef PACTORA_HAS_CALENDAR
 TEST(Deadlines, StandInACalendarOnTheSafeDay) {
   const platform::Date today = platform::FromCivil(2024, 5, 1);
