@@ -280,6 +280,7 @@ TEST(ScriptRun, ACommitThatFailsIsAnErrorOfTheCallAndNothingOfItRemains) {
   ASSERT_EQ(ran.events.size(), 7u);
   EXPECT_EQ(ran.events[1], kReturnEvent);
   EXPECT_THAT(ran.events[3], HasSubstr(R"("event":"error","number":"0x80041024")"));
+  EXPECT_EQ(ran.result.outage, store::StoreError::Full);
   EXPECT_EQ(ran.events[5], kReturnEvent);
   const formats::Json contracts = formats::Json::parse(ran.events[6])["tables"]["vv_Vertraege"];
   ASSERT_EQ(contracts.size(), 2u);
