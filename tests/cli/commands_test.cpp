@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/Program.h"
+#include "cli/ProgramTest.h"
 #include "support/company_text.h"
 
 namespace pactora::cli {
@@ -33,38 +33,7 @@ bool IsOneLine(const std::string& text) {
   return std::count(text.begin(), text.end(), '\n') == 1 && text.back() == '\n';
 }
 
-// Each test has a folder with a copy of one database in it.
-class Commands : public testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    company_folder_ = new support::TemporaryFolder;
-    const Ended made = Pactora(*company_folder_, {"import", company_folder_->File("firma.db"), "-"},
-                               support::kCompany);
-    ASSERT_EQ(made.status, 0) << made.error;
-  }
-  static void TearDownTestSuite() { delete company_folder_; }
-
-  void SetUp() override { std::filesystem::copy_file(company_folder_->File("firma.db"), db); }
-
-  Ended Run(const std::vector<std::string>& arguments, const std::string& input = {}) {
-    return Pactora(folder, arguments, input);
-  }
-  std::string File(const std::string& name, const std::string& text) {
-    Write(folder.File(name), text);
-    return folder.File(name);
-  }
-  json List(const std::string& what) {
-    const Ended listed = Run({"list", db, what, "--json"});
-    EXPECT_EQ(listed.status, 0) << listed.error;
-    return json::parse(listed.out);
-  }
-
-  support::TemporaryFolder folder;
-  const std::string db = folder.File("firma.db");
-
- private:
-  static inline support::TemporaryFolder* company_folder_ = nullptr;
-};
+class Commands : public ProgramTest {};
 
 TEST_F(Commands, HelpAndVersionAreThereForEverything) {
   const Ended help = Run({"--help"});

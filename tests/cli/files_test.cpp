@@ -8,29 +8,14 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
-#include <vector>
 
-#include "cli/Program.h"
+#include "cli/ProgramTest.h"
 #include "store/sqlite/Connection.h"
-#include "support/company_text.h"
 
 namespace pactora::cli {
 namespace {
 
-struct Files : testing::Test {
-  Files() { EXPECT_EQ(Run({"import", db, "-"}, support::kCompany).status, 0); }
-
-  Ended Run(const std::vector<std::string>& arguments, const std::string& input = {}) {
-    return Pactora(folder, arguments, input);
-  }
-  std::string File(const std::string& name, const std::string& text) {
-    Write(folder.File(name), text);
-    return folder.File(name);
-  }
-
-  support::TemporaryFolder folder;
-  const std::string db = folder.File("firma.db");
-};
+class Files : public ProgramTest {};
 
 TEST_F(Files, AWrittenFileStaysWhereItWasAndWhoseItWas) {
   const std::string data = Run({"export", db}).out;

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <random>
 #include <set>
@@ -16,9 +15,8 @@
 #include <string>
 #include <thread>
 
-#include "cli/Program.h"
+#include "cli/ProgramTest.h"
 #include "store/sqlite/Connection.h"
-#include "support/company_text.h"
 
 namespace pactora::cli {
 namespace {
@@ -38,24 +36,18 @@ std::string Orders(int count) {
   return orders;
 }
 
-struct Processes : testing::Test {
-  Processes() { EXPECT_EQ(Pactora(folder, {"import", db, "-"}, support::kCompany).status, 0); }
-
+class Processes : public ProgramTest {
+ protected:
   std::set<std::string> Numbers() {
-    const Ended listed = Pactora(folder, {"list", db, "contracts", "--json"});
-    EXPECT_EQ(listed.status, 0) << listed.error;
     std::set<std::string> numbers;
-    for (const json& contract : json::parse(listed.out))
+    for (const json& contract : List("contracts"))
       EXPECT_TRUE(numbers.insert(contract["Vertragnummer"]).second) << contract;
     return numbers;
   }
   void ExpectSound() {
-    const Ended checked = Pactora(folder, {"check", db});
+    const Ended checked = Run({"check", db});
     EXPECT_EQ(checked.status, 0) << checked.out << checked.error;
   }
-
-  support::TemporaryFolder folder;
-  const std::string db = folder.File("firma.db");
 };
 
 TEST_F(Processes, ThatDrawNumbersAtOnceGetEachNumberOnceAndNoneIsRefused) {
@@ -103,7 +95,7 @@ TEST_F(Processes, ThatAreKilledLeaveWholeContractsAndACounterThatIsAhead) {
     EXPECT_THAT(Numbers(), testing::IsSupersetOf(announced)) << "said to be stored, and is not";
   }
   const std::size_t before = Numbers().size();
-  EXPECT_EQ(Pactora(folder, {"new-contract", db, "-"}, Orders(1)).status, 0);
+  EXPECT_EQ(Run({"new-contract", db, "-"}, Orders(1)).status, 0);
   EXPECT_EQ(Numbers().size(), before + 1);
 }
 
