@@ -1,5 +1,6 @@
 // Whole pieces of work done with keyboard and mouse, and once more through ui::Person: both
 // leave the same rows.
+#include <QLabel>
 #include <deque>
 
 #include "desktop/office.h"
@@ -150,7 +151,7 @@ TEST_F(DialogsByEvents, AMessageOverADialogIsAnsweredAndTheWorkGoesOn) {
 }
 
 TEST_F(DialogsByEvents, TheAccessKeyOfALabelGoesToItsBox) {
-  In("frmNewContract", [](WindowUser& user) {
+  InWindow("frmNewContract", [](WindowUser& user) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&user.Window()));
     for (const auto& [label, box] : {std::pair{"lblRabatt", "txtRabatt"},
                                      {"lblVertragBeginn", "DTPVertragBeginn"},
@@ -161,7 +162,7 @@ TEST_F(DialogsByEvents, TheAccessKeyOfALabelGoesToItsBox) {
     }
     user.Key(Qt::Key_Escape);
   });
-  steps.Run([this] { office.NewContract(); });
+  RunSteps(steps, [&] { office.NewContract(); });
 }
 
 TEST_F(DialogsByEvents, ThreeDialogsOnTopOfEachOther) {
