@@ -17,12 +17,12 @@
 #include <ctime>
 #include <functional>
 
-#include "desktop/WindowSteps.h"
 #include "desktop/appearance.h"
 #include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
 #include "desktop/main_window/WindowMemory.h"
 #include "host/HostTable.h"
+#include "pictures/WindowSteps.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
 #include "schema/names.h"

@@ -17,7 +17,7 @@
 #include <string>
 #include <utility>
 
-#include "desktop/WindowSteps.h"
+#include "pictures/WindowSteps.h"
 #include "platform/Date.h"
 
 namespace pactora::desktop {

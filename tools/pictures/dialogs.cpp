@@ -1,4 +1,4 @@
-#include "desktop/pictures/dialogs.h"
+#include "pictures/dialogs.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -7,8 +7,8 @@
 #include <QLineEdit>
 #include <QTreeView>
 
-#include "desktop/WindowSteps.h"
 #include "host/HostTable.h"
+#include "pictures/WindowSteps.h"
 #include "schema/names.h"
 
 namespace pactora::desktop {

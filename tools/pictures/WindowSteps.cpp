@@ -1,4 +1,4 @@
-#include "desktop/WindowSteps.h"
+#include "pictures/WindowSteps.h"
 
 #include <QApplication>
 #include <QDialog>

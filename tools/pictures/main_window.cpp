@@ -1,4 +1,4 @@
-#include "desktop/pictures/main_window.h"
+#include "pictures/main_window.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "desktop/pictures/Pictures.h"
+#include "pictures/Pictures.h"
 
 #include <QApplication>
 #include <QDir>

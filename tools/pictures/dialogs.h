@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/workspace/Session.h"
-#include "desktop/pictures/Pictures.h"
+#include "pictures/Pictures.h"
 
 namespace pactora::desktop {
 

@@ -9,9 +9,9 @@
 
 #include "desktop/appearance.h"
 #include "desktop/main_window/Desk.h"
-#include "desktop/pictures/Pictures.h"
-#include "desktop/pictures/dialogs.h"
-#include "desktop/pictures/main_window.h"
+#include "pictures/Pictures.h"
+#include "pictures/dialogs.h"
+#include "pictures/main_window.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
 

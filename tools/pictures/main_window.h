@@ -4,7 +4,7 @@
 #include <QString>
 
 #include "desktop/main_window/Desk.h"
-#include "desktop/pictures/Pictures.h"
+#include "pictures/Pictures.h"
 
 namespace pactora::desktop {
 
