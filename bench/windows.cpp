@@ -18,8 +18,8 @@
 #include <functional>
 
 #include "desktop/appearance.h"
-#include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
+#include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/WindowMemory.h"
 #include "host/HostTable.h"
 #include "pictures/WindowSteps.h"
@@ -96,9 +96,9 @@ void PrintOpening(const char* what, const std::function<void()>& call, const cha
   Print(what, Opening(call, dialog, outer, button));
 }
 
-void MeasureDialogs(MainWindow& window, Desk& desk) {
-  desk.Session().Host().Table(schema::table::Adressen)->MoveFirst(host::kFlagsUsual);
-  const auto types = desk.Session().Host().Table(schema::table::vv_Vertragsdefinitionen);
+void MeasureDialogs(MainWindow& window, OpenDatabase& opened) {
+  opened.Session().Host().Table(schema::table::Adressen)->MoveFirst(host::kFlagsUsual);
+  const auto types = opened.Session().Host().Table(schema::table::vv_Vertragsdefinitionen);
   Print("walk the contract types once", Measure([&] {
           for (types->MoveFirst(host::kFlagsUsual); !types->Eof();
                types->MoveNext(1, host::kFlagsUsual)) {
@@ -117,11 +117,11 @@ void MeasureWindow(const std::string& database) {
   const platform::SystemClock clock;
   QTemporaryDir folder;
   QSettings settings(folder.filePath(QStringLiteral("windows.ini")), QSettings::IniFormat);
-  Desk desk(database, clock);
+  OpenDatabase opened(database, clock);
   WindowMemory memory(settings, QStringLiteral("bench"));
   std::unique_ptr<MainWindow> window;
   Print("open the window", Measure([&] {
-          window = std::make_unique<MainWindow>(desk, memory);
+          window = std::make_unique<MainWindow>(opened, memory);
           window->show();
           QApplication::processEvents();
         }));
@@ -151,7 +151,7 @@ void MeasureWindow(const std::string& database) {
                       }));
   }
   Print("choose an address, longest", choose);
-  MeasureDialogs(*window, desk);
+  MeasureDialogs(*window, opened);
   auto& pages = *window->findChild<QTabWidget*>(QStringLiteral("pages"));
   for (ListPage* page : {&window->Deadlines(), &window->Appointments()}) {
     pages.setCurrentWidget(page);

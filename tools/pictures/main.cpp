@@ -8,7 +8,7 @@
 #include <QTextStream>
 
 #include "desktop/appearance.h"
-#include "desktop/main_window/Desk.h"
+#include "desktop/main_window/OpenDatabase.h"
 #include "pictures/Pictures.h"
 #include "pictures/dialogs.h"
 #include "pictures/main_window.h"
@@ -33,10 +33,10 @@ QStringList MakePictures(QApplication& application, const QString& database, con
   for (const Look& look : kLooks) {
     UseTheme(look.theme);
     const platform::FixedClock clock(kToday);
-    Desk desk(database.toStdString(), clock);
+    OpenDatabase opened(database.toStdString(), clock);
     Pictures pictures(folder, QString::fromUtf8(look.ending));
-    MakeDialogPictures(desk.Session(), pictures);
-    MakeMainWindowPictures(desk, takeover_list, pictures);
+    MakeDialogPictures(opened.Session(), pictures);
+    MakeMainWindowPictures(opened, takeover_list, pictures);
     problems += pictures.Problems();
   }
   return problems;

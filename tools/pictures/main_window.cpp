@@ -18,33 +18,34 @@ namespace {
 
 namespace table = schema::table;
 
-store::Oid ContractWithMostTerms(Desk& desk) {
+store::Oid ContractWithMostTerms(OpenDatabase& database) {
   store::Oid best = 0;
   std::int64_t most = 0;
-  const store::TableId terms = desk.Table(table::vv_Vertragsstaende);
-  workspace::ForEachRow(desk.Store(), desk.Table(table::vv_Vertraege),
-                        [&](const store::Record& record) {
-                          const std::int64_t count = desk.Store().CountInParent(terms, record.oid);
-                          if (count > most) best = record.oid;
-                          most = std::max(most, count);
-                          return true;
-                        });
+  const store::TableId terms = database.Table(table::vv_Vertragsstaende);
+  workspace::ForEachRow(
+      database.Store(), database.Table(table::vv_Vertraege), [&](const store::Record& record) {
+        const std::int64_t count = database.Store().CountInParent(terms, record.oid);
+        if (count > most) best = record.oid;
+        most = std::max(most, count);
+        return true;
+      });
   return best;
 }
 
 }  // namespace
 
-void MakeMainWindowPictures(Desk& desk, const QString& takeover_list, Pictures& pictures) {
+void MakeMainWindowPictures(OpenDatabase& database, const QString& takeover_list,
+                            Pictures& pictures) {
   const QTemporaryDir folder;
   QSettings settings(folder.filePath(QStringLiteral("windows.ini")), QSettings::IniFormat);
   WindowMemory memory(settings, QStringLiteral("pictures"));
-  desk.GoTo(table::vv_Vertraege, ContractWithMostTerms(desk));
-  MainWindow window(desk, memory);
+  database.GoTo(table::vv_Vertraege, ContractWithMostTerms(database));
+  MainWindow window(database, memory);
   window.resize(1400, 860);
   window.show();
   window.FinishReading();
   QApplication::processEvents();
-  window.Addresses().Addresses().Reveal(desk.Current(table::Adressen));
+  window.Addresses().Addresses().Reveal(database.Current(table::Adressen));
   if (auto* tree = window.findChild<QTreeView*>(QStringLiteral("contracts"))) tree->expandAll();
   pictures.TakeAsItIs(window, "main");
 
@@ -54,7 +55,7 @@ void MakeMainWindowPictures(Desk& desk, const QString& takeover_list, Pictures& 
   window.FinishReading();
   pictures.TakeAsItIs(window, "deadlines");
 
-  TakeoverWindow takeover(desk.Database(), desk.Clock(), &window);
+  TakeoverWindow takeover(database.Name(), database.Clock(), &window);
   takeover.SetList(takeover_list);
   takeover.findChild<QAbstractButton*>(QStringLiteral("takeover_rehearsal"))->setChecked(true);
   takeover.show();

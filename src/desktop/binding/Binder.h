@@ -27,7 +27,7 @@ class PersonDoor {
   virtual bool Act(const ui::Control& control, const Action& action) = 0;
   // Has Binder::Refresh called soon, at the latest when the running action ends.
   virtual void RefreshLater() = 0;
-  // Tells the person why something cannot be taken.
+  // Shows the person why something is refused.
   virtual void Complain(const QString& text) = 0;
 };
 

@@ -35,7 +35,7 @@ class ChoosingView : public View {
   // A person clicked where no row is; the view must show its choice again.
   std::function<void()> Missed;
 
-  // Shows a row as the chosen one, none for -1. Tells nobody.
+  // Shows a row as the chosen one, none for -1. Reports nothing.
   void ShowRow(int row) {
     showing_ = true;
     if (row < 0) {

@@ -26,7 +26,7 @@ platform::Date FromQDate(const QDate& date) {
   return platform::FromCivil(date.year(), date.month(), date.day());
 }
 
-// A line that tells of the keys that turn a date back and forth.
+// A line that reports the keys that turn a date back and forth.
 class DateEdit final : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;

@@ -14,7 +14,7 @@ namespace pactora::desktop {
 namespace {
 
 constexpr int kLines = 6;            // that a list shows at least
-constexpr int kNameCharacters = 36;  // of what tells rows apart, besides the captions
+constexpr int kNameCharacters = 36;  // of what distinguishes rows, besides the captions
 
 int HeightOfLines(const QWidget& widget, int lines) {
   return (widget.fontMetrics().height() + RoomyDelegate::kAir) * lines;

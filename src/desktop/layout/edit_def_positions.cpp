@@ -1,4 +1,4 @@
-#include "desktop/layout/Face.h"
+#include "desktop/layout/DialogLayout.h"
 
 namespace pactora::desktop {
 namespace {
@@ -9,45 +9,45 @@ constexpr int kPricesInColumn = 4;
 
 }  // namespace
 
-QWidget* ArrangeEditDefPositions(const Face& face) {
-  auto* grid = face.Grid(face.Body());
-  grid->setContentsMargins(Face::kMargin, Face::kMargin, Face::kMargin, 0);
+QWidget* ArrangeEditDefPositions(const DialogLayout& dialog) {
+  auto* grid = dialog.Grid(dialog.Body());
+  grid->setContentsMargins(DialogLayout::kMargin, DialogLayout::kMargin, DialogLayout::kMargin, 0);
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
-  grid->setColumnMinimumWidth(2, 6 * Face::kMargin);
+  grid->setColumnMinimumWidth(2, 6 * DialogLayout::kMargin);
   int row = 0;
-  grid->addWidget(&face["lblArtikel"], row, 0);
-  grid->addWidget(&face["txtArtikel"], row++, 1, 1, 3);
-  grid->addWidget(&face["lblEinheit"], row, 0);
-  grid->addWidget(&face["cboEinheit"], row++, 1);
-  grid->addWidget(&face["lblBeschreibung"], row, 0, Qt::AlignTop);
-  grid->addWidget(&face["txtBeschreibung"], row, 1, 1, 3);
+  grid->addWidget(&dialog["lblArtikel"], row, 0);
+  grid->addWidget(&dialog["txtArtikel"], row++, 1, 1, 3);
+  grid->addWidget(&dialog["lblEinheit"], row, 0);
+  grid->addWidget(&dialog["cboEinheit"], row++, 1);
+  grid->addWidget(&dialog["lblBeschreibung"], row, 0, Qt::AlignTop);
+  grid->addWidget(&dialog["txtBeschreibung"], row, 1, 1, 3);
   grid->setRowStretch(row++, 1);
 
-  auto* term = face.Row({"lblDuration", "lblPeriod"});
-  term->insertSpacing(1, 2 * Face::kMargin);
+  auto* term = dialog.Row({"lblDuration", "lblPeriod"});
+  term->insertSpacing(1, 2 * DialogLayout::kMargin);
   term->addStretch();
-  grid->setRowMinimumHeight(row++, Face::kMargin / 2);
+  grid->setRowMinimumHeight(row++, DialogLayout::kMargin / 2);
   grid->addLayout(term, row++, 0, 1, 4);
-  grid->addWidget(&face["lblNettopreis"], row, 0, 1, 2);
-  grid->addWidget(&face["txtNettopreis"], row++, 3);
-  grid->addWidget(&face["Label1"], row++, 0, 1, 4);
+  grid->addWidget(&dialog["lblNettopreis"], row, 0, 1, 2);
+  grid->addWidget(&dialog["txtNettopreis"], row++, 3);
+  grid->addWidget(&dialog["Label1"], row++, 0, 1, 4);
   for (int i = 0; i < 2 * kPricesInColumn; ++i) {
     const std::string price = kPrices[i];
     const int column = i < kPricesInColumn ? 0 : 2;
-    grid->addWidget(&face["lbl" + price], row + i % kPricesInColumn, column);
-    grid->addWidget(&face["txt" + price], row + i % kPricesInColumn, column + 1);
-    face.AlignRight({"txt" + price});
+    grid->addWidget(&dialog["lbl" + price], row + i % kPricesInColumn, column);
+    grid->addWidget(&dialog["txt" + price], row + i % kPricesInColumn, column + 1);
+    dialog.AlignRight({"txt" + price});
   }
   row += kPricesInColumn;
-  grid->setRowMinimumHeight(row++, Face::kMargin / 2);
-  grid->addWidget(&face["lblAnzahl"], row, 0);
-  grid->addWidget(&face["txtAnzahl"], row, 1);
-  grid->addWidget(&face["lvlGesnetto"], row, 2);
-  grid->addWidget(&face["txtGesamt"], row++, 3);
-  grid->addWidget(&face["lblInfoRabatt"], row++, 0, 1, 4);
-  face.AlignRight({"txtNettopreis", "txtAnzahl", "txtGesamt"});
-  return face.Footer({}, {"cmdOk", "cmdCancel"});
+  grid->setRowMinimumHeight(row++, DialogLayout::kMargin / 2);
+  grid->addWidget(&dialog["lblAnzahl"], row, 0);
+  grid->addWidget(&dialog["txtAnzahl"], row, 1);
+  grid->addWidget(&dialog["lvlGesnetto"], row, 2);
+  grid->addWidget(&dialog["txtGesamt"], row++, 3);
+  grid->addWidget(&dialog["lblInfoRabatt"], row++, 0, 1, 4);
+  dialog.AlignRight({"txtNettopreis", "txtAnzahl", "txtGesamt"});
+  return dialog.Footer({}, {"cmdOk", "cmdCancel"});
 }
 
 }  // namespace pactora::desktop

@@ -2,7 +2,7 @@
 
 #include <QStackedWidget>
 
-#include "desktop/layout/Face.h"
+#include "desktop/layout/DialogLayout.h"
 #include "ui/Frame.h"
 
 namespace pactora::desktop {
@@ -10,7 +10,7 @@ namespace {
 
 struct Layout {
   std::string_view form;
-  QWidget* (*arrange)(const Face& face);
+  QWidget* (*arrange)(const DialogLayout& dialog);
 };
 
 constexpr Layout kLayouts[] = {
@@ -20,11 +20,11 @@ constexpr Layout kLayouts[] = {
 };
 
 // Controls one below the other, frames that overlap in one place.
-void ArrangeInOrder(const ui::Container& container, QWidget& owner, const Face& face) {
-  QVBoxLayout* column = face.Column(owner);
+void ArrangeInOrder(const ui::Container& container, QWidget& owner, const DialogLayout& dialog) {
+  QVBoxLayout* column = dialog.Column(owner);
   QHash<const ui::Frame*, QStackedWidget*> stacks;
   for (const ui::Control* control : container.Children()) {
-    QWidget& widget = face[control->Name()];
+    QWidget& widget = dialog[control->Name()];
     const auto* frame = dynamic_cast<const ui::Frame*>(control);
     if (!frame || frame->Overlapping().empty()) {
       column->addWidget(&widget);
@@ -37,19 +37,20 @@ void ArrangeInOrder(const ui::Container& container, QWidget& owner, const Face& 
       stack->addWidget(&widget);
       for (const ui::Frame* other : frame->Overlapping()) stacks[other] = stack;
     }
-    if (frame) ArrangeInOrder(*frame, widget, face);
+    if (frame) ArrangeInOrder(*frame, widget, dialog);
   }
 }
 
 }  // namespace
 
 QWidget* Arrange(const ui::Form& form, QWidget& body, const FindWidget& find) {
-  const Face face(body, find);
+  const DialogLayout dialog(body, find);
   for (const Layout& layout : kLayouts) {
-    if (layout.form == form.ClassName()) return layout.arrange(face);
+    if (layout.form == form.ClassName()) return layout.arrange(dialog);
   }
-  ArrangeInOrder(form, body, face);
-  body.layout()->setContentsMargins(Face::kMargin, Face::kMargin, Face::kMargin, Face::kMargin);
+  ArrangeInOrder(form, body, dialog);
+  body.layout()->setContentsMargins(DialogLayout::kMargin, DialogLayout::kMargin,
+                                    DialogLayout::kMargin, DialogLayout::kMargin);
   return nullptr;
 }
 

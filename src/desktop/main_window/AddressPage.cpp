@@ -44,12 +44,12 @@ void Prepare(QTreeView& tree, ContractTree& contracts) {
 
 }  // namespace
 
-AddressPage::AddressPage(Desk& desk, QWidget* parent)
+AddressPage::AddressPage(OpenDatabase& database, QWidget* parent)
     : QWidget(parent),
-      desk_(desk),
-      addresses_(desk, AddressList(), QStringLiteral("addresses"),
+      database_(database),
+      addresses_(database, AddressList(), QStringLiteral("addresses"),
                  QStringLiteral("Adresse suchen")),
-      contracts_(desk) {
+      contracts_(database) {
   addresses_.Table().setAccessibleName(QStringLiteral("Adressen"));
   addresses_.Table().Chosen = [this](const ListRow& row) { ChooseAddress(row.oid); };
 
@@ -115,19 +115,19 @@ void AddressPage::Reload() {
 }
 
 void AddressPage::ChooseAddress(store::Oid address) {
-  desk_.Do([&] { desk_.GoTo(table::Adressen, address); });
+  database_.Do([&] { database_.GoTo(table::Adressen, address); });
   ShowCurrent();
 }
 
 void AddressPage::ShowCurrent() {
-  desk_.Read([&] {
-    const store::Oid address = desk_.Current(table::Adressen);
-    const store::Oid contract = desk_.Current(table::vv_Vertraege);
+  database_.Read([&] {
+    const store::Oid address = database_.Current(table::Adressen);
+    const store::Oid contract = database_.Current(table::vv_Vertraege);
     if (address != 0)
       addresses_.Table().ShowChoice(address);
     else
       addresses_.Table().ShowChoice(std::nullopt);
-    if (auto rows = RowsOf(desk_, AddressList(), address); !rows.empty())
+    if (auto rows = RowsOf(database_, AddressList(), address); !rows.empty())
       addresses_.Model().Change(address, std::move(rows[0].cells));
     ShowAddress(address);
     ShowContract(contract);
@@ -136,14 +136,14 @@ void AddressPage::ShowCurrent() {
 }
 
 void AddressPage::ShowAddress(store::Oid address) {
-  const std::vector<ListRow> rows = RowsOf(desk_, AddressList(), address);
+  const std::vector<ListRow> rows = RowsOf(database_, AddressList(), address);
   name_.setText(rows.empty() ? QStringLiteral("Keine Adresse ausgewählt")
                              : CellText(CellKind::Text, rows[0].cells[0]));
   showing_ = true;
   contracts_.SetAddress(address);
   showing_ = false;
-  Fill(attributes_, RowsOf(desk_, AttributeList(), address));
-  std::vector<ListRow> appointments = RowsOf(desk_, AppointmentList(), address);
+  Fill(attributes_, RowsOf(database_, AttributeList(), address));
+  std::vector<ListRow> appointments = RowsOf(database_, AppointmentList(), address);
   const auto due = std::ranges::count_if(appointments, &ListRow::strong);
   tabs_.setTabText(appointment_tab_, due == 0 ? QStringLiteral("Termine")
                                               : QStringLiteral("Termine (%1 fällig)").arg(due));
@@ -154,7 +154,7 @@ void AddressPage::ShowContract(store::Oid contract) {
   QModelIndex index = contract == 0 ? QModelIndex() : contracts_.Find(contract);
   if (!index.isValid() && contracts_.rowCount() > 0) index = contracts_.index(0, 0);
   if (!index.isValid()) {
-    timeline_.Show(std::nullopt, desk_.Clock().Today());
+    timeline_.Show(std::nullopt, database_.Clock().Today());
     Fill(fields_, {});
     return;
   }
@@ -166,11 +166,11 @@ void AddressPage::ShowContract(store::Oid contract) {
 void AddressPage::ChooseRow(const QModelIndex& index) {
   if (showing_ || !index.isValid()) return;
   const ContractTree::Place place = contracts_.At(index);
-  desk_.Read([&] {
-    desk_.GoTo(desk_.Store().Catalog().tables[place.table].name, place.oid);
-    timeline_.Show(ReadTimeline(desk_.Store(), contracts_.ContractOf(index)),
-                   desk_.Clock().Today());
-    Fill(fields_, ReadFields(desk_, place.table, place.oid));
+  database_.Read([&] {
+    database_.GoTo(database_.Store().Catalog().tables[place.table].name, place.oid);
+    timeline_.Show(ReadTimeline(database_.Store(), contracts_.ContractOf(index)),
+                   database_.Clock().Today());
+    Fill(fields_, ReadFields(database_, place.table, place.oid));
   });
 }
 

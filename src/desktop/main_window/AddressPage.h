@@ -13,17 +13,17 @@
 #include <functional>
 
 #include "desktop/main_window/ContractTree.h"
-#include "desktop/main_window/Desk.h"
 #include "desktop/main_window/ListPage.h"
 #include "desktop/main_window/ListTable.h"
+#include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/TimelineView.h"
 
 namespace pactora::desktop {
 
 class AddressPage final : public QWidget {
  public:
-  // The desk must outlive the page.
-  explicit AddressPage(Desk& desk, QWidget* parent = nullptr);
+  // The database must outlive the page.
+  explicit AddressPage(OpenDatabase& database, QWidget* parent = nullptr);
 
   ListPage& Addresses() { return addresses_; }
 
@@ -42,7 +42,7 @@ class AddressPage final : public QWidget {
   void ShowAddress(store::Oid address);
   void ShowContract(store::Oid contract);
 
-  Desk& desk_;
+  OpenDatabase& database_;
   ListPage addresses_;
   QLabel name_;
   ContractTree contracts_;

@@ -42,11 +42,11 @@ QString Joined(const QString& first, const QString& between, const QString& seco
 
 }  // namespace
 
-ContractTree::ContractTree(Desk& desk, QObject* parent)
+ContractTree::ContractTree(OpenDatabase& database, QObject* parent)
     : QAbstractItemModel(parent),
-      desk_(desk),
-      tables_{desk.Table(table::vv_Vertraege), desk.Table(table::vv_Vertragsstaende),
-              desk.Table(table::vv_Vertragspositionen)} {
+      database_(database),
+      tables_{database.Table(table::vv_Vertraege), database.Table(table::vv_Vertragsstaende),
+              database.Table(table::vv_Vertragspositionen)} {
   root_ = std::make_unique<Node>();
   root_->complete = true;
 }
@@ -118,7 +118,8 @@ bool ContractTree::hasChildren(const QModelIndex& parent) const {
   if (!node.children.empty()) return true;
   if (node.complete || node.level == Position) return false;
   bool any = false;
-  desk_.Read([&] { any = desk_.Store().CountInParent(ChildTable(node), node.record.oid) > 0; });
+  database_.Read(
+      [&] { any = database_.Store().CountInParent(ChildTable(node), node.record.oid) > 0; });
   return any;
 }
 
@@ -133,10 +134,10 @@ void ContractTree::fetchMore(const QModelIndex& parent) {
   std::int64_t after = node.children.empty() ? 0 : node.children.back()->record.order;
   const store::TableId table = ChildTable(node);
   const auto rows = [&] { return static_cast<int>(node.children.size() + read.size()); };
-  node.complete = !desk_.Read([&] {
+  node.complete = !database_.Read([&] {
     while (!node.complete && static_cast<int>(read.size()) < kRowsAtOnce) {
       auto child = std::make_unique<Node>();
-      if (!desk_.Store().NextInParent(table, node.record.oid, after, child->record)) {
+      if (!database_.Store().NextInParent(table, node.record.oid, after, child->record)) {
         node.complete = true;
         break;
       }
@@ -156,7 +157,7 @@ void ContractTree::fetchMore(const QModelIndex& parent) {
 QString ContractTree::Text(const Node& node, Column column) const {
   const auto level = static_cast<std::size_t>(node.level);
   const auto text = [&](std::string_view name, CellKind kind = CellKind::Text) {
-    return CellText(kind, desk_.Cell(tables_[level], node.record, name));
+    return CellText(kind, database_.Cell(tables_[level], node.record, name));
   };
   const ColumnFields& shown = kColumns[column];
   if (column != Name) {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "desktop/main_window/Desk.h"
+#include "desktop/main_window/OpenDatabase.h"
 #include "store/RecordStore.h"
 
 namespace pactora::desktop {
@@ -16,8 +16,8 @@ class ContractTree final : public QAbstractItemModel {
   enum Level { Contract, Term, Position };
   enum Column { Name, Begin, End, Notice, Period, Amount, Discount, NextInvoice, Person, Columns };
 
-  // The desk must outlive the model.
-  explicit ContractTree(Desk& desk, QObject* parent = nullptr);
+  // The database must outlive the model.
+  explicit ContractTree(OpenDatabase& database, QObject* parent = nullptr);
   ~ContractTree() override;
 
   // Shows this address's contracts as they are now; none for 0.
@@ -60,7 +60,7 @@ class ContractTree final : public QAbstractItemModel {
   store::TableId ChildTable(const Node& node) const;
   QString Text(const Node& node, Column column) const;
 
-  Desk& desk_;
+  OpenDatabase& database_;
   std::vector<store::TableId> tables_;  // by level
   std::unique_ptr<Node> root_;
 };

@@ -6,7 +6,7 @@
 #include <numeric>
 #include <utility>
 
-#include "desktop/main_window/fold.h"
+#include "desktop/main_window/search_key.h"
 
 namespace pactora::desktop {
 namespace {
@@ -29,19 +29,19 @@ void ListModel::Clear() {
   endResetModel();
 }
 
-void ListModel::Fold(Kept& kept) const {
-  kept.folded.clear();
+void ListModel::MakeSearchKey(Kept& kept) const {
+  kept.search_key.clear();
   for (std::size_t i = 0; i < columns_.size() && i < kept.row.cells.size(); ++i) {
     if (!IsSearched(columns_[i].kind)) continue;
-    kept.folded += desktop::Fold(CellText(columns_[i].kind, kept.row.cells[i]));
-    kept.folded += kBetweenCells;
+    kept.search_key += SearchKey(CellText(columns_[i].kind, kept.row.cells[i]));
+    kept.search_key += kBetweenCells;
   }
 }
 
 void ListModel::Add(std::vector<ListRow> rows) {
   for (ListRow& row : rows) {
     rows_.push_back({std::move(row), {}});
-    Fold(rows_.back());
+    MakeSearchKey(rows_.back());
   }
 }
 
@@ -67,7 +67,7 @@ void ListModel::Order(std::size_t first) {
     const host::Value& value = rows_[i].row.cells[column];
     if (by_text)
       texts[i] =
-          column == 0 ? rows_[i].folded : desktop::Fold(CellText(columns_[column].kind, value));
+          column == 0 ? rows_[i].search_key : SearchKey(CellText(columns_[column].kind, value));
     else
       numbers[i] = SortNumber(value);
   }
@@ -88,18 +88,18 @@ void ListModel::Select() {
     const Kept& kept = rows_[static_cast<std::size_t>(position)];
     if (condition_ && !condition_(kept.row)) return false;
     return std::ranges::all_of(words_,
-                               [&](const QString& word) { return kept.folded.contains(word); });
+                               [&](const QString& word) { return kept.search_key.contains(word); });
   });
 }
 
 void ListModel::SetWords(const QString& words) {
-  std::vector<QString> folded;
-  for (const QString& word : desktop::Fold(words).split(u' ', Qt::SkipEmptyParts)) {
-    folded.push_back(word);
+  std::vector<QString> keys;
+  for (const QString& word : SearchKey(words).split(u' ', Qt::SkipEmptyParts)) {
+    keys.push_back(word);
   }
-  if (folded == words_) return;
+  if (keys == words_) return;
   beginResetModel();
-  words_ = std::move(folded);
+  words_ = std::move(keys);
   Select();
   endResetModel();
 }
@@ -126,7 +126,7 @@ void ListModel::Change(std::int64_t key, std::vector<host::Value> cells) {
   const auto found = std::ranges::find_if(rows_, [&](const Kept& k) { return k.row.key == key; });
   if (found == rows_.end()) return;
   found->row.cells = std::move(cells);
-  Fold(*found);
+  MakeSearchKey(*found);
   const int row = Find(key);
   if (row >= 0) emit dataChanged(index(row, 0), index(row, columnCount() - 1));
 }

@@ -59,10 +59,10 @@ class ListModel final : public QAbstractTableModel {
  private:
   struct Kept {
     ListRow row;
-    QString folded;  // texts and dates of all cells
+    QString search_key;  // of the texts and dates of all cells
   };
 
-  void Fold(Kept& kept) const;
+  void MakeSearchKey(Kept& kept) const;
   // The rows from ordered_[first] on come in order, and behind them all together.
   void Order(std::size_t first);
   void Select();
@@ -71,7 +71,7 @@ class ListModel final : public QAbstractTableModel {
   std::vector<Kept> rows_;      // as they were added
   std::vector<int> ordered_;    // positions in rows_
   std::vector<int> shown_;      // those of ordered_ that are shown
-  std::vector<QString> words_;  // folded
+  std::vector<QString> words_;  // as search keys
   std::function<bool(const ListRow& row)> condition_;
   int sort_column_ = -1;  // none: as they were added
   Qt::SortOrder sort_order_ = Qt::AscendingOrder;

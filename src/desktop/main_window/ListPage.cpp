@@ -10,13 +10,13 @@
 
 namespace pactora::desktop {
 
-ListPage::ListPage(Desk& desk, const ListKind& kind, const QString& name, const QString& search,
-                   QWidget* parent)
+ListPage::ListPage(OpenDatabase& database, const ListKind& kind, const QString& name,
+                   const QString& search, QWidget* parent)
     : QWidget(parent),
-      desk_(desk),
+      database_(database),
       kind_(kind),
       model_(kind.columns),
-      feed_(model_),
+      loader_(model_),
       table_(model_, name) {
   setObjectName(name + QStringLiteral("_page"));
   search_.setObjectName(name + QStringLiteral("_search"));
@@ -31,8 +31,8 @@ ListPage::ListPage(Desk& desk, const ListKind& kind, const QString& name, const 
   table_.setSortingEnabled(true);
   table_.sortByColumn(kind.sorted_by, Qt::AscendingOrder);
   count_.setObjectName(name + QStringLiteral("_count"));
-  feed_.Progress = [this] { ShowCount(); };
-  feed_.Failed = [this](const platform::Error& error) { desk_.ShowError(error); };
+  loader_.Progress = [this] { ShowCount(); };
+  loader_.Failed = [this](const platform::Error& error) { database_.ShowError(error); };
 
   tools_ = new QHBoxLayout;
   tools_->addWidget(&search_, 1);
@@ -42,7 +42,7 @@ ListPage::ListPage(Desk& desk, const ListKind& kind, const QString& name, const 
   all->addWidget(&count_);
 }
 
-void ListPage::Reload() { feed_.Start(ReadList(desk_, kind_)); }
+void ListPage::Reload() { loader_.Start(ReadList(database_, kind_)); }
 
 void ListPage::Reveal(std::int64_t key) {
   if (model_.Find(key) < 0) search_.clear();
@@ -65,7 +65,7 @@ void ListPage::ShowCount() {
   const bool whole = static_cast<std::size_t>(model_.rowCount()) == model_.All();
   QString text = ToQt(kind_.list.title) + QStringLiteral(": ") +
                  (whole ? all : QStringLiteral("%1 von %2").arg(shown, all));
-  if (feed_.Running()) text += QStringLiteral(" … wird gelesen");
+  if (loader_.Running()) text += QStringLiteral(" … wird gelesen");
   count_.setText(text);
 }
 

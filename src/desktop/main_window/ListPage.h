@@ -6,10 +6,10 @@
 #include <QLineEdit>
 #include <QWidget>
 
-#include "desktop/main_window/Desk.h"
-#include "desktop/main_window/Feed.h"
+#include "desktop/main_window/ListLoader.h"
 #include "desktop/main_window/ListModel.h"
 #include "desktop/main_window/ListTable.h"
+#include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/lists.h"
 
 namespace pactora::desktop {
@@ -17,8 +17,8 @@ namespace pactora::desktop {
 class ListPage final : public QWidget {
  public:
   // name becomes the table's object name, with "_search" behind it that of the line.
-  // The desk must outlive the page.
-  ListPage(Desk& desk, const ListKind& kind, const QString& name, const QString& search,
+  // The database must outlive the page.
+  ListPage(OpenDatabase& database, const ListKind& kind, const QString& name, const QString& search,
            QWidget* parent = nullptr);
 
   ListTable& Table() { return table_; }
@@ -27,8 +27,8 @@ class ListPage final : public QWidget {
   // Reads the list anew, bit by bit; the chosen row stays chosen.
   void Reload();
   // Reads the rest at once.
-  void Finish() { feed_.Finish(); }
-  bool Reading() const { return feed_.Running(); }
+  void Finish() { loader_.Finish(); }
+  bool Reading() const { return loader_.Running(); }
   // Shows the row, though a search may have hidden it.
   void Reveal(std::int64_t key);
   // Puts the caret into the line.
@@ -44,10 +44,10 @@ class ListPage final : public QWidget {
  private:
   void ShowCount();
 
-  Desk& desk_;
+  OpenDatabase& database_;
   const ListKind& kind_;
   ListModel model_;
-  Feed feed_;
+  ListLoader loader_;
   QLineEdit search_;
   ListTable table_;
   QLabel count_;

@@ -21,7 +21,7 @@ class ListTable final : public QTableView {
   std::function<void(const ListRow& row)> Opened;
 
   // Shows the row of that key as the chosen one, none for nothing; it stays the
-  // chosen one when the list changes. Tells nobody.
+  // chosen one when the list changes. Reports nothing.
   void ShowChoice(std::optional<std::int64_t> key);
   std::optional<std::int64_t> Choice() const { return key_; }
   // Chooses the first row, as a person would, and takes the focus.

@@ -64,17 +64,18 @@ QPushButton* ActionButton(QAction& action) {
 
 }  // namespace
 
-MainWindow::MainWindow(Desk& desk, WindowMemory& memory)
-    : desk_(desk),
+MainWindow::MainWindow(OpenDatabase& database, WindowMemory& memory)
+    : database_(database),
       memory_(memory),
-      addresses_(desk),
-      types_(desk, TypeList(), QStringLiteral("types"), QStringLiteral("Vertragstyp suchen")),
-      deadlines_(desk, DeadlineList(), QStringLiteral("deadlines"), QStringLiteral("Frist suchen")),
-      appointments_(desk, AppointmentList(), QStringLiteral("appointments"),
+      addresses_(database),
+      types_(database, TypeList(), QStringLiteral("types"), QStringLiteral("Vertragstyp suchen")),
+      deadlines_(database, DeadlineList(), QStringLiteral("deadlines"),
+                 QStringLiteral("Frist suchen")),
+      appointments_(database, AppointmentList(), QStringLiteral("appointments"),
                     QStringLiteral("Termin suchen")) {
   setObjectName(QStringLiteral("main"));
-  setWindowTitle(QStringLiteral("%1 – Pactora").arg(ToQt(desk.Store().ReadProfile().name)));
-  desk_.Screen().SetMainWindow(this);
+  setWindowTitle(QStringLiteral("%1 – Pactora").arg(ToQt(database.Store().ReadProfile().name)));
+  database_.Screen().SetMainWindow(this);
   MakeActions();
   MakeTypePage();
   MakeDeadlinePage();
@@ -90,9 +91,9 @@ MainWindow::MainWindow(Desk& desk, WindowMemory& memory)
   connect(&pages_, &QTabWidget::currentChanged, this, [this] { ReloadPage(); });
   addresses_.AddressChanged = [this] { ShowChoice(); };
 
-  const QString file = ToQt(desk.Database());
+  const QString file = ToQt(database.Name());
   auto* where = new QLabel(QStringLiteral("Benutzer: %1   Datenbank: %2")
-                               .arg(ToQt(desk.UserName()), QFileInfo(file).fileName()));
+                               .arg(ToQt(database.UserName()), QFileInfo(file).fileName()));
   where->setTextFormat(Qt::PlainText);
   where->setToolTip(file);
   statusBar()->addPermanentWidget(where);
@@ -106,7 +107,7 @@ MainWindow::MainWindow(Desk& desk, WindowMemory& memory)
 }
 
 MainWindow::~MainWindow() {
-  desk_.Screen().SetMainWindow(nullptr);
+  database_.Screen().SetMainWindow(nullptr);
   pages_.disconnect(this);  // the pages go one by one
 }
 
@@ -186,7 +187,7 @@ void MainWindow::MakeLookMenu(QMenu& menu) {
 void MainWindow::MakeTypePage() {
   types_.Table().setAccessibleName(QStringLiteral("Vertragstypen"));
   types_.Table().Chosen = [this](const ListRow& row) {
-    desk_.Do([&] { desk_.GoTo(table::vv_Vertragsdefinitionen, row.oid); });
+    database_.Do([&] { database_.GoTo(table::vv_Vertragsdefinitionen, row.oid); });
     ShowChoice();
   };
   types_.Table().Opened = [this](const ListRow&) { EditType(); };
@@ -199,7 +200,7 @@ void MainWindow::MakeDeadlinePage() {
   deadlines_.Table().Opened = [this](const ListRow& row) { ShowContract(row.oid); };
   QSpinBox* weeks = WeekBox(QStringLiteral("deadlines_weeks"));
   const auto select = [this, weeks] {
-    const platform::Date today = desk_.Clock().Today();
+    const platform::Date today = database_.Clock().Today();
     deadlines_.SetCondition(
         [today, limit = weeks->value()](const ListRow& row) { return Within(row, today, limit); });
   };
@@ -214,8 +215,8 @@ void MainWindow::MakeAppointmentPage() {
   appointments_.Table().Chosen = [this](const ListRow&) { ShowChoice(); };
   appointments_.Table().Opened = [this](const ListRow& row) {
     store::Record record;
-    if (desk_.Read([&] {
-          desk_.Store().Read(desk_.Table(table::vv_VertragsAktivitaeten), row.oid, record);
+    if (database_.Read([&] {
+          database_.Store().Read(database_.Table(table::vv_VertragsAktivitaeten), row.oid, record);
         }))
       ShowContract(record.parent);
   };
@@ -223,7 +224,7 @@ void MainWindow::MakeAppointmentPage() {
   auto* done = new QCheckBox(QStringLiteral("auch erledigte"));
   done->setObjectName(QStringLiteral("appointments_done"));
   const auto select = [this, weeks, done] {
-    const platform::Date today = desk_.Clock().Today();
+    const platform::Date today = database_.Clock().Today();
     appointments_.SetCondition(
         [today, limit = weeks->value(), all = done->isChecked()](const ListRow& row) {
           return (all || !row.done) && Within(row, today, limit);
@@ -267,32 +268,33 @@ void MainWindow::FinishReading() {
 
 void MainWindow::ShowWork() {
   stale_ = {&types_, &deadlines_, &appointments_};
-  if (const store::Oid type = desk_.Current(table::vv_Vertragsdefinitionen); type != 0)
+  if (const store::Oid type = database_.Current(table::vv_Vertragsdefinitionen); type != 0)
     types_.Table().ShowChoice(type);
   ReloadPage();
 }
 
 void MainWindow::ShowChoice() {
-  desk_.Read([this] {
-    new_contract_->setEnabled(desk_.Current(table::Adressen) != 0);
-    edit_type_->setEnabled(desk_.Current(table::vv_Vertragsdefinitionen) != 0);
+  database_.Read([this] {
+    new_contract_->setEnabled(database_.Current(table::Adressen) != 0);
+    edit_type_->setEnabled(database_.Current(table::vv_Vertragsdefinitionen) != 0);
   });
   tick_->setEnabled(pages_.currentWidget() == &appointments_ &&
                     appointments_.Table().currentIndex().isValid());
 }
 
 void MainWindow::ShowContract(store::Oid contract) {
-  desk_.Do([&] { desk_.GoTo(table::vv_Vertraege, contract); });
+  database_.Do([&] { database_.GoTo(table::vv_Vertraege, contract); });
   pages_.setCurrentWidget(&addresses_);
-  desk_.Read([this] { addresses_.Addresses().Reveal(desk_.Current(table::Adressen)); });
+  database_.Read([this] { addresses_.Addresses().Reveal(database_.Current(table::Adressen)); });
 }
 
 void MainWindow::NewContract() {
   bool saved = false;
   std::int32_t terms = 0;
   bool show_definition = false;
-  desk_.Do([&] {
-    desk_.Session().Entry().NewContract(desk_.Session().App(), saved, terms, show_definition);
+  database_.Do([&] {
+    database_.Session().Entry().NewContract(database_.Session().App(), saved, terms,
+                                            show_definition);
   });
   if (saved) {
     statusBar()->showMessage(QStringLiteral("Vertrag angelegt"));
@@ -302,15 +304,18 @@ void MainWindow::NewContract() {
 }
 
 void MainWindow::NewType() {
-  desk_.Do([this] { desk_.Session().Entry().EditContractDefinition(desk_.Session().App(), true); });
+  database_.Do([this] {
+    database_.Session().Entry().EditContractDefinition(database_.Session().App(), true);
+  });
   pages_.setCurrentWidget(&types_);
   ShowWork();
 }
 
 void MainWindow::EditType() {
   if (!edit_type_->isEnabled()) return;
-  desk_.Do(
-      [this] { desk_.Session().Entry().EditContractDefinition(desk_.Session().App(), false); });
+  database_.Do([this] {
+    database_.Session().Entry().EditContractDefinition(database_.Session().App(), false);
+  });
   ShowWork();
 }
 
@@ -318,9 +323,9 @@ void MainWindow::TickAppointment() {
   const QModelIndex index = appointments_.Table().currentIndex();
   if (!index.isValid()) return;
   const ListRow row = appointments_.Model().Row(index.row());
-  desk_.Do([&] {
-    desk_.GoTo(table::vv_VertragsAktivitaeten, row.oid);
-    const auto live = desk_.Session().Host().Table(table::vv_VertragsAktivitaeten);
+  database_.Do([&] {
+    database_.GoTo(table::vv_VertragsAktivitaeten, row.oid);
+    const auto live = database_.Session().Host().Table(table::vv_VertragsAktivitaeten);
     live->BeginEdit();
     live->Fields().Item(field::Erledigt).SetValue(!row.done);
     live->Store(host::kFlagsUsual);
@@ -329,9 +334,9 @@ void MainWindow::TickAppointment() {
 }
 
 bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
-  const bool here = workspace::IsEmpty(desk_.Store());
-  const std::string database = here ? desk_.Database() : FromQt(new_database);
-  const bool done = desk_.Do([&] {
+  const bool here = workspace::IsEmpty(database_.Store());
+  const std::string database = here ? database_.Name() : FromQt(new_database);
+  const bool done = database_.Do([&] {
     Progress progress(QStringLiteral("Der Datenbestand wird eingelesen"), this);
     dataset::ImportDatabase(database, formats::FileSource(FromQt(file)), workspace::Access::Write,
                             progress.Pause());
@@ -341,19 +346,19 @@ bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
 }
 
 bool MainWindow::ExportTo(const QString& file) {
-  const bool done = desk_.Do([&] {
+  const bool done = database_.Do([&] {
     Progress progress(QStringLiteral("Der Datenbestand wird geschrieben"), this);
-    dataset::ExportDatabase(desk_.Database(), FromQt(file), progress.Pause());
+    dataset::ExportDatabase(database_.Name(), FromQt(file), progress.Pause());
   });
   if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
   return done;
 }
 
 bool MainWindow::WriteCalendar(const QString& file) {
-  const bool done = desk_.Do([&] {
-    const platform::Date today = desk_.Clock().Today();
-    const auto deadlines = deadlines::ReadDeadlines(desk_.Store(), today, std::nullopt);
-    deadlines::WriteCalendar(deadlines, desk_.Database(), desk_.Store(), today, FromQt(file));
+  const bool done = database_.Do([&] {
+    const platform::Date today = database_.Clock().Today();
+    const auto deadlines = deadlines::ReadDeadlines(database_.Store(), today, std::nullopt);
+    deadlines::WriteCalendar(deadlines, database_.Name(), database_.Store(), today, FromQt(file));
   });
   if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
   return done;
@@ -372,7 +377,7 @@ void MainWindow::AskImport() {
                                    QStringLiteral("Datenbestände (*.json);;Alle Dateien (*)"));
   if (file.isEmpty()) return;
   QString database;
-  if (!workspace::IsEmpty(desk_.Store())) {
+  if (!workspace::IsEmpty(database_.Store())) {
     database = QFileDialog::getSaveFileName(this, QStringLiteral("In welche neue Datenbank?"), {},
                                             QStringLiteral("Datenbanken (*.db)"), nullptr,
                                             QFileDialog::DontConfirmOverwrite);
@@ -395,7 +400,7 @@ void MainWindow::AskCalendar() {
 }
 
 void MainWindow::AskTakeover() {
-  TakeoverWindow window(desk_.Database(), desk_.Clock(), this);
+  TakeoverWindow window(database_.Name(), database_.Clock(), this);
   window.exec();
   if (!window.Changed()) return;
   // Rows that were read before are old now.

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "desktop/main_window/AddressPage.h"
-#include "desktop/main_window/Desk.h"
 #include "desktop/main_window/ListPage.h"
+#include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/WindowMemory.h"
 
 class QAction;
@@ -21,8 +21,8 @@ namespace pactora::desktop {
 
 class MainWindow final : public QMainWindow {
  public:
-  // Desk and memory must outlive the window.
-  MainWindow(Desk& desk, WindowMemory& memory);
+  // OpenDatabase and memory must outlive the window.
+  MainWindow(OpenDatabase& database, WindowMemory& memory);
   ~MainWindow() override;
 
   AddressPage& Addresses() { return addresses_; }
@@ -80,7 +80,7 @@ class MainWindow final : public QMainWindow {
   void ShowContract(store::Oid contract);
   void ShowChoice();
 
-  Desk& desk_;
+  OpenDatabase& database_;
   WindowMemory& memory_;
   QTabWidget pages_;
   AddressPage addresses_;

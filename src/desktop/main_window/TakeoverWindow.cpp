@@ -116,7 +116,7 @@ void TakeoverWindow::ChooseList() {
 }
 
 void TakeoverWindow::ChooseReport() {
-  // An earlier report is gone on with, not replaced.
+  // An earlier report is continued, not replaced.
   const QString file =
       QFileDialog::getSaveFileName(this, QStringLiteral("Bericht"), report_.text(), kLists, nullptr,
                                    QFileDialog::DontConfirmOverwrite);

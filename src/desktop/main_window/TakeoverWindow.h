@@ -1,5 +1,5 @@
 // Takes over a list of running contracts: chooses the files, shows how far it is and
-// what became of each line, and can be stopped and gone on with.
+// what became of each line, and can be stopped and resumed.
 #pragma once
 
 #include <QCheckBox>

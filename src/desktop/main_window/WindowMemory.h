@@ -17,7 +17,7 @@ class WindowMemory {
       : settings_(settings), group_(QStringLiteral("windows/") + user) {}
 
   // Puts the window, its splitters and the columns of its lists where they were; what
-  // is not remembered stays. All of them are told by their object names.
+  // is not remembered stays. All of them are known by their object names.
   void Restore(QMainWindow& window) const;
   void Keep(const QMainWindow& window);
 

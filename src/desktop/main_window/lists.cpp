@@ -25,8 +25,8 @@ ListKind Shown(const lists::List& list,
   return kind;
 }
 
-lists::ListReader Reader(Desk& desk, const ListKind& kind, store::Oid address) {
-  return {kind.list, desk.Store(), desk.Clock().Today(), lists::Codes::InWords, address};
+lists::ListReader Reader(OpenDatabase& database, const ListKind& kind, store::Oid address) {
+  return {kind.list, database.Store(), database.Clock().Today(), lists::Codes::InWords, address};
 }
 
 CellKind KindOf(const schema::Field& field) {
@@ -94,15 +94,15 @@ const ListKind& AttributeList() {
   return kind;
 }
 
-ReadRows ReadList(Desk& desk, const ListKind& kind) {
-  return [reader = Reader(desk, kind, 0)](std::vector<ListRow>& rows) mutable {
+ReadRows ReadList(OpenDatabase& database, const ListKind& kind) {
+  return [reader = Reader(database, kind, 0)](std::vector<ListRow>& rows) mutable {
     return reader.Next(rows);
   };
 }
 
-std::vector<ListRow> RowsOf(Desk& desk, const ListKind& kind, store::Oid address) {
+std::vector<ListRow> RowsOf(OpenDatabase& database, const ListKind& kind, store::Oid address) {
   if (address == 0) return {};
-  return Reader(desk, kind, address).Rest();
+  return Reader(database, kind, address).Rest();
 }
 
 const std::vector<ListColumn>& FieldColumns() {
@@ -111,11 +111,11 @@ const std::vector<ListColumn>& FieldColumns() {
   return columns;
 }
 
-std::vector<ListRow> ReadFields(Desk& desk, store::TableId table, store::Oid oid) {
+std::vector<ListRow> ReadFields(OpenDatabase& database, store::TableId table, store::Oid oid) {
   std::vector<ListRow> rows;
   store::Record record;
-  if (!desk.Store().Read(table, oid, record)) return rows;
-  const auto& fields = desk.Store().Catalog().tables[table].fields;
+  if (!database.Store().Read(table, oid, record)) return rows;
+  const auto& fields = database.Store().Catalog().tables[table].fields;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (fields[i].type == schema::FieldType::Document) continue;
     const QString text = CellText(KindOf(fields[i]), record.cells[i]);

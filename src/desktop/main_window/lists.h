@@ -4,9 +4,10 @@
 #include <vector>
 
 #include "automation/lists/lists.h"
-#include "desktop/main_window/Desk.h"
-#include "desktop/main_window/Feed.h"
+#include "desktop/main_window/OpenDatabase.h"
+#include "desktop/main_window/ListLoader.h"
 #include "desktop/main_window/ListModel.h"
+#include "desktop/main_window/OpenDatabase.h"
 
 namespace pactora::desktop {
 
@@ -23,13 +24,13 @@ const ListKind& AppointmentList();
 const ListKind& AttributeList();
 
 // All rows of the list, bit by bit.
-ReadRows ReadList(Desk& desk, const ListKind& kind);
+ReadRows ReadList(OpenDatabase& database, const ListKind& kind);
 // Those that belong to one address, the list of addresses included; none for 0 and for
 // an address that is gone.
-std::vector<ListRow> RowsOf(Desk& desk, const ListKind& kind, store::Oid address);
+std::vector<ListRow> RowsOf(OpenDatabase& database, const ListKind& kind, store::Oid address);
 
 // The fields of a row that were written, by name.
 const std::vector<ListColumn>& FieldColumns();
-std::vector<ListRow> ReadFields(Desk& desk, store::TableId table, store::Oid oid);
+std::vector<ListRow> ReadFields(OpenDatabase& database, store::TableId table, store::Oid oid);
 
 }  // namespace pactora::desktop

@@ -14,8 +14,8 @@
 #include "automation/formats/errors.h"
 #include "automation/workspace/exit_status.h"
 #include "desktop/appearance.h"
-#include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
+#include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/WindowMemory.h"
 #include "desktop/main_window/icon.h"
 #include "desktop/text.h"
@@ -36,10 +36,10 @@ class Program {
 
   // Raises what opening the database raises; what was open stays open then.
   void Open(const std::string& database) {
-    auto desk = std::make_unique<Desk>(database, clock_, locale_);
-    auto memory = std::make_unique<WindowMemory>(settings_, ToQt(desk->UserName()));
+    auto opened = std::make_unique<OpenDatabase>(database, clock_, locale_);
+    auto memory = std::make_unique<WindowMemory>(settings_, ToQt(opened->UserName()));
     UseTheme(memory->Look());
-    auto window = std::make_unique<MainWindow>(*desk, *memory);
+    auto window = std::make_unique<MainWindow>(*opened, *memory);
     window->OpenAsked = [this](const std::string& other) {
       // The window that asks is still at work.
       QTimer::singleShot(0, qApp, [this, other] { OpenInstead(other); });
@@ -48,7 +48,7 @@ class Program {
     if (window_) window_->close();
     window_ = std::move(window);
     memory_ = std::move(memory);
-    desk_ = std::move(desk);
+    database_ = std::move(opened);
   }
 
  private:
@@ -56,15 +56,15 @@ class Program {
     try {
       Open(database);
     } catch (const platform::Error& error) {
-      desk_->ShowError(error);
+      database_->ShowError(error);
     }
   }
 
   QSettings& settings_;
   const platform::Locale locale_;
   const platform::SystemClock clock_;
-  // In the order in which they lean on each other.
-  std::unique_ptr<Desk> desk_;
+  // In the order in which they use each other.
+  std::unique_ptr<OpenDatabase> database_;
   std::unique_ptr<WindowMemory> memory_;
   std::unique_ptr<MainWindow> window_;
 };

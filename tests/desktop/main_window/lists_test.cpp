@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <random>
 
-#include "desktop/main_window/Feed.h"
+#include "desktop/main_window/ListLoader.h"
 #include "desktop/main_window/ListModel.h"
-#include "desktop/main_window/fold.h"
+#include "desktop/main_window/search_key.h"
 #include "desktop/main_window/timeline.h"
 #include "desktop/text.h"
 
@@ -17,7 +17,7 @@ namespace {
 using platform::Date;
 using platform::FromCivil;
 
-TEST(Fold, TextsThatPeopleTakeForTheSameAreEqual) {
+TEST(SearchKey, TextsThatPeopleTakeForTheSameAreEqual) {
   const std::vector<std::vector<const char*>> same = {
       {"Müller", "MÜLLER", "muller", "Mu\u0308ller"},
       {"Straße", "STRASSE", "strasse"},
@@ -25,9 +25,9 @@ TEST(Fold, TextsThatPeopleTakeForTheSameAreEqual) {
       {"Café", "CAFE"}};
   for (const auto& texts : same) {
     for (const char* text : texts)
-      EXPECT_EQ(Fold(QString::fromUtf8(text)), Fold(QString::fromUtf8(texts[0])));
+      EXPECT_EQ(SearchKey(QString::fromUtf8(text)), SearchKey(QString::fromUtf8(texts[0])));
   }
-  EXPECT_NE(Fold("Müller"), Fold("Möller"));
+  EXPECT_NE(SearchKey("Müller"), SearchKey("Möller"));
 }
 
 // Rows in any number of portions, searched and sorted in any order of calls, against
@@ -69,10 +69,10 @@ TEST(ListModel, ShowsWhatAPlainSearchAndSortWouldShow) {
           model.SetWords(ToQt(search));
       }
     }
-    const QStringList wanted = Fold(ToQt(search)).split(' ', Qt::SkipEmptyParts);
+    const QStringList wanted = SearchKey(ToQt(search)).split(' ', Qt::SkipEmptyParts);
     std::vector<std::int64_t> expected;
     for (const ListRow& row : rows) {
-      const QString text = Fold(ToQt(row.cells[0].AsText()));
+      const QString text = SearchKey(ToQt(row.cells[0].AsText()));
       const auto stands_there = [&](const QString& word) { return text.contains(word); };
       if (std::ranges::all_of(wanted, stands_there)) expected.push_back(row.key);
     }
@@ -85,16 +85,16 @@ TEST(ListModel, ShowsWhatAPlainSearchAndSortWouldShow) {
       if (column == 1) {
         EXPECT_LE(lower[1].AsLong(), upper[1].AsLong());
       } else {
-        EXPECT_LE(Fold(ToQt(lower[0].AsText())), Fold(ToQt(upper[0].AsText())));
+        EXPECT_LE(SearchKey(ToQt(lower[0].AsText())), SearchKey(ToQt(upper[0].AsText())));
       }
     }
     for (const auto key : shown) EXPECT_EQ(model.Row(model.Find(key)).key, key);
   }
 }
 
-TEST(Feed, ReportsAReadThatFails) {
+TEST(ListLoader, ReportsAReadThatFails) {
   ListModel model({{"Name", CellKind::Text, 10}});
-  Feed feed(model);
+  ListLoader feed(model);
   std::string failed;
   feed.Failed = [&](const platform::Error& error) { failed = error.Description(); };
   feed.Start([](std::vector<ListRow>&) -> bool { throw platform::Error(7, "Platte kaputt"); });

@@ -12,8 +12,8 @@
 #include "automation/dataset/dataset_files.h"
 #include "automation/dataset/sample/sample.h"
 #include "automation/workspace/row_walk.h"
-#include "desktop/main_window/Desk.h"
 #include "desktop/main_window/MainWindow.h"
+#include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/WindowMemory.h"
 #include "desktop/text.h"
 #include "desktop/window_user.h"
@@ -38,7 +38,7 @@ class MainWindowTest : public testing::Test {
   void Open() {
     window.reset();
     memory.reset();
-    desk = std::make_unique<Desk>(database, clock);
+    desk = std::make_unique<OpenDatabase>(database, clock);
     memory = std::make_unique<WindowMemory>(settings, QString::fromStdString(desk->UserName()));
     window = std::make_unique<MainWindow>(*desk, *memory);
     window->show();
@@ -78,7 +78,7 @@ class MainWindowTest : public testing::Test {
   const std::string database = folder.File("firma.db");
   platform::FixedClock clock{platform::FromCivil(2026, 9, 5)};
   QSettings settings{ToQt(folder.File("windows.ini")), QSettings::IniFormat};
-  std::unique_ptr<Desk> desk;
+  std::unique_ptr<OpenDatabase> desk;
   std::unique_ptr<WindowMemory> memory;
   std::unique_ptr<MainWindow> window;
   WindowSteps steps;

@@ -1,4 +1,4 @@
-#include "desktop/main_window/Desk.h"
+#include "desktop/main_window/OpenDatabase.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -25,28 +25,30 @@ std::unique_ptr<store::RecordStore> Open(const std::string& database) {
 
 }  // namespace
 
-Desk::Desk(const std::string& database, const platform::Clock& clock,
-           const platform::Locale& locale)
-    : database_(database),
+OpenDatabase::OpenDatabase(const std::string& database, const platform::Clock& clock,
+                           const platform::Locale& locale)
+    : name_(database),
       clock_(clock),
       screen_([this] { session_.Host().EndUnit(); }),
       session_(Open(database), screen_, clock, locale) {}
 
-std::string Desk::UserName() { return session_.App()->CurrentDb()->Users().CurrentUser().Name(); }
+std::string OpenDatabase::UserName() {
+  return session_.App()->CurrentDb()->Users().CurrentUser().Name();
+}
 
-store::TableId Desk::Table(std::string_view name) { return Store().Catalog().Table(name); }
+store::TableId OpenDatabase::Table(std::string_view name) { return Store().Catalog().Table(name); }
 
-const host::Value& Desk::Cell(store::TableId table, const store::Record& record,
+const host::Value& OpenDatabase::Cell(store::TableId table, const store::Record& record,
                               std::string_view field) {
   return store::RowView(Store().Catalog().tables[table], record)[field];
 }
 
-store::Oid Desk::Current(std::string_view table) {
+store::Oid OpenDatabase::Current(std::string_view table) {
   const std::string oid = session_.Host().Table(table)->Oid();
   return oid.empty() ? 0 : std::stoll(oid);
 }
 
-void Desk::GoTo(std::string_view table, store::Oid oid) {
+void OpenDatabase::GoTo(std::string_view table, store::Oid oid) {
   if (Current(table) == oid) return;
   if (oid != 0)
     session_.GoTo(Table(table), oid);
@@ -54,7 +56,7 @@ void Desk::GoTo(std::string_view table, store::Oid oid) {
     session_.GoNowhere(Table(table));
 }
 
-bool Desk::Do(const std::function<void()>& action) {
+bool OpenDatabase::Do(const std::function<void()>& action) {
   bool done = true;
   const auto guarded = [&](const std::function<void()>& body) {
     try {
@@ -73,7 +75,7 @@ bool Desk::Do(const std::function<void()>& action) {
   return done;
 }
 
-bool Desk::Read(const std::function<void()>& reading) {
+bool OpenDatabase::Read(const std::function<void()>& reading) {
   try {
     reading();
     return true;
@@ -83,12 +85,12 @@ bool Desk::Read(const std::function<void()>& reading) {
   }
 }
 
-void Desk::ShowError(const platform::Error& error) {
+void OpenDatabase::ShowError(const platform::Error& error) {
   if (error.Number() == formats::Number(DoorError::Interrupted)) return;
   Tell(formats::Describe(error));
 }
 
-void Desk::Tell(const std::string& text) {
+void OpenDatabase::Tell(const std::string& text) {
   // Not by way of the screen: that would end the unit of work, which may be what failed.
   ShowMessageBox({text, ui::style::kExclamation, "Pactora"}, QApplication::activeWindow());
 }

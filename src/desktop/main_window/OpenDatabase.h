@@ -15,15 +15,15 @@
 
 namespace pactora::desktop {
 
-class Desk {
+class OpenDatabase {
  public:
   // Opens the database; raises what workspace::OpenDatabase raises, and
   // DoorError::BadInput for a name under which nothing lasts. The clock must outlive
-  // the desk. Its dialogs read and write numbers by the locale.
-  Desk(const std::string& database, const platform::Clock& clock,
-       const platform::Locale& locale = {});
+  // the opened database. Its dialogs read and write numbers by the locale.
+  OpenDatabase(const std::string& database, const platform::Clock& clock,
+               const platform::Locale& locale = {});
 
-  const std::string& Database() const { return database_; }
+  const std::string& Name() const { return name_; }
   workspace::Session& Session() { return session_; }
   store::RecordStore& Store() { return session_.Store(); }
   QtScreen& Screen() { return screen_; }
@@ -53,11 +53,11 @@ class Desk {
   void Tell(const std::string& text);
 
  private:
-  std::string database_;
+  std::string name_;
   const platform::Clock& clock_;
   QtScreen screen_;
   workspace::Session session_;
-  QObject context_;  // what is to be shown later goes with it
+  QObject context_;  // messages that wait are dropped with it
 };
 
 }  // namespace pactora::desktop

@@ -7,6 +7,6 @@ namespace pactora::desktop {
 
 // Without case and accents: "Müller", "MULLER" and "Muller" are the same, "ß" is
 // "ss". German lists are sorted by it.
-QString Fold(const QString& text);
+QString SearchKey(const QString& text);
 
 }  // namespace pactora::desktop

@@ -1,22 +1,22 @@
-#include "desktop/main_window/fold.h"
+#include "desktop/main_window/search_key.h"
 
 #include <algorithm>
 
 namespace pactora::desktop {
 
-QString Fold(const QString& text) {
+QString SearchKey(const QString& text) {
   const bool plain = std::all_of(text.begin(), text.end(), [](QChar c) { return c < u'\x80'; });
   if (plain) return text.toLower();
   const QString parts = text.toCaseFolded().normalized(QString::NormalizationForm_KD);
-  QString folded;
-  folded.reserve(parts.size());
+  QString search_key;
+  search_key.reserve(parts.size());
   for (const QChar c : parts) {
     if (c == u'ß')
-      folded += QStringLiteral("ss");
+      search_key += QStringLiteral("ss");
     else if (c.category() != QChar::Mark_NonSpacing)
-      folded += c;
+      search_key += c;
   }
-  return folded;
+  return search_key;
 }
 
 }  // namespace pactora::desktop

@@ -1,4 +1,4 @@
-#include "desktop/main_window/Feed.h"
+#include "desktop/main_window/ListLoader.h"
 
 #include <QElapsedTimer>
 #include <algorithm>
@@ -13,22 +13,22 @@ constexpr std::size_t kFirstRows = 500;  // shown as soon as they are there
 
 }  // namespace
 
-Feed::Feed(ListModel& model, QObject* parent) : QObject(parent), model_(model) {
+ListLoader::ListLoader(ListModel& model, QObject* parent) : QObject(parent), model_(model) {
   timer_.setInterval(0);
   connect(&timer_, &QTimer::timeout, this, [this] { Read(kSliceMs); });
 }
 
-void Feed::Start(ReadRows read) {
+void ListLoader::Start(ReadRows read) {
   read_ = std::move(read);
   model_.Clear();
   timer_.start();
 }
 
-void Feed::Finish() {
+void ListLoader::Finish() {
   if (Running()) Read(-1);
 }
 
-void Feed::Read(int milliseconds) {
+void ListLoader::Read(int milliseconds) {
   QElapsedTimer clock;
   clock.start();
   bool more = true;

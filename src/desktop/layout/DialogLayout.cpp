@@ -1,4 +1,4 @@
-#include "desktop/layout/Face.h"
+#include "desktop/layout/DialogLayout.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -14,34 +14,34 @@ namespace {
 template <typename Layout>
 Layout* Plain(Layout* layout) {
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(Face::kSpacing);
+  layout->setSpacing(DialogLayout::kSpacing);
   return layout;
 }
 
 }  // namespace
 
-QWidget& Face::operator[](std::string_view control) const {
+QWidget& DialogLayout::operator[](std::string_view control) const {
   QWidget* widget = find_(control);
   if (!widget) throw std::invalid_argument("no control " + std::string(control));
   return *widget;
 }
 
-QGridLayout* Face::Grid(QWidget& owner) const { return Plain(new QGridLayout(&owner)); }
+QGridLayout* DialogLayout::Grid(QWidget& owner) const { return Plain(new QGridLayout(&owner)); }
 
-QVBoxLayout* Face::Column(QWidget& owner) const { return Plain(new QVBoxLayout(&owner)); }
+QVBoxLayout* DialogLayout::Column(QWidget& owner) const { return Plain(new QVBoxLayout(&owner)); }
 
-QHBoxLayout* Face::Row(QWidget& owner) const { return Plain(new QHBoxLayout(&owner)); }
+QHBoxLayout* DialogLayout::Row(QWidget& owner) const { return Plain(new QHBoxLayout(&owner)); }
 
-QVBoxLayout* Face::Column() { return Plain(new QVBoxLayout); }
+QVBoxLayout* DialogLayout::Column() { return Plain(new QVBoxLayout); }
 
-QHBoxLayout* Face::Row(std::initializer_list<std::string_view> controls) const {
+QHBoxLayout* DialogLayout::Row(std::initializer_list<std::string_view> controls) const {
   auto* row = Plain(new QHBoxLayout);
   for (const std::string_view control : controls) row->addWidget(&(*this)[control]);
   return row;
 }
 
-QWidget* Face::Footer(std::initializer_list<std::string_view> notes,
-                      std::initializer_list<std::string_view> buttons) const {
+QWidget* DialogLayout::Footer(std::initializer_list<std::string_view> notes,
+                              std::initializer_list<std::string_view> buttons) const {
   auto* strip = new QWidget;
   auto* row = Row(*strip);
   row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -52,21 +52,21 @@ QWidget* Face::Footer(std::initializer_list<std::string_view> notes,
   return strip;
 }
 
-QWidget* Face::Stack(std::initializer_list<std::string_view> frames) const {
+QWidget* DialogLayout::Stack(std::initializer_list<std::string_view> frames) const {
   auto* stack = new QStackedWidget;
   for (const std::string_view frame : frames) stack->addWidget(&(*this)[frame]);
   return stack;
 }
 
-void Face::Wrap(std::string_view label) const { Get<QLabel>(label).setWordWrap(true); }
+void DialogLayout::Wrap(std::string_view label) const { Get<QLabel>(label).setWordWrap(true); }
 
-void Face::AlignRight(std::initializer_list<std::string_view> boxes) const {
+void DialogLayout::AlignRight(std::initializer_list<std::string_view> boxes) const {
   for (const std::string_view box : boxes) {
     Get<QLineEdit>(box).setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   }
 }
 
-void Face::KeepPlace(std::initializer_list<std::string_view> controls) const {
+void DialogLayout::KeepPlace(std::initializer_list<std::string_view> controls) const {
   for (const std::string_view control : controls) {
     QWidget& widget = (*this)[control];
     QSizePolicy policy = widget.sizePolicy();
@@ -75,11 +75,11 @@ void Face::KeepPlace(std::initializer_list<std::string_view> controls) const {
   }
 }
 
-void Face::Name(std::string_view control, const char* name) const {
+void DialogLayout::Name(std::string_view control, const char* name) const {
   (*this)[control].setAccessibleName(QString::fromUtf8(name));
 }
 
-void Face::SameWidth(std::initializer_list<std::string_view> controls) const {
+void DialogLayout::SameWidth(std::initializer_list<std::string_view> controls) const {
   int widest = 0;
   for (const std::string_view control : controls) {
     widest = std::max(widest, (*this)[control].sizeHint().width());

@@ -13,10 +13,10 @@ namespace pactora::desktop {
 // Adds the next rows, if any, to the end; false when there are no more.
 using ReadRows = std::function<bool(std::vector<ListRow>& rows)>;
 
-class Feed final : public QObject {
+class ListLoader final : public QObject {
  public:
   // The model must outlive the feed.
-  explicit Feed(ListModel& model, QObject* parent = nullptr);
+  explicit ListLoader(ListModel& model, QObject* parent = nullptr);
 
   // Empties the list and begins to fill it; a filling that runs is given up.
   void Start(ReadRows read);

@@ -11,13 +11,13 @@
 
 namespace pactora::desktop {
 
-class Face {
+class DialogLayout {
  public:
   // Distances in pixels.
   static constexpr int kMargin = 12;
   static constexpr int kSpacing = 8;
 
-  Face(QWidget& body, FindWidget find) : body_(body), find_(std::move(find)) {}
+  DialogLayout(QWidget& body, FindWidget find) : body_(body), find_(std::move(find)) {}
 
   QWidget& Body() const { return body_; }
   // Raises std::invalid_argument for a name that the dialog does not have.
@@ -58,8 +58,8 @@ class Face {
 };
 
 // The dialogs' layouts.
-QWidget* ArrangeNewContract(const Face& face);
-QWidget* ArrangeEditDefinitions(const Face& face);
-QWidget* ArrangeEditDefPositions(const Face& face);
+QWidget* ArrangeNewContract(const DialogLayout& dialog);
+QWidget* ArrangeEditDefinitions(const DialogLayout& dialog);
+QWidget* ArrangeEditDefPositions(const DialogLayout& dialog);
 
 }  // namespace pactora::desktop
