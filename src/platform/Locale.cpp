@@ -5,31 +5,12 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 
 #include "platform/Error.h"
 #include "platform/Text.h"
 
 namespace pactora::platform {
 namespace {
-
-constexpr Locale kGerman{','};
-constexpr Locale kPoint{'.'};
-
-// Languages that write a decimal point, and the countries that differ from their
-// language.
-constexpr std::array<std::string_view, 24> kPointLanguages = {
-    "am", "bn", "cy", "en", "ga", "gu", "he", "hi", "ja", "km", "kn", "ko",
-    "ml", "mr", "ms", "mt", "my", "ne", "pa", "sw", "ta", "te", "th", "zh"};
-constexpr std::array<std::string_view, 15> kPointCountries = {
-    "de_CH", "de_LI", "es_DO", "es_GT", "es_HN",  "es_MX", "es_NI", "es_PA",
-    "es_PE", "es_PR", "es_SV", "es_US", "gsw_CH", "it_CH", "rm_CH"};
-constexpr std::array<std::string_view, 2> kCommaCountries = {"en_DK", "en_ZA"};
-
-template <std::size_t kSize>
-bool Holds(const std::array<std::string_view, kSize>& list, std::string_view name) {
-  return std::find(list.begin(), list.end(), name) != list.end();
-}
 
 // Longest finite double without exponent: a sign, 309 digits; smallest: "0." and
 // 1074 digits at most, of which the shortest form has far fewer.
@@ -76,21 +57,6 @@ void Increment(std::string& numeral) {
 }
 
 }  // namespace
-
-Locale NamedLocale(std::string_view name) {
-  name = name.substr(0, name.find_first_of(".@"));
-  if (Holds(kPointCountries, name)) return kPoint;
-  if (Holds(kCommaCountries, name)) return kGerman;
-  return Holds(kPointLanguages, name.substr(0, name.find('_'))) ? kPoint : kGerman;
-}
-
-Locale SystemLocale() {
-  for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
-    const char* name = std::getenv(variable);
-    if (name != nullptr && *name != '\0') return NamedLocale(name);
-  }
-  return kGerman;
-}
 
 std::string FormatFixed(double value, const Locale& locale) {
   RequireFinite(value);

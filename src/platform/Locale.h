@@ -13,13 +13,6 @@ struct Locale {
   char decimal_separator = ',';
 };
 
-// The locale of a name like "de_DE.UTF-8", by its language and country. The empty
-// name, "C" and "POSIX" name none and give the German one.
-Locale NamedLocale(std::string_view name);
-
-// The user's locale as the environment names it (LC_ALL, LC_NUMERIC, LANG).
-Locale SystemLocale();
-
 // "Fixed": at least one digit before the decimal separator, exactly two after
 // it, no thousands separators. Halves of the number's shortest decimal text are
 // rounded away from zero: 0.125 gives "0,13". What rounds to zero has no sign.

@@ -110,15 +110,5 @@ TEST(Numbers, VeryLongTextsAreReadOrRefused) {
   EXPECT_EQ(ParseNumber(zeros + "1", kGerman), 1.0);
 }
 
-TEST(Locales, TheNameDecidesTheSeparator) {
-  for (const char* comma : {"", "C", "POSIX", "C.UTF-8", "de_DE.UTF-8", "de_AT", "fr_FR", "es_ES",
-                            "en_ZA.UTF-8", "unheard_OF"}) {
-    EXPECT_EQ(NamedLocale(comma).decimal_separator, ',') << comma;
-  }
-  for (const char* point : {"en_US.UTF-8", "en", "de_CH.UTF-8@euro", "zh_CN", "ja_JP", "es_MX"}) {
-    EXPECT_EQ(NamedLocale(point).decimal_separator, '.') << point;
-  }
-}
-
 }  // namespace
 }  // namespace pactora::platform

@@ -4,6 +4,7 @@
 //
 // "pactora desktop DB" starts it.
 #include <QApplication>
+#include <QLocale>
 #include <QSettings>
 #include <QTimer>
 #include <cstdio>
@@ -82,6 +83,13 @@ bool HasScreen() {
   return false;
 }
 
+// Where the machine names no language, numbers are German like everything else.
+platform::Locale MachineLocale() {
+  const QLocale system = QLocale::system();
+  const bool point = system.decimalPoint() == QStringLiteral(".");
+  return {system.language() != QLocale::C && point ? '.' : ','};
+}
+
 int Main(int argc, char** argv) {
   if (argc != 2) return Complain("Aufruf: pactora desktop DB", Status::BadInput);
   if (!HasScreen())
@@ -89,7 +97,7 @@ int Main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setOrganizationName(QStringLiteral("Pactora"));
   QApplication::setApplicationName(QStringLiteral("Pactora"));
-  const platform::Locale locale = platform::SystemLocale();
+  const platform::Locale locale = MachineLocale();
   UseGerman(application, locale);
   QApplication::setWindowIcon(ProgramIcon());
   QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Pactora"),
