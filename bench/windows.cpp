@@ -125,7 +125,7 @@ void MeasureWindow(const std::string& database) {
           window->show();
           QApplication::processEvents();
         }));
-  ListPage& list = window->Addresses().Addresses();
+  ListPage& list = window->Addresses().List();
   double longest = 0;
   Print("read all addresses", Measure([&] { longest = LongestWait(list); }));
   Print("  longest wait meanwhile", longest);

@@ -45,7 +45,7 @@ void MakeMainWindowPictures(OpenDatabase& database, const QString& takeover_list
   window.show();
   window.FinishReading();
   QApplication::processEvents();
-  window.Addresses().Addresses().Reveal(database.Current(table::Adressen));
+  window.Addresses().List().Reveal(database.Current(table::Adressen));
   if (auto* tree = window.findChild<QTreeView*>(QStringLiteral("contracts"))) tree->expandAll();
   pictures.TakeAsItIs(window, "main");
 

@@ -45,12 +45,11 @@ void Prepare(QTreeView& tree, ContractTree& contracts) {
 }  // namespace
 
 AddressPage::AddressPage(OpenDatabase& database, QWidget* parent)
-    : QWidget(parent),
+    : Page(parent),
       database_(database),
       addresses_(database, AddressList(), QStringLiteral("addresses"),
                  QStringLiteral("Adresse suchen")),
       contracts_(database) {
-  addresses_.Table().setAccessibleName(QStringLiteral("Adressen"));
   addresses_.Table().Chosen = [this](const ListRow& row) { ChooseAddress(row.oid); };
 
   auto* split = new QSplitter(Qt::Horizontal);
@@ -132,7 +131,7 @@ void AddressPage::ShowCurrent() {
     ShowAddress(address);
     ShowContract(contract);
   });
-  if (AddressChanged) AddressChanged();
+  if (ChoiceChanged) ChoiceChanged();
 }
 
 void AddressPage::ShowAddress(store::Oid address) {

@@ -9,8 +9,6 @@
 #include <QLabel>
 #include <QTabWidget>
 #include <QTreeView>
-#include <QWidget>
-#include <functional>
 
 #include "desktop/main_window/ContractTree.h"
 #include "desktop/main_window/ListPage.h"
@@ -20,20 +18,14 @@
 
 namespace pactora::desktop {
 
-class AddressPage final : public QWidget {
+class AddressPage final : public Page {
  public:
   // The database must outlive the page.
   explicit AddressPage(OpenDatabase& database, QWidget* parent = nullptr);
 
-  ListPage& Addresses() { return addresses_; }
-
-  // Reads everything anew.
-  void Reload();
-  // Shows the current rows as they are in the database now.
-  void ShowCurrent();
-
-  // Another address is the current one, or none.
-  std::function<void()> AddressChanged;
+  ListPage& List() override { return addresses_; }
+  void Reload() override;
+  void ShowCurrent() override;
 
  private:
   QWidget* MakeRight();

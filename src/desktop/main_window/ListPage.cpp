@@ -1,8 +1,10 @@
 #include "desktop/main_window/ListPage.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLocale>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -12,7 +14,7 @@ namespace pactora::desktop {
 
 ListPage::ListPage(OpenDatabase& database, const ListKind& kind, const QString& name,
                    const QString& search, QWidget* parent)
-    : QWidget(parent),
+    : Page(parent),
       database_(database),
       kind_(kind),
       model_(kind.columns),
@@ -28,6 +30,7 @@ ListPage::ListPage(OpenDatabase& database, const ListKind& kind, const QString& 
     model_.SetWords(text);
     ShowCount();
   });
+  table_.setAccessibleName(kind.things);
   table_.setSortingEnabled(true);
   table_.sortByColumn(kind.sorted_by, Qt::AscendingOrder);
   count_.setObjectName(name + QStringLiteral("_count"));
@@ -52,6 +55,16 @@ void ListPage::Reveal(std::int64_t key) {
 void ListPage::Search() {
   search_.setFocus(Qt::ShortcutFocusReason);
   search_.selectAll();
+}
+
+void ListPage::AddTool(QAction& action) {
+  auto* button = new QPushButton(action.iconText());
+  button->setToolTip(action.toolTip());
+  button->setEnabled(action.isEnabled());
+  connect(button, &QPushButton::clicked, &action, &QAction::trigger);
+  connect(&action, &QAction::changed, button,
+          [button, &action] { button->setEnabled(action.isEnabled()); });
+  AddTool(*button);
 }
 
 void ListPage::SetCondition(std::function<bool(const ListRow& row)> condition) {
@@ -82,7 +95,7 @@ bool ListPage::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
   }
-  return QWidget::eventFilter(watched, event);
+  return Page::eventFilter(watched, event);
 }
 
 }  // namespace pactora::desktop

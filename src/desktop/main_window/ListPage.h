@@ -4,17 +4,17 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QWidget>
 
 #include "desktop/main_window/ListLoader.h"
 #include "desktop/main_window/ListModel.h"
 #include "desktop/main_window/ListTable.h"
 #include "desktop/main_window/OpenDatabase.h"
+#include "desktop/main_window/Page.h"
 #include "desktop/main_window/lists.h"
 
 namespace pactora::desktop {
 
-class ListPage final : public QWidget {
+class ListPage : public Page {
  public:
   // name becomes the table's object name, with "_search" behind it that of the line.
   // The database must outlive the page.
@@ -22,10 +22,12 @@ class ListPage final : public QWidget {
            QWidget* parent = nullptr);
 
   ListTable& Table() { return table_; }
+  const ListTable& Table() const { return table_; }
   ListModel& Model() { return model_; }
 
+  ListPage& List() override { return *this; }
   // Reads the list anew, bit by bit; the chosen row stays chosen.
-  void Reload();
+  void Reload() override;
   // Reads the rest at once.
   void Finish() { loader_.Finish(); }
   bool Reading() const { return loader_.Running(); }
@@ -35,10 +37,13 @@ class ListPage final : public QWidget {
   void Search();
   // More things beside the line, in a row.
   void AddTool(QWidget& widget) { tools_->addWidget(&widget); }
+  // A button for the action, which must outlive the page.
+  void AddTool(QAction& action);
   // Shows the rows for which this is true; null for all.
   void SetCondition(std::function<bool(const ListRow& row)> condition);
 
  protected:
+  OpenDatabase& Database() { return database_; }
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -3,18 +3,15 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QScreen>
-#include <QSpinBox>
 #include <QStatusBar>
 #include <QToolBar>
-#include <algorithm>
+#include <vector>
 
 #include "automation/dataset/dataset_files.h"
 #include "automation/deadlines/deadlines.h"
@@ -22,74 +19,31 @@
 #include "desktop/MessageBox.h"
 #include "desktop/main_window/Progress.h"
 #include "desktop/main_window/TakeoverWindow.h"
-#include "desktop/main_window/lists.h"
 #include "desktop/text.h"
-#include "host/HostTable.h"
 #include "schema/names.h"
 
 namespace pactora::desktop {
 namespace {
 
 namespace table = schema::table;
-namespace field = schema::field;
-
-constexpr int kFirstWeeks = 26;
-
-// Whether one must act on the row so many weeks ahead at most; 0 is any time.
-bool Within(const ListRow& row, platform::Date today, int weeks) {
-  return weeks == 0 || deadlines::IsWithin(row.act_by, today, weeks);
-}
-
-QSpinBox* WeekBox(const QString& name) {
-  auto* box = new QSpinBox;
-  box->setObjectName(name);
-  box->setRange(0, deadlines::kMostWeeks);
-  box->setPrefix(QStringLiteral("in den nächsten "));
-  box->setSuffix(QStringLiteral(" Wochen"));
-  box->setSpecialValueText(QStringLiteral("jederzeit"));
-  box->setValue(kFirstWeeks);
-  box->setAccessibleName(QStringLiteral("Zeitraum"));
-  return box;
-}
-
-QPushButton* ActionButton(QAction& action) {
-  auto* button = new QPushButton(action.iconText());
-  button->setToolTip(action.toolTip());
-  button->setEnabled(action.isEnabled());
-  QObject::connect(button, &QPushButton::clicked, &action, &QAction::trigger);
-  QObject::connect(&action, &QAction::changed, button,
-                   [button, &action] { button->setEnabled(action.isEnabled()); });
-  return button;
-}
-
 }  // namespace
 
 MainWindow::MainWindow(OpenDatabase& database, WindowMemory& memory)
     : database_(database),
       memory_(memory),
       addresses_(database),
-      types_(database, TypeList(), QStringLiteral("types"), QStringLiteral("Vertragstyp suchen")),
-      deadlines_(database, DeadlineList(), QStringLiteral("deadlines"),
-                 QStringLiteral("Frist suchen")),
-      appointments_(database, AppointmentList(), QStringLiteral("appointments"),
-                    QStringLiteral("Termin suchen")) {
+      types_(database),
+      deadlines_(database),
+      appointments_(database) {
   setObjectName(QStringLiteral("main"));
   setWindowTitle(QStringLiteral("%1 – Pactora").arg(ToQt(database.Store().ReadProfile().name)));
   database_.Screen().SetMainWindow(this);
   MakeActions();
-  MakeTypePage();
-  MakeDeadlinePage();
-  MakeAppointmentPage();
-
+  MakePages();
   pages_.setObjectName(QStringLiteral("pages"));
   pages_.setDocumentMode(true);
-  pages_.addTab(&addresses_, QStringLiteral("Adressen"));
-  pages_.addTab(&types_, QStringLiteral("Vertragstypen"));
-  pages_.addTab(&deadlines_, QStringLiteral("Fristen"));
-  pages_.addTab(&appointments_, QStringLiteral("Termine"));
   setCentralWidget(&pages_);
   connect(&pages_, &QTabWidget::currentChanged, this, [this] { ReloadPage(); });
-  addresses_.AddressChanged = [this] { ShowChoice(); };
 
   const QString file = ToQt(database.Name());
   auto* where = new QLabel(QStringLiteral("Benutzer: %1   Datenbank: %2")
@@ -103,7 +57,7 @@ MainWindow::MainWindow(OpenDatabase& database, WindowMemory& memory)
   resize(wanted.boundedTo(screen()->availableSize()));
   memory_.Restore(*this);
   Reload();
-  addresses_.Addresses().Search();
+  addresses_.List().Search();
 }
 
 MainWindow::~MainWindow() {
@@ -184,92 +138,42 @@ void MainWindow::MakeLookMenu(QMenu& menu) {
   add(QStringLiteral("&dunkel"), Theme::Dark);
 }
 
-void MainWindow::MakeTypePage() {
-  types_.Table().setAccessibleName(QStringLiteral("Vertragstypen"));
-  types_.Table().Chosen = [this](const ListRow& row) {
-    database_.Do([&] { database_.GoTo(table::vv_Vertragsdefinitionen, row.oid); });
-    ShowChoice();
-  };
+void MainWindow::MakePages() {
+  const char* const titles[] = {"Adressen", "Vertragstypen", "Fristen", "Termine"};
+  const std::vector<Page*> pages = Pages();
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    pages_.addTab(pages[i], QString::fromUtf8(titles[i]));
+    pages[i]->ChoiceChanged = [this] { ShowChoice(); };
+    pages[i]->ContractAsked = [this](store::Oid contract) { ShowContract(contract); };
+  }
   types_.Table().Opened = [this](const ListRow&) { EditType(); };
-  types_.AddTool(*ActionButton(*findChild<QAction*>(QStringLiteral("new_type"))));
-  types_.AddTool(*ActionButton(*edit_type_));
+  types_.AddTool(*findChild<QAction*>(QStringLiteral("new_type")));
+  types_.AddTool(*edit_type_);
+  deadlines_.AddTool(*findChild<QAction*>(QStringLiteral("calendar")));
+  appointments_.AddTool(*tick_);
 }
 
-void MainWindow::MakeDeadlinePage() {
-  deadlines_.Table().setAccessibleName(QStringLiteral("Fristen"));
-  deadlines_.Table().Opened = [this](const ListRow& row) { ShowContract(row.oid); };
-  QSpinBox* weeks = WeekBox(QStringLiteral("deadlines_weeks"));
-  const auto select = [this, weeks] {
-    const platform::Date today = database_.Clock().Today();
-    deadlines_.SetCondition(
-        [today, limit = weeks->value()](const ListRow& row) { return Within(row, today, limit); });
-  };
-  connect(weeks, &QSpinBox::valueChanged, this, select);
-  select();
-  deadlines_.AddTool(*weeks);
-  deadlines_.AddTool(*ActionButton(*findChild<QAction*>(QStringLiteral("calendar"))));
-}
-
-void MainWindow::MakeAppointmentPage() {
-  appointments_.Table().setAccessibleName(QStringLiteral("Termine"));
-  appointments_.Table().Chosen = [this](const ListRow&) { ShowChoice(); };
-  appointments_.Table().Opened = [this](const ListRow& row) {
-    store::Record record;
-    if (database_.Read([&] {
-          database_.Store().Read(database_.Table(table::vv_VertragsAktivitaeten), row.oid, record);
-        }))
-      ShowContract(record.parent);
-  };
-  QSpinBox* weeks = WeekBox(QStringLiteral("appointments_weeks"));
-  auto* done = new QCheckBox(QStringLiteral("auch erledigte"));
-  done->setObjectName(QStringLiteral("appointments_done"));
-  const auto select = [this, weeks, done] {
-    const platform::Date today = database_.Clock().Today();
-    appointments_.SetCondition(
-        [today, limit = weeks->value(), all = done->isChecked()](const ListRow& row) {
-          return (all || !row.done) && Within(row, today, limit);
-        });
-  };
-  connect(weeks, &QSpinBox::valueChanged, this, select);
-  connect(done, &QCheckBox::toggled, this, select);
-  select();
-  appointments_.AddTool(*done);
-  appointments_.AddTool(*weeks);
-  appointments_.AddTool(*ActionButton(*tick_));
-}
-
-ListPage* MainWindow::PageShown() const {
-  if (pages_.currentWidget() == &addresses_)
-    return &const_cast<AddressPage&>(addresses_).Addresses();
-  return dynamic_cast<ListPage*>(pages_.currentWidget());
-}
+Page& MainWindow::PageShown() const { return dynamic_cast<Page&>(*pages_.currentWidget()); }
 
 void MainWindow::Reload() {
-  stale_ = {&addresses_, &types_, &deadlines_, &appointments_};
+  stale_ = Pages();
   ReloadPage();
 }
 
 void MainWindow::ReloadPage() {
-  QWidget* page = pages_.currentWidget();
-  const bool read = std::erase(stale_, page) > 0;
-  if (page == &addresses_) {
-    // The add-on may have gone elsewhere meanwhile.
-    read ? addresses_.Reload() : addresses_.ShowCurrent();
-  } else if (read) {
-    static_cast<ListPage*>(page)->Reload();
-  }
+  Page& page = PageShown();
+  // The add-on may have gone elsewhere meanwhile.
+  std::erase(stale_, &page) > 0 ? page.Reload() : page.ShowCurrent();
   ShowChoice();
 }
 
 void MainWindow::FinishReading() {
-  for (ListPage* page : {&addresses_.Addresses(), &types_, &deadlines_, &appointments_})
-    page->Finish();
+  for (Page* page : Pages()) page->List().Finish();
 }
 
 void MainWindow::ShowWork() {
   stale_ = {&types_, &deadlines_, &appointments_};
-  if (const store::Oid type = database_.Current(table::vv_Vertragsdefinitionen); type != 0)
-    types_.Table().ShowChoice(type);
+  types_.ShowCurrent();
   ReloadPage();
 }
 
@@ -278,14 +182,13 @@ void MainWindow::ShowChoice() {
     new_contract_->setEnabled(database_.Current(table::Adressen) != 0);
     edit_type_->setEnabled(database_.Current(table::vv_Vertragsdefinitionen) != 0);
   });
-  tick_->setEnabled(pages_.currentWidget() == &appointments_ &&
-                    appointments_.Table().currentIndex().isValid());
+  tick_->setEnabled(&PageShown() == &appointments_ && appointments_.HasChoice());
 }
 
 void MainWindow::ShowContract(store::Oid contract) {
   database_.Do([&] { database_.GoTo(table::vv_Vertraege, contract); });
   pages_.setCurrentWidget(&addresses_);
-  database_.Read([this] { addresses_.Addresses().Reveal(database_.Current(table::Adressen)); });
+  database_.Read([this] { addresses_.List().Reveal(database_.Current(table::Adressen)); });
 }
 
 void MainWindow::NewContract() {
@@ -320,16 +223,8 @@ void MainWindow::EditType() {
 }
 
 void MainWindow::TickAppointment() {
-  const QModelIndex index = appointments_.Table().currentIndex();
-  if (!index.isValid()) return;
-  const ListRow row = appointments_.Model().Row(index.row());
-  database_.Do([&] {
-    database_.GoTo(table::vv_VertragsAktivitaeten, row.oid);
-    const auto live = database_.Session().Host().Table(table::vv_VertragsAktivitaeten);
-    live->BeginEdit();
-    live->Fields().Item(field::Erledigt).SetValue(!row.done);
-    live->Store(host::kFlagsUsual);
-  });
+  if (!appointments_.HasChoice()) return;
+  appointments_.Tick();
   ShowWork();
 }
 
@@ -407,9 +302,7 @@ void MainWindow::AskTakeover() {
   Reload();
 }
 
-void MainWindow::SearchPage() {
-  if (ListPage* page = PageShown()) page->Search();
-}
+void MainWindow::SearchPage() { PageShown().List().Search(); }
 
 void MainWindow::TellAbout() {
   ShowMessageBox({std::string("Pactora ") + PACTORA_VERSION +

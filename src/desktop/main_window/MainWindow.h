@@ -9,13 +9,11 @@
 #include <vector>
 
 #include "desktop/main_window/AddressPage.h"
-#include "desktop/main_window/ListPage.h"
 #include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/WindowMemory.h"
+#include "desktop/main_window/list_pages.h"
 
 class QAction;
-class QCheckBox;
-class QSpinBox;
 
 namespace pactora::desktop {
 
@@ -26,9 +24,9 @@ class MainWindow final : public QMainWindow {
   ~MainWindow() override;
 
   AddressPage& Addresses() { return addresses_; }
-  ListPage& Types() { return types_; }
-  ListPage& Deadlines() { return deadlines_; }
-  ListPage& Appointments() { return appointments_; }
+  TypePage& Types() { return types_; }
+  DeadlinePage& Deadlines() { return deadlines_; }
+  AppointmentPage& Appointments() { return appointments_; }
 
   // Reads everything anew.
   void Reload();
@@ -58,9 +56,7 @@ class MainWindow final : public QMainWindow {
  private:
   void MakeActions();
   void MakeLookMenu(QMenu& menu);
-  void MakeTypePage();
-  void MakeDeadlinePage();
-  void MakeAppointmentPage();
+  void MakePages();
   QAction* Add(QMenu& menu, const char* name, const QString& text, const QKeySequence& keys,
                void (MainWindow::*act)());
 
@@ -73,7 +69,8 @@ class MainWindow final : public QMainWindow {
   void TellAbout();
   void Quit();
 
-  ListPage* PageShown() const;
+  std::vector<Page*> Pages() { return {&addresses_, &types_, &deadlines_, &appointments_}; }
+  Page& PageShown() const;
   // After work that may have changed anything in the database but addresses.
   void ShowWork();
   void ReloadPage();
@@ -84,10 +81,10 @@ class MainWindow final : public QMainWindow {
   WindowMemory& memory_;
   QTabWidget pages_;
   AddressPage addresses_;
-  ListPage types_;
-  ListPage deadlines_;
-  ListPage appointments_;
-  std::vector<QWidget*> stale_;  // pages that are read when they come up
+  TypePage types_;
+  DeadlinePage deadlines_;
+  AppointmentPage appointments_;
+  std::vector<Page*> stale_;  // pages that are read when they come up
   QAction* new_contract_ = nullptr;
   QAction* edit_type_ = nullptr;
   QAction* tick_ = nullptr;

@@ -59,7 +59,7 @@ TEST_F(MainWindowTest, WhereTheAddOnHasGoneIsShown) {
   desk->Session().Host().Table(table::Adressen)->MoveFirst(host::kFlagsUsual);
   window->Addresses().ShowCurrent();
   EXPECT_EQ(Text("address_name"), "Ahornweiler Maschinenbau GmbH");
-  EXPECT_EQ(window->Addresses().Addresses().Table().currentIndex().data(),
+  EXPECT_EQ(window->Addresses().List().Table().currentIndex().data(),
             "Ahornweiler Maschinenbau GmbH");
   desk->GoTo(table::Adressen, 0);
   window->Addresses().ShowCurrent();
@@ -90,7 +90,7 @@ TEST_F(MainWindowTest, SearchingFindsWithoutAccentsAndGoesOnByKeyboard) {
   WindowUser user = User();
   user.Click("addresses_search");
   user.Keys("OVEL zahn");
-  ListPage& list = window->Addresses().Addresses();
+  ListPage& list = window->Addresses().List();
   ASSERT_EQ(list.Model().rowCount(), 1);
   EXPECT_EQ(Text("addresses_count"), "Adressen: 1 von 41");
   user.Key(Qt::Key_Down);
@@ -115,9 +115,8 @@ TEST_F(MainWindowTest, ANewContractIsConcludedAndShown) {
   const QAbstractItemModel& contracts = *window->findChild<QTreeView*>("contracts")->model();
   ASSERT_EQ(contracts.rowCount(), 1);
   EXPECT_EQ(CurrentText(table::vv_Vertraege, field::Vertragnummer), "00000004");
-  const int row = window->Addresses().Addresses().Model().Find(desk->Current(table::Adressen));
-  EXPECT_THAT(Texts(window->Addresses().Addresses(), row),
-              ElementsAre("Bäckerei Quendelbach", "1"));
+  const int row = window->Addresses().List().Model().Find(desk->Current(table::Adressen));
+  EXPECT_THAT(Texts(window->Addresses().List(), row), ElementsAre("Bäckerei Quendelbach", "1"));
 }
 
 TEST_F(MainWindowTest, AContractTypeIsMadeAndChanged) {
