@@ -19,8 +19,8 @@
 namespace pactora::takeover {
 namespace {
 
-constexpr std::array<std::string_view, 5> kColumns = {"Zeile", "Schlüssel", "Ergebnis",
-                                                      "Vertragsnummer", "Meldung"};
+constexpr std::array<std::string_view, 5> kReportColumns = {"Zeile", "Schlüssel", "Ergebnis",
+                                                            "Vertragsnummer", "Meldung"};
 constexpr const char* kOfEarlierList = "aus einer früheren Liste";
 
 constexpr std::array<std::pair<Outcome, std::string_view>, 4> kTexts = {{
@@ -32,7 +32,7 @@ constexpr std::array<std::pair<Outcome, std::string_view>, 4> kTexts = {{
 
 const std::string& Header() {
   static const std::string header =
-      formats::CsvLine({kColumns.begin(), kColumns.end()}, formats::kSeparator);
+      formats::CsvLine({kReportColumns.begin(), kReportColumns.end()}, formats::kSeparator);
   return header;
 }
 
@@ -47,7 +47,7 @@ bool IsWhole(const std::string& line) {
   try {
     const std::vector<formats::CsvRow> rows = formats::ReadCsv(line, formats::kSeparator);
     return rows.size() == 1 && rows.front().fault.empty() &&
-           rows.front().cells.size() == kColumns.size();
+           rows.front().cells.size() == kReportColumns.size();
   } catch (const platform::Error&) {
     return false;
   }
@@ -127,7 +127,7 @@ void Report::Load() {
 }
 
 void Report::LoadLine(const std::vector<std::string>& cells) {
-  if (cells.size() != kColumns.size()) return;
+  if (cells.size() != kReportColumns.size()) return;
   const std::string& key = cells[1];
   const std::string& number = cells[3];
   const auto is = [&](Outcome outcome) { return cells[2] == takeover::Text(outcome); };
@@ -200,8 +200,8 @@ void Report::Write(formats::JsonWriter& out) const {
   for (const ReportLine& line : AllLines()) {
     const std::vector<std::string> cells = Cells(line);
     out.BeginObject();
-    for (std::size_t i = 0; i < kColumns.size(); ++i) {
-      out.Key(kColumns[i]);
+    for (std::size_t i = 0; i < kReportColumns.size(); ++i) {
+      out.Key(kReportColumns[i]);
       if (i == 0 && line.line == 0)
         out.Null();
       else if (i == 0)

@@ -30,7 +30,7 @@ ListPage::ListPage(OpenDatabase& database, const ListKind& kind, const QString& 
     model_.SetWords(text);
     ShowCount();
   });
-  table_.setAccessibleName(kind.things);
+  table_.setAccessibleName(ToQt(kind.list.title));
   table_.setSortingEnabled(true);
   table_.sortByColumn(kind.sorted_by, Qt::AscendingOrder);
   count_.setObjectName(name + QStringLiteral("_count"));

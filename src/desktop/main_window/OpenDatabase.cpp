@@ -39,7 +39,7 @@ std::string OpenDatabase::UserName() {
 store::TableId OpenDatabase::Table(std::string_view name) { return Store().Catalog().Table(name); }
 
 const host::Value& OpenDatabase::Cell(store::TableId table, const store::Record& record,
-                              std::string_view field) {
+                                      std::string_view field) {
   return store::RowView(Store().Catalog().tables[table], record)[field];
 }
 

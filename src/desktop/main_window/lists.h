@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "automation/lists/lists.h"
-#include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/ListLoader.h"
 #include "desktop/main_window/ListModel.h"
 #include "desktop/main_window/OpenDatabase.h"
