@@ -31,9 +31,12 @@ void Place::FailUnknownKey(std::string_view key) const {
 
 Place JsonBuilder::Here() const {
   Place place = place_;
-  for (const Level& level : open_)
-    place =
-        level.container->is_array() ? place.Element(level.container->size()) : place.Key(level.key);
+  for (const Level& level : open_) {
+    // An array that is not the innermost holds the container inside it already.
+    const std::size_t inside = &level == &open_.back() ? 0 : 1;
+    place = level.container->is_array() ? place.Element(level.container->size() - inside)
+                                        : place.Key(level.key);
+  }
   return place;
 }
 

@@ -55,7 +55,7 @@ TEST(Json, WhatIsNoneIsRefusedNamingThePlace) {
       {"{} {}", "x: Zeile 1, Spalte 4: kein gültiges JSON (bei „{} {“)"},
       {"{\"\xFC\"", "x: Zeile 1, Spalte 3: kein gültiges JSON (kein UTF-8)"},
       {"{\"a\": [1e400]}", "x: Stelle 12: die Zahl 1e400 ist zu groß"},
-      {R"({"a": {"b": 1, "c": 1, "b": 2}})", "x: a.b: der Schlüssel steht doppelt da"},
+      {R"({"a": [0, {"b": 1, "c": 1, "b": 2}]})", "x: a[1].b: der Schlüssel steht doppelt da"},
       {std::string(100000, '['), "zu tief geschachtelt"},
   };
   for (const auto& [text, message] : cases) {
