@@ -51,8 +51,7 @@ TextTable ReadList(store::RecordStore& store, const ListArguments& arguments) {
     columns.push_back({std::string(column.title), std::string(column.key)});
   TextTable text(std::move(columns));
   const platform::Date today = ClockFor(arguments.today)->Today();
-  const auto codes = arguments.json ? lists::Codes::AsStored : lists::Codes::InWords;
-  for (lists::Row& row : lists::ListReader(list, store, today, codes).Rest())
+  for (lists::Row& row : lists::ListReader(list, store, today, lists::Codes::AsStored).Rest())
     if (!arguments.within || deadlines::IsWithin(row.act_by, today, *arguments.within))
       text.Add(std::move(row.cells));
   if (!arguments.calendar.empty()) {
