@@ -153,7 +153,8 @@ void MeasureWindow(const std::string& database) {
   Print("choose an address, longest", choose);
   MeasureDialogs(*window, opened);
   auto& pages = *window->findChild<QTabWidget*>(QStringLiteral("pages"));
-  for (ListPage* page : {&window->Deadlines(), &window->Appointments()}) {
+  for (ListPage* page :
+       std::initializer_list<ListPage*>{&window->Deadlines(), &window->Appointments()}) {
     pages.setCurrentWidget(page);
     Print("read another page", Measure([&] { longest = LongestWait(*page); }));
     Print("  longest wait meanwhile", longest);
