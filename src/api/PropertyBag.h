@@ -1,6 +1,7 @@
 // An object that is read and written by property name.
 #pragma once
 
+#include <iterator>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,7 @@ struct PropertyName {
 template <typename Members>
 std::vector<PropertyName> NamesOf(const Members& members) {
   std::vector<PropertyName> names;
+  names.reserve(std::size(members));
   for (const auto& member : members)
     names.push_back({member.name, static_cast<PropertyType>(member.pointer.index())});
   return names;
