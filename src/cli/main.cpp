@@ -58,7 +58,7 @@ const CLI::App& Chosen(const CLI::App& app) {
 }
 
 std::string FullName(const CLI::App& command) {
-  const std::string name = command.get_name();
+  const std::string& name = command.get_name();
   return command.get_parent() ? FullName(*command.get_parent()) + " " + name : name;
 }
 

@@ -61,8 +61,8 @@ std::string UsualReport(const std::string& list) {
   return list + ".bericht.csv";
 }
 
-Job::Job(Order order)
-    : order_(Checked(std::move(order))),
+Job::Job(const Order& order)
+    : order_(Checked(order)),
       list_(ReadListFile(order_.list)),
       report_(order_.report),
       list_is_rejected_(order_.list != formats::kStandardStream &&

@@ -35,7 +35,7 @@ class Job {
  public:
   // Reads the list and the report of an earlier run. Raises DoorError::BadInput for
   // what is no list or no report, and where one file is to be two things.
-  explicit Job(Order order);
+  explicit Job(const Order& order);
 
   std::size_t Size() const { return list_.lines.size(); }
 
