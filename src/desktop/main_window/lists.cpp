@@ -16,6 +16,7 @@ namespace field = schema::field;
 ListKind Shown(const lists::List& list,
                const std::vector<std::pair<std::string_view, int>>& columns) {
   std::vector<std::string_view> keys;
+  keys.reserve(columns.size());
   for (const auto& column : columns) keys.push_back(column.first);
   ListKind kind{lists::ListOf(list, keys), {}};
   for (std::size_t i = 0; i < columns.size(); ++i) {
