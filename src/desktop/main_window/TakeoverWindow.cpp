@@ -1,11 +1,14 @@
 #include "desktop/main_window/TakeoverWindow.h"
 
-#include <QApplication>
 #include <QDialogButtonBox>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <exception>
+#include <memory>
 #include <utility>
 
 #include "automation/formats/errors.h"
@@ -23,6 +26,23 @@ std::vector<ListColumn> LineColumns() {
           {"Ergebnis", CellKind::Text, 13},
           {"Vertrag", CellKind::Text, 14},
           {"Meldung", CellKind::Text, 50}};
+}
+
+// The lines from that one on, as rows of the table.
+std::vector<ListRow> RowsFrom(const takeover::Job& job, std::size_t first) {
+  std::vector<ListRow> rows;
+  for (std::size_t i = first; i < job.Lines().size(); ++i) {
+    const takeover::ReportLine& line = job.Lines()[i];
+    const bool bad = line.outcome != takeover::Outcome::Created &&
+                     line.outcome != takeover::Outcome::Skipped;
+    const auto key = static_cast<std::int64_t>(line.line);
+    rows.push_back({key,
+                    key,
+                    {static_cast<std::int32_t>(line.line), takeover::Text(line.outcome),
+                     line.number, line.message},
+                    bad});
+  }
+  return rows;
 }
 
 }  // namespace
@@ -125,10 +145,8 @@ void TakeoverWindow::ChooseReport() {
 
 void TakeoverWindow::Start() {
   if (running_) return;
-  stop_asked_ = false;
   SetRunning(true);
   lines_.Clear();
-  shown_ = 0;
   try {
     takeover::Job job(
         {database_, FromQt(list_.text()), FromQt(report_.text()), rehearsal_.isChecked()});
@@ -144,25 +162,48 @@ void TakeoverWindow::Start() {
 
 void TakeoverWindow::Run(takeover::Job& job) {
   outcome_.setText(QStringLiteral("Die Liste wird eingegeben …"));
+  // The job is the worker's until that has finished.
+  std::size_t sent = 0;
+  takeover::Run::Count count;
+  std::exception_ptr failure;
   QElapsedTimer since;
-  since.start();
   const auto after_line = [&] {
     if (since.elapsed() >= kShowProgressEveryMs) {
-      ShowLines(job);
-      QApplication::processEvents();
+      QMetaObject::invokeMethod(
+          this, [this, rows = RowsFrom(job, sent)] { ShowRows(rows); }, Qt::QueuedConnection);
+      sent = job.Lines().size();
       since.restart();
     }
-    if (stop_asked_) formats::RaiseInterrupted();
+    if (QThread::currentThread()->isInterruptionRequested()) formats::RaiseInterrupted();
   };
+  const std::unique_ptr<QThread> worker(QThread::create([&] {
+    since.start();
+    try {
+      count = job.CarryOut(clock_, after_line);
+    } catch (...) {
+      failure = std::current_exception();
+    }
+  }));
+  QEventLoop until_finished;
+  connect(worker.get(), &QThread::finished, &until_finished, &QEventLoop::quit);
+  worker_ = worker.get();
+  worker->start();
+  until_finished.exec();
+  worker->wait();
+  worker_ = nullptr;
+
+  ShowRows(RowsFrom(job, sent));
+  const auto is_created = [](const takeover::ReportLine& line) {
+    return line.outcome == takeover::Outcome::Created;
+  };
+  if (!rehearsal_.isChecked() && std::ranges::any_of(job.Lines(), is_created)) changed_ = true;
   try {
-    const auto count = job.CarryOut(clock_, after_line);
-    ShowLines(job);
+    if (failure) std::rethrow_exception(failure);
     QString text = ToQt(count.Text());
     if (rehearsal_.isChecked()) text += QStringLiteral(" (%1)").arg(ToQt(workspace::kRehearsed));
     for (const std::string& sentence : job.FilesLeft()) text += QChar(u'\n') + ToQt(sentence);
     outcome_.setText(text);
   } catch (const platform::Error& error) {
-    ShowLines(job);
     outcome_.setText(QStringLiteral("Angehalten nach %1 von %2 Zeilen; %3")
                          .arg(job.Lines().size())
                          .arg(job.Size())
@@ -173,27 +214,16 @@ void TakeoverWindow::Run(takeover::Job& job) {
   }
 }
 
-void TakeoverWindow::ShowLines(const takeover::Job& job) {
-  std::vector<ListRow> rows;
-  for (; shown_ < job.Lines().size(); ++shown_) {
-    const takeover::ReportLine& line = job.Lines()[shown_];
-    const bool created = line.outcome == takeover::Outcome::Created;
-    const bool bad = !created && line.outcome != takeover::Outcome::Skipped;
-    changed_ = changed_ || (created && !rehearsal_.isChecked());
-    const auto key = static_cast<std::int64_t>(line.line);
-    rows.push_back({key,
-                    key,
-                    {static_cast<std::int32_t>(line.line), takeover::Text(line.outcome),
-                     line.number, line.message},
-                    bad});
-  }
+void TakeoverWindow::ShowRows(std::vector<ListRow> rows) {
   lines_.Add(std::move(rows));
   lines_.Publish();
   table_.scrollToBottom();
-  progress_.setValue(static_cast<int>(shown_));
+  progress_.setValue(static_cast<int>(lines_.All()));
 }
 
-void TakeoverWindow::Stop() { stop_asked_ = running_; }
+void TakeoverWindow::Stop() {
+  if (worker_) worker_->requestInterruption();
+}
 
 void TakeoverWindow::SetRunning(bool running) {
   running_ = running;

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QThread>
 #include <memory>
 #include <string>
 
@@ -20,13 +21,14 @@ namespace pactora::desktop {
 
 class TakeoverWindow final : public QDialog {
  public:
-  // Works on the database through a connection of its own. The clock must outlive the
+  // The clock must outlive the
   // window.
   TakeoverWindow(std::string database, const platform::Clock& clock, QWidget* parent);
 
   // The list's file; the report's is named after it until somebody names another.
   void SetList(const QString& file);
-  // Carries out the list; returns when it is done or stopped.
+  // Carries out the list in a thread with a connection of its own; returns when it is
+  // done or stopped. The window answers meanwhile.
   void Start();
   // Asks the list that runs to stop behind the line that it is at.
   void Stop();
@@ -41,7 +43,7 @@ class TakeoverWindow final : public QDialog {
   void ChooseList();
   void ChooseReport();
   void Run(takeover::Job& job);
-  void ShowLines(const takeover::Job& job);
+  void ShowRows(std::vector<ListRow> rows);
   void SetRunning(bool running);
 
   std::string database_;
@@ -57,9 +59,8 @@ class TakeoverWindow final : public QDialog {
   QPushButton* stop_ = nullptr;
   QPushButton* close_ = nullptr;
   QWidget* files_ = nullptr;
-  std::size_t shown_ = 0;  // lines of the run in the table
+  QThread* worker_ = nullptr;  // null while no list runs
   bool running_ = false;
-  bool stop_asked_ = false;
   bool changed_ = false;
 };
 
