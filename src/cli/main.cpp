@@ -150,7 +150,7 @@ int Main(int argc, char** argv) {
   }
 
   CatchInterrupt();
-  workspace::GiveUpWaitingWhen(InterruptAsked);
+  workspace::GiveUpWaitingWhen([](std::chrono::milliseconds) { return InterruptAsked(); });
   const Status status = WithOutputWritten(run());
   return static_cast<int>(status != Status::Done && InterruptAsked() ? Status::Interrupted
                                                                      : status);

@@ -80,7 +80,7 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
                                   DefaultProfile(DefaultDatabaseName(name)));
 }
 
-void GiveUpWaitingWhen(bool (*asked)()) {
+void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited)) {
 #ifdef PACTORA_HAS_SQLITE
   store::sqlite::GiveUpWaitingWhen(asked);
 #endif

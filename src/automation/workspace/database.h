@@ -2,6 +2,7 @@
 // "postgresql://" address is no file name: it is refused.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -33,9 +34,10 @@ store::Profile DefaultProfile(const std::string& name);
 // Whether there is something under that name; never for ":memory:".
 bool DatabaseExists(const std::string& name);
 
-// While any database is waited for because other users keep it, asked again and
-// again: true ends the wait, which raises StoreError::Locked.
-void GiveUpWaitingWhen(bool (*asked)());
+// While any database is waited for because other users keep it, called about twenty
+// times a second, on the thread that waits and with how long it has waited: true ends
+// the wait, which raises StoreError::Locked. Must not use that database.
+void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited));
 
 // Opens a database; ":memory:" is a new, empty one. Raises what the store raises,
 // and DoorError::NotAvailable for a kind that this build can't open.

@@ -33,8 +33,8 @@ std::vector<ListRow> RowsFrom(const takeover::Job& job, std::size_t first) {
   std::vector<ListRow> rows;
   for (std::size_t i = first; i < job.Lines().size(); ++i) {
     const takeover::ReportLine& line = job.Lines()[i];
-    const bool bad = line.outcome != takeover::Outcome::Created &&
-                     line.outcome != takeover::Outcome::Skipped;
+    const bool bad =
+        line.outcome != takeover::Outcome::Created && line.outcome != takeover::Outcome::Skipped;
     const auto key = static_cast<std::int64_t>(line.line);
     rows.push_back({key,
                     key,

@@ -17,6 +17,7 @@
 #include "desktop/appearance.h"
 #include "desktop/main_window/MainWindow.h"
 #include "desktop/main_window/OpenDatabase.h"
+#include "desktop/main_window/WaitBox.h"
 #include "desktop/main_window/WindowMemory.h"
 #include "desktop/main_window/icon.h"
 #include "desktop/text.h"
@@ -102,6 +103,7 @@ int Main(int argc, char** argv) {
   QApplication::setWindowIcon(ProgramIcon());
   QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Pactora"),
                      QStringLiteral("desktop"));
+  WaitBox wait_box;
   Program program(settings, locale);
   try {
     program.Open(argv[1]);

@@ -80,11 +80,11 @@ std::string PlainName(const std::string& path) {
 constexpr std::chrono::milliseconds kLongestTimeout(std::numeric_limits<int>::max());
 constexpr int kLongestPause = 50;  // milliseconds, between two tries for a lock
 
-std::atomic<bool (*)()> give_up = nullptr;
+std::atomic<bool (*)(std::chrono::milliseconds)> give_up = nullptr;
 
 }  // namespace
 
-void GiveUpWaitingWhen(bool (*asked)()) { give_up = asked; }
+void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited)) { give_up = asked; }
 
 Connection::Connection(const std::string& path, Access access, std::chrono::milliseconds timeout)
     : timeout_(std::min(timeout, kLongestTimeout)) {
@@ -101,9 +101,10 @@ Connection::Connection(const std::string& path, Access access, std::chrono::mill
 int Connection::OnBusy(void* connection, int times) {
   auto& waiting = *static_cast<Connection*>(connection);
   const auto now = std::chrono::steady_clock::now();
-  if (times == 0) waiting.until_ = now + waiting.timeout_;
-  bool (*const asked)() = give_up;
-  if (now >= waiting.until_ || (asked != nullptr && asked())) return 0;
+  if (times == 0) waiting.since_ = now;
+  const auto waited = std::chrono::duration_cast<std::chrono::milliseconds>(now - waiting.since_);
+  const auto asked = give_up.load();
+  if (waited >= waiting.timeout_ || (asked != nullptr && asked(waited))) return 0;
   // Soon again at first: most units of work are short.
   const auto pause = std::chrono::milliseconds(std::min(1 + times * 2, kLongestPause));
   std::this_thread::sleep_for(pause);

@@ -13,9 +13,10 @@ enum class Access { ReadOnly, ReadWrite, Create };
 
 inline constexpr const char* kInMemory = ":memory:";
 
-// While a statement of any connection waits for other users, asked again and again:
-// true ends the wait as one that was too long. At first nobody is asked.
-void GiveUpWaitingWhen(bool (*asked)());
+// While a statement of any connection waits for other users, called about twenty times
+// a second, on the statement's thread and with how long it has waited: true ends the
+// wait as one that was too long. Must not use the connection. Null for none.
+void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited));
 
 class Connection {
  public:
@@ -49,7 +50,7 @@ class Connection {
 
   sqlite3* database_ = nullptr;
   std::chrono::milliseconds timeout_;
-  std::chrono::steady_clock::time_point until_;  // of the wait that is under way
+  std::chrono::steady_clock::time_point since_;  // when the wait that is under way began
 };
 
 }  // namespace pactora::store::sqlite
