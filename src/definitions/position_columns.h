@@ -18,6 +18,7 @@
 
 namespace pactora::definitions {
 
+// NOLINTBEGIN(readability-identifier-naming): each constant is called like its column's key.
 namespace column {
 inline constexpr std::int32_t RecordOID = 0;  // empty for a row that is not stored yet
 inline constexpr std::int32_t Artikel = 1;
@@ -37,6 +38,7 @@ inline constexpr std::int32_t PreisOhne = 21;
 inline constexpr std::int32_t Gruppierung = 22;
 inline constexpr std::size_t kCount = 23;
 }  // namespace column
+// NOLINTEND(readability-identifier-naming)
 
 // What the stored position's field of that name would hold. Raises error 438 for a
 // name that the position does not have.

@@ -8,6 +8,7 @@
 
 namespace pactora::schema {
 
+// NOLINTBEGIN(readability-identifier-naming): each constant is called what it names.
 namespace table {
 inline constexpr std::string_view Adressen = "Adressen";
 inline constexpr std::string_view Adressmerkmale = "Adressmerkmale";
@@ -166,6 +167,7 @@ inline constexpr std::string_view Project = "Project";
 inline constexpr std::string_view vv_Macros = "vv_Macros";
 inline constexpr std::string_view vv_CreateAttribute = "vv_CreateAttribute";
 }  // namespace macro
+// NOLINTEND(readability-identifier-naming)
 
 // Contract side, field Typ.
 inline constexpr std::string_view kTypDebtor = "D";
