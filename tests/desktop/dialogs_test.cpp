@@ -4,6 +4,7 @@
 #include <deque>
 
 #include "desktop/office.h"
+#include "support/sanitized.h"
 
 namespace pactora::desktop {
 namespace {
@@ -187,11 +188,7 @@ TEST_F(DialogsByEvents, ThreeDialogsOnTopOfEachOther) {
 // Opened, changed, cancelled and saved over and over: nothing piles up. Under the sanitizers
 // it shows leaks, in fewer cycles.
 TEST_F(DialogsByEvents, OverAndOver) {
-#if defined(__SANITIZE_ADDRESS__)
-  constexpr std::size_t kCycles = 100;
-#else
-  constexpr std::size_t kCycles = 1000;
-#endif
+  constexpr std::size_t kCycles = support::kSanitized ? 100 : 1000;
   for (std::size_t i = 0; i < kCycles; ++i) {
     const bool save = i % 4 == 0;
     In("frmNewContract", [save](auto& user) {

@@ -14,6 +14,7 @@
 #include "embedded/Host.h"
 #include "platform/Error.h"
 #include "support/error_of.h"
+#include "support/sanitized.h"
 
 namespace pactora::support {
 
@@ -67,7 +68,7 @@ class FailingProbe final : public OperationLog {
 };
 
 // The runs of a scenario in which nothing fails first, and then each operation of
-// the host in its turn:
+// the host in its turn (each seventh under the sanitizer):
 //
 //   for (FaultSweep sweep; sweep.Next();) {
 //     World world;
@@ -78,9 +79,10 @@ class FaultSweep {
  public:
   // Ends when each operation of the first run has failed.
   bool Next() {
+    constexpr std::size_t kStep = support::kSanitized ? 7 : 1;
     trace_.reset();
-    if (nth_ && *nth_ == operations_.size()) return false;
-    nth_ = nth_ ? *nth_ + 1 : 0;
+    if (nth_ && *nth_ + kStep > operations_.size()) return false;
+    nth_ = nth_ ? *nth_ + kStep : 0;
     trace_.emplace(__FILE__, __LINE__, "operation " + std::to_string(*nth_) + " " + Failing());
     return true;
   }
