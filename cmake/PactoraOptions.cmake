@@ -2,6 +2,7 @@
 # when its library is found, and said when it is left out).
 option(PACTORA_TESTS "Build the tests" ON)
 option(PACTORA_BENCH "Build the benchmarks" OFF)
+option(PACTORA_WERROR "Warnings are errors" OFF)
 option(PACTORA_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 set(PACTORA_SQLITE AUTO CACHE STRING "SQLite store: ON, OFF or AUTO")
 set(PACTORA_DOORS AUTO CACHE STRING "Automation and command line: ON, OFF or AUTO")
@@ -11,7 +12,7 @@ set(PACTORA_DESKTOP AUTO CACHE STRING "Qt windows: ON, OFF or AUTO")
 # Every target of ours links this one.
 add_library(pactora_flags INTERFACE)
 target_compile_options(pactora_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${PACTORA_WERROR}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # These two warn of std::string's own code in optimised builds (GCC bug 105651).
   target_compile_options(pactora_flags INTERFACE -Wno-restrict -Wno-stringop-overflow)

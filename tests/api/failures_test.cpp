@@ -52,8 +52,9 @@ void ExpectPartOf(const Tables& whole, const Tables& part) {
   for (const auto& [name, rows] : part) {
     auto wanted = whole.at(name).begin();
     for (const Row& row : rows) {
-      wanted = std::find_if(wanted, whole.at(name).end(),
-                            [&](const Row& other) { return IsSame(name, row, other); });
+      wanted = std::find_if(wanted, whole.at(name).end(), [&, &name = name](const Row& other) {
+        return IsSame(name, row, other);
+      });
       ASSERT_NE(wanted, whole.at(name).end()) << "another row in " << name;
       ++wanted;
     }

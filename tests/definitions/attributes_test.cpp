@@ -62,7 +62,7 @@ TEST_F(AttributesTest, WhatIsChosenIsStored) {
       {{{"cboRequiGroup", "Kunde"}, {"cboRequiGroup", "Zukunft"}}, {"Zukunft", "", "Handel"}},
       {{{"cboRequiGroup", "Kunde"}, {"cboRequiGroup", "<leer>"}}, {"", "", ""}}};
   for (const auto& [entries, stored] : cases) {
-    OpenNew([&](DialogUser& user) {
+    OpenNew([&, &entries = entries](DialogUser& user) {
       user.Enter(entries);
       if (user.Reaches("DTPRequiValue")) user.Pick("DTPRequiValue", support::Day(1, 2, 2023));
       user.Enter({{"cboPutGroup", "Kunde"}, {"cboPutGroup", "<leer>"}, {"txtBezeichnung", "Typ"}});

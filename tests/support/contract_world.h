@@ -54,9 +54,9 @@ using Values = std::vector<std::pair<std::string_view, host::Value>>;
 
 // The later values replace the earlier ones of the same field.
 inline Values With(Values values, const Values& changes) {
-  for (const auto& [name, value] : changes) {
-    std::erase_if(values, [&](const auto& entry) { return entry.first == name; });
-    values.emplace_back(name, value);
+  for (const auto& change : changes) {
+    std::erase_if(values, [&](const auto& entry) { return entry.first == change.first; });
+    values.push_back(change);
   }
   return values;
 }
