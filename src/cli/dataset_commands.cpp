@@ -30,7 +30,7 @@ void Tell(const std::string& done, bool dry_run) {
              dry_run ? fmt::format(" ({})", workspace::kRehearsed) : std::string());
 }
 
-dataset::Pause StopOnInterrupt() {
+dataset::Progress StopOnInterrupt() {
   return [](std::size_t, std::size_t) { RaiseIfInterrupted(); };
 }
 

@@ -33,7 +33,7 @@ Status RunScriptFile(const RunArguments& arguments) {
   const auto clock = ClockFor(arguments.today ? arguments.today : script.today);
   auto store = workspace::OpenDatabase(arguments.database, AccessFor(arguments.dry_run));
   scripts::RunOptions options;
-  options.pause = RaiseIfInterrupted;
+  options.at_step = RaiseIfInterrupted;
   options.dump_written = arguments.dry_run;
   const scripts::RunResult result =
       scripts::RunScript(script, std::move(store), *clock, std::cout, options);
@@ -41,10 +41,10 @@ Status RunScriptFile(const RunArguments& arguments) {
     Complain(fmt::format("{}: {}", source.name, problem));
   for (const std::string& place : result.unused_faults)
     Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
-  if (result.outage && result.problems.empty())
-    Complain(fmt::format("{}: {}", arguments.database, store::Text(*result.outage)));
+  if (result.fatal_error && result.problems.empty())
+    Complain(fmt::format("{}: {}", arguments.database, store::Text(*result.fatal_error)));
   if (arguments.dry_run) fmt::print(stderr, "{}\n", workspace::kRehearsed);
-  if (result.outage) return StatusOf(*result.outage);
+  if (result.fatal_error) return StatusOf(*result.fatal_error);
   return result.problems.empty() ? Status::Done : Status::Refused;
 }
 

@@ -11,23 +11,23 @@ namespace pactora::checks {
 // Told of each fault: which row, and what is wrong with it, in one line.
 using Finding = std::function<void(const std::string& text)>;
 
-// All of the checks below. pause runs at each row and may raise to stop.
+// All of the checks below. at_row runs at each row and may raise to stop.
 void CheckDatabase(store::RecordStore& store, const Finding& found,
-                   const std::function<void()>& pause = {});
+                   const std::function<void()>& at_row = {});
 
 // Every row is found from its parent and from each index, under the right key; its
 // values fit their fields; IDs are single.
 void CheckRows(store::RecordStore& store, const Finding& found,
-               const std::function<void()>& pause = {});
+               const std::function<void()>& at_row = {});
 
 // What a row refers to by ID or Oid is there.
 void CheckRelations(store::RecordStore& store, const Finding& found,
-                    const std::function<void()>& pause = {});
+                    const std::function<void()>& at_row = {});
 
 // Every contract is whole: a number, a value, a status row, positions where it is
 // invoiced, texts that say what the fields beside them hold.
 void CheckContracts(store::RecordStore& store, const Finding& found,
-                    const std::function<void()>& pause = {});
+                    const std::function<void()>& at_row = {});
 
 // No counter stands below a contract number that looks as if it were drawn from it.
 void CheckCounters(store::RecordStore& store, const Finding& found);

@@ -148,11 +148,11 @@ std::string CounterNumber(store::RecordStore& store) {
 }  // namespace
 
 void CheckContracts(store::RecordStore& store, const Finding& found,
-                    const std::function<void()>& pause) {
+                    const std::function<void()>& at_row) {
   ContractCheck check(store, found);
   const store::TableId contracts = store.Catalog().Table(table::vv_Vertraege);
   workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
-    if (pause) pause();
+    if (at_row) at_row();
     check.Check(record);
     return true;
   });

@@ -63,17 +63,17 @@ void CheckKeys(store::RecordStore& store, store::TableId id, const store::Record
 // The rows under one parent and all below them.
 void CheckRowsUnder(store::RecordStore& store, store::TableId id, const store::Record* parent,
                     std::vector<std::int64_t>& visited, const Finding& found,
-                    const std::function<void()>& pause) {
+                    const std::function<void()>& at_row) {
   const schema::Table& schema = store.Catalog().tables[id];
   store::Record record;
   for (std::int64_t after = 0; store.NextInParent(id, parent ? parent->oid : 0, after, record);
        after = record.order) {
-    if (pause) pause();
+    if (at_row) at_row();
     ++visited[id];
     CheckCells(schema, record, found);
     CheckKeys(store, id, record, parent, found);
     for (const store::TableId child : schema.children)
-      CheckRowsUnder(store, child, &record, visited, found, pause);
+      CheckRowsUnder(store, child, &record, visited, found, at_row);
   }
 }
 
@@ -102,7 +102,7 @@ constexpr std::initializer_list<Reference> kReferences = {
 };
 
 void CheckReference(store::RecordStore& store, const Reference& reference, const Finding& found,
-                    const std::function<void()>& pause) {
+                    const std::function<void()>& at_row) {
   const schema::Catalog& catalog = store.Catalog();
   const auto source = catalog.FindTable(reference.table);
   const auto target = catalog.FindTable(reference.target);
@@ -115,7 +115,7 @@ void CheckReference(store::RecordStore& store, const Reference& reference, const
   store::Record other;
   std::set<std::string> known;
   workspace::ForEachRow(store, *source, [&](const store::Record& record) {
-    if (pause) pause();
+    if (at_row) at_row();
     const std::string id = host::ToText(record.cells[*column]);
     // The one position of a liability has no article.
     if (id.empty() || id == schema::kDummyArticleId || known.contains(id)) return true;
@@ -149,27 +149,27 @@ void CheckAlarms(store::RecordStore& store, const Finding& found) {
 }  // namespace
 
 void CheckRows(store::RecordStore& store, const Finding& found,
-               const std::function<void()>& pause) {
+               const std::function<void()>& at_row) {
   const auto& tables = store.Catalog().tables;
   std::vector<std::int64_t> visited(tables.size());
   for (store::TableId id = 0; id < tables.size(); ++id)
-    if (!tables[id].parent) CheckRowsUnder(store, id, nullptr, visited, found, pause);
+    if (!tables[id].parent) CheckRowsUnder(store, id, nullptr, visited, found, at_row);
   for (store::TableId id = 0; id < tables.size(); ++id)
     if (const std::int64_t lost = store.Count(id) - visited[id]; lost != 0)
       found(fmt::format("{}: {} Zeilen ohne übergeordnete Zeile", tables[id].name, lost));
 }
 
 void CheckRelations(store::RecordStore& store, const Finding& found,
-                    const std::function<void()>& pause) {
-  for (const Reference& reference : kReferences) CheckReference(store, reference, found, pause);
+                    const std::function<void()>& at_row) {
+  for (const Reference& reference : kReferences) CheckReference(store, reference, found, at_row);
   CheckAlarms(store, found);
 }
 
 void CheckDatabase(store::RecordStore& store, const Finding& found,
-                   const std::function<void()>& pause) {
-  CheckRows(store, found, pause);
-  CheckRelations(store, found, pause);
-  CheckContracts(store, found, pause);
+                   const std::function<void()>& at_row) {
+  CheckRows(store, found, at_row);
+  CheckRelations(store, found, at_row);
+  CheckContracts(store, found, at_row);
   CheckCounters(store, found);
 }
 

@@ -87,7 +87,7 @@ void DatasetReader::OnEnd() {
 
 void DatasetReader::Take(formats::Json value) {
   const Frame& frame = frames_.back();
-  if (frame.kind == Kind::Root) return HeadMember(frame.key, std::move(value));
+  if (frame.kind == Kind::Root) return ProfileMember(frame.key, std::move(value));
   // Forming the place costs more than reading the value, so it is formed for a
   // fault alone.
   static const formats::Place nowhere("");
@@ -126,7 +126,7 @@ constexpr const char* kTwice = "steht doppelt da";
 }  // namespace
 
 void DatasetReader::RootKey(Frame& frame) {
-  if (frame.key != key::kTables && !IsHeadKey(frame.key))
+  if (frame.key != key::kTables && !IsProfileKey(frame.key))
     formats::Place(Source()).FailUnknownKey(frame.key);
   if (std::find(frame.seen.begin(), frame.seen.end(), frame.key) != frame.seen.end())
     Here().Fail(kTwice);

@@ -25,7 +25,7 @@ class DatasetReader : public formats::JsonEvents {
       : formats::JsonEvents(std::move(source)), catalog_(catalog) {}
 
  protected:
-  virtual void HeadMember(const std::string& key, formats::Json value) = 0;
+  virtual void ProfileMember(const std::string& key, formats::Json value) = 0;
   virtual void RowBegins(store::TableId table) = 0;
   virtual void RowOid(store::Oid oid) = 0;
   virtual void RowCell(std::size_t field, host::Value value) = 0;  // of the field's type

@@ -12,7 +12,7 @@ namespace pactora::dataset {
 
 namespace {
 
-RowChoice ReadAddress(const formats::Json& address, const formats::Place& place) {
+RowSelector ReadAddress(const formats::Json& address, const formats::Place& place) {
   if (address.is_string()) return {ReadOid(address, place), {}};
   if (!address.is_object()) place.Fail("eine Oid oder ein Objekt mit Feldern wird erwartet");
   const schema::Catalog catalog = schema::ContractCatalog(true);

@@ -17,7 +17,7 @@ namespace pactora::dataset {
 
 struct ContractOrder {
   std::string source;  // file, and line where the file has many
-  RowChoice address;
+  RowSelector address;
   std::shared_ptr<api::vv_CContractD> contract;
   std::shared_ptr<api::ArticleCollection> articles;
 };

@@ -14,18 +14,18 @@ bool IsWritten(const host::Value& cell) {
 
 // The list of the parent's rows under the table's name; nothing where it has none.
 void WriteRows(formats::JsonWriter& out, store::RecordStore& store, store::TableId table,
-               store::Oid parent, const std::function<void()>& pause) {
+               store::Oid parent, const std::function<void()>& at_row) {
   store::Record record;
   bool any = false;
   for (std::int64_t after = 0; store.NextInParent(table, parent, after, record);
        after = record.order) {
-    if (pause) pause();
+    if (at_row) at_row();
     if (!any) {
       out.Key(store.Catalog().tables[table].name);
       out.BeginArray();
     }
     any = true;
-    WriteRow(out, store, table, record, true, pause);
+    WriteRow(out, store, table, record, true, at_row);
   }
   if (any) out.EndArray();
 }
@@ -33,7 +33,8 @@ void WriteRows(formats::JsonWriter& out, store::RecordStore& store, store::Table
 }  // namespace
 
 void WriteRow(formats::JsonWriter& out, store::RecordStore& store, store::TableId table,
-              const store::Record& record, bool with_children, const std::function<void()>& pause) {
+              const store::Record& record, bool with_children,
+              const std::function<void()>& at_row) {
   const schema::Table& schema = store.Catalog().tables[table];
   out.BeginObject();
   out.Key(key::kOid);
@@ -46,32 +47,32 @@ void WriteRow(formats::JsonWriter& out, store::RecordStore& store, store::TableI
   }
   if (with_children)
     for (const store::TableId child : schema.children)
-      WriteRows(out, store, child, record.oid, pause);
+      WriteRows(out, store, child, record.oid, at_row);
   out.EndObject();
 }
 
 void ExportDataset(store::RecordStore& store, std::ostream& out,
-                   const std::function<void()>& pause) {
+                   const std::function<void()>& at_row) {
   formats::JsonWriter writer(out, formats::JsonWriter::Layout::Indented);
   writer.BeginObject();
-  WriteHead(writer, store.ReadProfile(), store.Catalog().workflow_add_on);
+  WriteProfile(writer, store.ReadProfile(), store.Catalog().workflow_add_on);
   writer.Key(key::kTables);
-  WriteTables(writer, store, {}, pause);
+  WriteTables(writer, store, {}, at_row);
   writer.EndObject();
   out << '\n';
 }
 
 void WriteTables(formats::JsonWriter& out, store::RecordStore& store,
-                 const std::vector<store::TableId>& tables, const std::function<void()>& pause) {
+                 const std::vector<store::TableId>& tables, const std::function<void()>& at_row) {
   out.BeginObject();
   if (tables.empty())
     for (store::TableId table = 0; table < store.Catalog().tables.size(); ++table)
-      if (!store.Catalog().tables[table].parent) WriteRows(out, store, table, 0, pause);
+      if (!store.Catalog().tables[table].parent) WriteRows(out, store, table, 0, at_row);
   for (const store::TableId table : tables) {
     out.Key(store.Catalog().tables[table].name);
     out.BeginArray();
     for (const store::Record& record : workspace::AllRows(store, table))
-      WriteRow(out, store, table, record, true, pause);
+      WriteRow(out, store, table, record, true, at_row);
     out.EndArray();
   }
   out.EndObject();

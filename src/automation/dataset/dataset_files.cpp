@@ -13,9 +13,9 @@ namespace {
 
 // Requires: the catalogue of the store is that of the dataset.
 void Fill(store::RecordStore& store, const formats::TextSource& source, const DatasetSurvey& survey,
-          const std::string& name, const Pause& pause) {
+          const std::string& name, const Progress& progress) {
   std::size_t done = 0;
-  ImportDataset(store, source, survey, name, [&] { pause(done++, survey.rows); });
+  ImportDataset(store, source, survey, name, [&] { progress(done++, survey.rows); });
 }
 
 std::size_t CountRows(store::RecordStore& store) {
@@ -38,13 +38,13 @@ void RequireSound(const std::string& database) {
 }  // namespace
 
 void ImportDatabase(const std::string& database, const formats::TextSource& source,
-                    workspace::Access access, const Pause& pause) {
+                    workspace::Access access, const Progress& progress) {
   const DatasetSurvey survey = SurveyDataset(source);
   const std::string name = workspace::DefaultDatabaseName(database);
   if (!workspace::DatabaseExists(database)) {
     workspace::MakeDatabase(
         database, survey.workflow_add_on, workspace::DefaultProfile(name), access,
-        [&](store::RecordStore& store) { Fill(store, source, survey, name, pause); });
+        [&](store::RecordStore& store) { Fill(store, source, survey, name, progress); });
     return;
   }
   const auto store = workspace::OpenDatabase(database, access);
@@ -57,17 +57,18 @@ void ImportDatabase(const std::string& database, const formats::TextSource& sour
                     database, survey.workflow_add_on ? "ohne" : "mit", source.name,
                     survey.workflow_add_on ? "mit" : "ohne"));
   }
-  Fill(*store, source, survey, name, pause);
+  Fill(*store, source, survey, name, progress);
 }
 
-void ExportDatabase(const std::string& database, const std::string& file, const Pause& pause) {
+void ExportDatabase(const std::string& database, const std::string& file,
+                    const Progress& progress) {
   workspace::RequireOutside(database, file);
   const auto store = workspace::OpenDatabase(database, workspace::Access::Snapshot);
   RequireSound(database);
   const std::size_t all = CountRows(*store);
   std::size_t done = 0;
   formats::WriteOutput(
-      file, [&](std::ostream& out) { ExportDataset(*store, out, [&] { pause(done++, all); }); });
+      file, [&](std::ostream& out) { ExportDataset(*store, out, [&] { progress(done++, all); }); });
 }
 
 }  // namespace pactora::dataset

@@ -31,10 +31,10 @@ class Survey final : public DatasetReader {
     bool has_children = false;
   };
 
-  void HeadMember(const std::string& name, formats::Json value) override {
+  void ProfileMember(const std::string& name, formats::Json value) override {
     if (name == key::kWorkflowAddOn)
       result_.workflow_add_on = formats::RequireBoolean(value, formats::Place(Source()).Key(name));
-    result_.head[name] = std::move(value);
+    result_.profile[name] = std::move(value);
   }
   void RowBegins(store::TableId table) override { open_.push_back({table, result_.rows++}); }
   void RowOid(store::Oid oid) override {
@@ -56,12 +56,12 @@ class Survey final : public DatasetReader {
 class Insertion final : public DatasetReader {
  public:
   Insertion(store::RecordStore& store, const std::string& source, const DatasetSurvey& survey,
-            const std::function<void()>& pause)
+            const std::function<void()>& at_row)
       : DatasetReader(store.Catalog(), source),
         store_(store),
         survey_(survey),
         last_oids_(survey.largest_oids),
-        pause_(pause) {}
+        at_row_(at_row) {}
 
   // Rows without an ID get theirs when all rows are there, so that none takes one
   // that a later row of the file has. Requires: Read has come to its end.
@@ -85,10 +85,10 @@ class Insertion final : public DatasetReader {
     bool changed = false;
   };
 
-  void HeadMember(const std::string&, formats::Json) override {}
+  void ProfileMember(const std::string&, formats::Json) override {}
 
   void RowBegins(store::TableId table) override {
-    if (pause_) pause_();
+    if (at_row_) at_row_();
     OpenRow row{table, {}};
     row.record.cells.resize(Catalog().tables[table].fields.size());
     if (!open_.empty()) row.record.parent = open_.back().record.oid;
@@ -146,7 +146,7 @@ class Insertion final : public DatasetReader {
   store::RecordStore& store_;
   const DatasetSurvey& survey_;
   std::vector<store::Oid> last_oids_;
-  const std::function<void()>& pause_;
+  const std::function<void()>& at_row_;
   std::vector<OpenRow> open_;
   std::vector<std::pair<store::TableId, store::Oid>> without_id_;
   std::size_t rows_ = 0;
@@ -163,7 +163,7 @@ DatasetSurvey SurveyDataset(const formats::TextSource& source) {
     survey.Read(*source.open());
     DatasetSurvey result = survey.Take();
     if (result.workflow_add_on != workflow_add_on) continue;
-    ReadHead(result.head, source.name, {});
+    ReadProfile(result.profile, source.name, {});
     return result;
   }
   formats::Place(source.name).Fail("die Datei hat sich beim Lesen geändert");
@@ -171,10 +171,10 @@ DatasetSurvey SurveyDataset(const formats::TextSource& source) {
 
 void ImportDataset(store::RecordStore& store, const formats::TextSource& source,
                    const DatasetSurvey& survey, const std::string& default_name,
-                   const std::function<void()>& pause) {
+                   const std::function<void()>& at_row) {
   try {
-    store.WriteProfile(ReadHead(survey.head, source.name, default_name));
-    Insertion insertion(store, source.name, survey, pause);
+    store.WriteProfile(ReadProfile(survey.profile, source.name, default_name));
+    Insertion insertion(store, source.name, survey, at_row);
     insertion.Read(*source.open());
     insertion.GiveIds();
     store.Commit();

@@ -12,10 +12,10 @@
 
 namespace pactora::dataset {
 
-// What a first reading tells: the file is sound, and these things are needed
-// before the first row is written.
+// The result of a first reading: the file is sound, and what must be known before
+// the first row is written.
 struct DatasetSurvey {
-  formats::Json head = formats::Json::object();
+  formats::Json profile = formats::Json::object();  // as the file has it
   bool workflow_add_on = true;
   std::vector<store::Oid> largest_oids;  // of each table's rows in the file; 0 for none
   // Rows whose Oid stands behind child rows in the file, by their number in the
@@ -27,12 +27,12 @@ struct DatasetSurvey {
 // Checks the whole file. Raises DoorError::BadInput at the first fault.
 DatasetSurvey SurveyDataset(const formats::TextSource& source);
 
-// Writes head and rows in one unit of work and commits it; after an error nothing
-// is written. pause runs at each row and may raise to stop. default_name is the
+// Writes profile and rows in one unit of work and commits it; after an error nothing
+// is written. at_row runs at each row and may raise to stop. default_name is the
 // database's name where the file has none.
 // Requires: the store is empty and of the catalogue that the survey asks for.
 void ImportDataset(store::RecordStore& store, const formats::TextSource& source,
                    const DatasetSurvey& survey, const std::string& default_name,
-                   const std::function<void()>& pause = {});
+                   const std::function<void()>& at_row = {});
 
 }  // namespace pactora::dataset

@@ -19,9 +19,9 @@ namespace {
 
 using store::SettingScope;
 
-constexpr std::array kHeadKeys = {key::kDatabase,      key::kUsers,         key::kCurrentUser,
-                                  key::kDbSettings,    key::kTableSettings, key::kPersistVars,
-                                  key::kWorkflowAddOn, key::kMacros};
+constexpr std::array kProfileKeys = {key::kDatabase,      key::kUsers,         key::kCurrentUser,
+                                     key::kDbSettings,    key::kTableSettings, key::kPersistVars,
+                                     key::kWorkflowAddOn, key::kMacros};
 
 constexpr const char* kRecord = "record";
 
@@ -177,15 +177,15 @@ void WriteMacros(formats::JsonWriter& out, const store::Profile& profile) {
 
 }  // namespace
 
-bool IsHeadKey(const std::string& key) {
-  return std::find(kHeadKeys.begin(), kHeadKeys.end(), key) != kHeadKeys.end();
+bool IsProfileKey(const std::string& key) {
+  return std::find(kProfileKeys.begin(), kProfileKeys.end(), key) != kProfileKeys.end();
 }
 
-store::Profile ReadHead(const formats::Json& head, const std::string& source,
-                        const std::string& default_name) {
+store::Profile ReadProfile(const formats::Json& members, const std::string& source,
+                           const std::string& default_name) {
   store::Profile profile = workspace::DefaultProfile(default_name);
   const formats::Place root(source);
-  if (const formats::Json* database = formats::Find(head, key::kDatabase)) {
+  if (const formats::Json* database = formats::Find(members, key::kDatabase)) {
     const formats::Place place = root.Key(key::kDatabase);
     formats::AllowKeys(formats::RequireObject(*database, place), {"name", "displayName"}, place);
     if (const formats::Json* name = formats::Find(*database, "name"))
@@ -194,17 +194,17 @@ store::Profile ReadHead(const formats::Json& head, const std::string& source,
     if (const formats::Json* display_name = formats::Find(*database, "displayName"))
       profile.display_name = formats::RequireText(*display_name, place.Key("displayName"));
   }
-  if (const formats::Json* users = formats::Find(head, key::kUsers))
+  if (const formats::Json* users = formats::Find(members, key::kUsers))
     ReadUsers(profile, *users, root.Key(key::kUsers));
-  if (const formats::Json* user = formats::Find(head, key::kCurrentUser)) {
+  if (const formats::Json* user = formats::Find(members, key::kCurrentUser)) {
     const formats::Place place = root.Key(key::kCurrentUser);
     profile.current_user = formats::RequireText(*user, place);
     if (!Knows(profile.users, profile.current_user))
       place.Fail(fmt::format("„{}“ steht nicht unter „users“", profile.current_user));
   }
-  if (const formats::Json* settings = formats::Find(head, key::kDbSettings))
+  if (const formats::Json* settings = formats::Find(members, key::kDbSettings))
     ReadSettings(profile, SettingScope::Database, {}, *settings, root.Key(key::kDbSettings));
-  if (const formats::Json* tables = formats::Find(head, key::kTableSettings)) {
+  if (const formats::Json* tables = formats::Find(members, key::kTableSettings)) {
     const formats::Place place = root.Key(key::kTableSettings);
     const schema::Catalog catalog = schema::ContractCatalog(true);
     for (const auto& table : formats::RequireObject(*tables, place).items()) {
@@ -214,14 +214,14 @@ store::Profile ReadHead(const formats::Json& head, const std::string& source,
                    place.Key(table.key()));
     }
   }
-  if (const formats::Json* variables = formats::Find(head, key::kPersistVars))
+  if (const formats::Json* variables = formats::Find(members, key::kPersistVars))
     ReadSettings(profile, SettingScope::PersistVar, {}, *variables, root.Key(key::kPersistVars));
-  if (const formats::Json* macros = formats::Find(head, key::kMacros))
+  if (const formats::Json* macros = formats::Find(members, key::kMacros))
     ReadMacros(profile, *macros, root.Key(key::kMacros));
   return profile;
 }
 
-void WriteHead(formats::JsonWriter& out, const store::Profile& profile, bool workflow_add_on) {
+void WriteProfile(formats::JsonWriter& out, const store::Profile& profile, bool workflow_add_on) {
   out.Key(key::kDatabase);
   out.Value(formats::Json{{"name", profile.name}, {"displayName", profile.display_name}});
   WriteUsers(out, profile);

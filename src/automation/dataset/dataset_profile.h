@@ -23,15 +23,15 @@ inline constexpr const char* kOid = "@oid";
 }  // namespace key
 
 // Whether a dataset may have that key besides "tables".
-bool IsHeadKey(const std::string& key);
+bool IsProfileKey(const std::string& key);
 
-// The profile that the head describes; what it leaves out is as in
-// workspace::DefaultProfile(default_name). head holds keys of IsHeadKey alone.
+// The profile that these members of a dataset describe; what they leave out is as in
+// workspace::DefaultProfile(default_name). Requires: all keys pass IsProfileKey.
 // Raises DoorError::BadInput.
-store::Profile ReadHead(const formats::Json& head, const std::string& source,
-                        const std::string& default_name);
+store::Profile ReadProfile(const formats::Json& members, const std::string& source,
+                           const std::string& default_name);
 
-// Writes the head's members, in fixed order, into the object that is open.
-void WriteHead(formats::JsonWriter& out, const store::Profile& profile, bool workflow_add_on);
+// Writes the profile's members, in fixed order, into the object that is open.
+void WriteProfile(formats::JsonWriter& out, const store::Profile& profile, bool workflow_add_on);
 
 }  // namespace pactora::dataset

@@ -8,38 +8,38 @@
 
 namespace pactora::dataset {
 
-RowChoice ReadWhere(const schema::Table& table, const formats::Json& where,
-                    const formats::Place& place) {
-  RowChoice choice;
+RowSelector ReadWhere(const schema::Table& table, const formats::Json& where,
+                      const formats::Place& place) {
+  RowSelector selector;
   if (formats::RequireObject(where, place).empty()) place.Fail("mindestens ein Feld wird erwartet");
   for (const auto& member : where.items()) {
     const formats::Place here = place.Key(member.key());
     const auto field = table.FindField(member.key());
     if (!field) here.Fail(fmt::format("kein Feld von {}", table.name));
     // As the field's value would be written, so that equal values are equal texts.
-    choice.fields.emplace_back(table.fields[*field].name,
-                               ToJson(ReadField(table.fields[*field], member.value(), here)));
+    selector.fields.emplace_back(table.fields[*field].name,
+                                 ToJson(ReadField(table.fields[*field], member.value(), here)));
   }
-  return choice;
+  return selector;
 }
 
-std::string Describe(const RowChoice& choice) {
-  if (choice.oid) return fmt::format("Oid {}", *choice.oid);
+std::string Describe(const RowSelector& selector) {
+  if (selector.oid) return fmt::format("Oid {}", *selector.oid);
   std::string text;
-  for (const auto& [field, value] : choice.fields)
+  for (const auto& [field, value] : selector.fields)
     text += fmt::format("{}{} = {}", text.empty() ? "" : ", ", field, formats::OneLine(value));
   return text;
 }
 
-std::optional<RowFinder::Found> RowFinder::Find(store::TableId table, const RowChoice& choice) {
-  if (choice.oid) {
+std::optional<RowFinder::Found> RowFinder::Find(store::TableId table, const RowSelector& selector) {
+  if (selector.oid) {
     store::Record record;
-    if (!store_.Read(table, *choice.oid, record)) return std::nullopt;
-    return Found{*choice.oid};
+    if (!store_.Read(table, *selector.oid, record)) return std::nullopt;
+    return Found{*selector.oid};
   }
   std::vector<std::size_t> fields;
   std::string wanted;
-  for (const auto& [name, value] : choice.fields) {
+  for (const auto& [name, value] : selector.fields) {
     const auto field = store_.Catalog().tables[table].FindField(name);
     if (!field) return std::nullopt;
     fields.push_back(*field);

@@ -15,21 +15,21 @@
 
 namespace pactora::dataset {
 
-struct RowChoice {
+struct RowSelector {
   std::optional<store::Oid> oid;
   // Field and value, as in a dataset; null matches a field never written.
   std::vector<std::pair<std::string, formats::Json>> fields;
 };
 
-// The choice by field values; checks names and types of the fields. Raises
+// The selector by field values; checks names and types of the fields. Raises
 // DoorError::BadInput.
-RowChoice ReadWhere(const schema::Table& table, const formats::Json& where,
-                    const formats::Place& place);
+RowSelector ReadWhere(const schema::Table& table, const formats::Json& where,
+                      const formats::Place& place);
 
 // For messages: „Name = "Muster GmbH"“ or „Oid 7“.
-std::string Describe(const RowChoice& choice);
+std::string Describe(const RowSelector& selector);
 
-// Finds rows. A choice by the same fields of the same table, made again, costs one
+// Finds rows. A selector of the same fields of the same table, used again, costs one
 // look-up: the finder keeps what it saw, so it must not outlive a change of those
 // rows.
 class RowFinder {
@@ -37,12 +37,12 @@ class RowFinder {
   explicit RowFinder(store::RecordStore& store) : store_(store) {}
 
   struct Found {
-    store::Oid oid = 0;  // of the first row in record order that the choice names
-    bool only = true;    // no other row is named
+    store::Oid oid = 0;  // of the first row in record order that is selected
+    bool only = true;    // no other row is selected
   };
   // Nothing where there is no such row, or where the table of this database lacks
   // the field.
-  std::optional<Found> Find(store::TableId table, const RowChoice& choice);
+  std::optional<Found> Find(store::TableId table, const RowSelector& selector);
 
  private:
   struct Known {

@@ -47,7 +47,7 @@ decltype(Step::what) ReadGoto(const formats::Json& step, const formats::Place& p
   if (const formats::Json* where = formats::Find(step, "where"))
     return GotoStep{table.name, dataset::ReadWhere(table, *where, place.Key("where"))};
   if (const formats::Json* oid = formats::Find(step, "oid"))
-    return GotoStep{table.name, dataset::RowChoice{dataset::ReadOid(*oid, place.Key("oid")), {}}};
+    return GotoStep{table.name, dataset::RowSelector{dataset::ReadOid(*oid, place.Key("oid")), {}}};
   if (!formats::RequireBoolean(step["none"], place.Key("none")))
     place.Key("none").Fail("nur true ist möglich");
   return GotoStep{table.name, std::nullopt};

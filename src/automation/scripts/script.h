@@ -22,7 +22,7 @@ namespace pactora::scripts {
 // may lack one.
 struct GotoStep {
   std::string table;
-  std::optional<dataset::RowChoice> row;  // nothing: no current row
+  std::optional<dataset::RowSelector> row;  // nothing: no current row
 };
 
 enum class Operation {

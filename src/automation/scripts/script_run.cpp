@@ -50,9 +50,9 @@ class Run {
     transcript_ << line.str() << '\n';
   }
 
-  RunResult Steps(const Script& script, const std::function<void()>& pause) {
+  RunResult Steps(const Script& script, const std::function<void()>& at_step) {
     for (const Step& step : script.steps) {
-      if (pause) pause();
+      if (at_step) at_step();
       place_ = step.place;
       std::visit([this](const auto& what) { CarryOut(what); }, step.what);
       if (failed_) break;
@@ -65,12 +65,14 @@ class Run {
  private:
   void Write(const formats::Json& event) {
     const auto& shown = session_.AddOn().last_shown_error;
-    if (shown && event["event"] == "message") NoteOutage(workspace::OutageOf(shown->Number()));
+    if (shown && event["event"] == "message")
+      NoteFatalError(workspace::FatalStoreErrorOf(shown->Number()));
     transcript_ << formats::OneLine(event) << '\n';
   }
 
-  void NoteOutage(const std::optional<store::StoreError>& outage) {
-    if (outage && !rehearsed_.contains(store::Number(*outage))) result_.outage = outage;
+  void NoteFatalError(const std::optional<store::StoreError>& fatal_error) {
+    if (fatal_error && !rehearsed_.contains(store::Number(*fatal_error)))
+      result_.fatal_error = fatal_error;
   }
 
   // The end of the script: this place could not be carried out.
@@ -90,7 +92,7 @@ class Run {
     try {
       body();
     } catch (const platform::Error& error) {
-      NoteOutage(workspace::OutageOf(error.Number()));
+      NoteFatalError(workspace::FatalStoreErrorOf(error.Number()));
       Fail(error.Description());
     }
   }
@@ -166,7 +168,7 @@ class Run {
       session_.Host().EndUnit();
       if (!screen_.Failed()) Write(returned);
     } catch (const platform::Error& error) {
-      NoteOutage(workspace::OutageOf(error.Number()));
+      NoteFatalError(workspace::FatalStoreErrorOf(error.Number()));
       if (!screen_.Failed()) {
         Write({{"event", "error"},
                {"number", formats::ErrorNumberText(error.Number())},
@@ -224,7 +226,7 @@ RunResult RunScript(const Script& script, std::unique_ptr<store::RecordStore> st
   dataset::WrittenRows* written = nullptr;
   if (options.dump_written) written = &dataset::WrittenRows::Watch(store);
   Run run(std::move(store), clock, transcript);
-  RunResult result = run.Steps(script, options.pause);
+  RunResult result = run.Steps(script, options.at_step);
   if (written) run.Dump([written](formats::JsonWriter& out) { written->Write(out); });
   return result;
 }

@@ -16,8 +16,8 @@
 namespace pactora::scripts {
 
 struct RunOptions {
-  std::function<void()> pause;  // runs between steps and may raise to stop
-  bool dump_written = false;    // at the end an event "dump" with the rows written
+  std::function<void()> at_step;  // runs between steps and may raise to stop
+  bool dump_written = false;      // at the end an event "dump" with the rows written
 };
 
 struct RunResult {
@@ -27,7 +27,7 @@ struct RunResult {
   std::vector<std::string> unused_faults;  // places of faults that never came
   // A failure of the whole database that came up, be it in a message box; those that
   // the script rehearses don't count.
-  std::optional<store::StoreError> outage;
+  std::optional<store::StoreError> fatal_error;
 };
 
 // Runs the steps on the database and writes the transcript, one event a line.

@@ -136,7 +136,7 @@ void DialogDriver::Begin(const Line& line, shell::Module& module) {
   module_ = &module;
   module.last_shown_error.reset();
   failed_ = false;
-  outage_.reset();
+  fatal_error_.reset();
   refusal_.clear();
   number_.clear();
   messages_.clear();
@@ -152,7 +152,7 @@ ui::Answer DialogDriver::ShowMessage(const ui::Message& message) {
   messages_.push_back(formats::SingleLine(message.text));
   if (const auto& shown = module_->last_shown_error) {
     failed_ = true;
-    if (!outage_) outage_ = workspace::OutageOf(shown->Number());
+    if (!fatal_error_) fatal_error_ = workspace::FatalStoreErrorOf(shown->Number());
   }
   return ui::DefaultAnswer(message.style);
 }

@@ -203,7 +203,7 @@ ReportLine Run::Enter(const Line& line) {
     EnterContract(line, result);
   } catch (const platform::Error& error) {
     session_.Host().DropUnit();
-    if (workspace::OutageOf(error.Number())) throw;
+    if (workspace::FatalStoreErrorOf(error.Number())) throw;
     result.outcome = Outcome::Failed;
     result.message =
         fmt::format("Fehler &H{}: {}", platform::HexNumber(error.Number()), error.Description());
@@ -233,7 +233,7 @@ void Run::EnterContract(const Line& line, ReportLine& result) {
   }
   // Nothing half made stays behind: the line can be mended and entered again.
   session_.Host().DropUnit();
-  if (driver_.Outage()) store::Raise(*driver_.Outage());
+  if (driver_.FatalError()) store::Raise(*driver_.FatalError());
   if (driver_.Failed()) result.outcome = Outcome::Failed;
 }
 

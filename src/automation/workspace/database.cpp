@@ -110,7 +110,7 @@ void RequireOutside(const std::string& database, const std::string& file) {
 
 platform::Error Named(const std::string& database, const platform::Error& error) {
   const bool is_named = error.Source() == formats::kErrorSource;
-  if (is_named || (error.Source() != store::kErrorSource && !OutageOf(error.Number())))
+  if (is_named || (error.Source() != store::kErrorSource && !FatalStoreErrorOf(error.Number())))
     return error;
   return {error.Number(), fmt::format("{}: {}", database, error.Description()),
           formats::kErrorSource};

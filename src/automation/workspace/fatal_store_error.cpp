@@ -3,14 +3,14 @@
 namespace pactora::workspace {
 namespace {
 
-constexpr store::StoreError kOutages[] = {
+constexpr store::StoreError kFatalErrors[] = {
     store::StoreError::Locked, store::StoreError::NotReachable, store::StoreError::ReadOnly,
     store::StoreError::Full,   store::StoreError::UnitLost,     store::StoreError::NotADatabase};
 
 }  // namespace
 
-std::optional<store::StoreError> OutageOf(std::int32_t number) {
-  for (const store::StoreError error : kOutages)
+std::optional<store::StoreError> FatalStoreErrorOf(std::int32_t number) {
+  for (const store::StoreError error : kFatalErrors)
     if (store::Number(error) == number) return error;
   return std::nullopt;
 }

@@ -9,6 +9,6 @@
 namespace pactora::workspace {
 
 // The failure of that number, if it is one of these.
-std::optional<store::StoreError> OutageOf(std::int32_t number);
+std::optional<store::StoreError> FatalStoreErrorOf(std::int32_t number);
 
 }  // namespace pactora::workspace

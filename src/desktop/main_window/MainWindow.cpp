@@ -17,7 +17,7 @@
 #include "automation/deadlines/deadlines.h"
 #include "automation/workspace/database.h"
 #include "desktop/MessageBox.h"
-#include "desktop/main_window/Progress.h"
+#include "desktop/main_window/ProgressDialog.h"
 #include "desktop/main_window/TakeoverWindow.h"
 #include "desktop/text.h"
 #include "schema/names.h"
@@ -232,9 +232,9 @@ bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
   const bool here = workspace::IsEmpty(database_.Store());
   const std::string database = here ? database_.Name() : FromQt(new_database);
   const bool done = database_.Do([&] {
-    Progress progress(QStringLiteral("Der Datenbestand wird eingelesen"), this);
+    ProgressDialog progress(QStringLiteral("Der Datenbestand wird eingelesen"), this);
     dataset::ImportDatabase(database, formats::FileSource(FromQt(file)), workspace::Access::Write,
-                            progress.Pause());
+                            progress.Reporter());
   });
   if (done && OpenAsked) OpenAsked(database);
   return done;
@@ -242,8 +242,8 @@ bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
 
 bool MainWindow::ExportTo(const QString& file) {
   const bool done = database_.Do([&] {
-    Progress progress(QStringLiteral("Der Datenbestand wird geschrieben"), this);
-    dataset::ExportDatabase(database_.Name(), FromQt(file), progress.Pause());
+    ProgressDialog progress(QStringLiteral("Der Datenbestand wird geschrieben"), this);
+    dataset::ExportDatabase(database_.Name(), FromQt(file), progress.Reporter());
   });
   if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
   return done;

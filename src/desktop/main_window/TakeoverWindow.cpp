@@ -13,7 +13,7 @@
 
 #include "automation/formats/errors.h"
 #include "desktop/MessageBox.h"
-#include "desktop/main_window/Progress.h"
+#include "desktop/main_window/ProgressDialog.h"
 #include "desktop/text.h"
 
 namespace pactora::desktop {

@@ -234,10 +234,10 @@ TEST_P(DatasetOverStores, AnInterruptedImportLeavesNothing) {
   const auto store =
       GetParam().create(schema::ContractCatalog(true), workspace::DefaultProfile("FIRMA"));
   int rows = 0;
-  const auto pause = [&rows] {
+  const auto at_row = [&rows] {
     if (++rows == 4) formats::Raise(formats::DoorError::Interrupted, "abgebrochen");
   };
-  EXPECT_THROW(ImportDataset(*store, source, survey, "NEU", pause), platform::Error);
+  EXPECT_THROW(ImportDataset(*store, source, survey, "NEU", at_row), platform::Error);
   EXPECT_EQ(store->Count(0), 0);
 }
 

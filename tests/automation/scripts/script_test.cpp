@@ -190,20 +190,20 @@ struct LockedStore final : workspace::ForwardingStore {
 };
 
 TEST(ScriptRun, AFailureOfTheWholeDatabaseIsNotedButNotARehearsedOne) {
-  EXPECT_EQ(RunSteps(kGoto + kCall, std::make_unique<LockedStore>(Company())).result.outage,
+  EXPECT_EQ(RunSteps(kGoto + kCall, std::make_unique<LockedStore>(Company())).result.fatal_error,
             store::StoreError::Locked);
   const Ran messages = RunSteps(R"({"goto": "Adressen", "oid": "1"}, {"call": "NewContract", "do": [
       {"select": "lvwBezeichnung", "text": "Wartung Server"}, {"click": "cmdOK"}]})",
                                 std::make_unique<LockedStore>(SampleCompany()));
   EXPECT_THAT(messages.result.problems, IsEmpty());
-  EXPECT_EQ(messages.result.outage, store::StoreError::Locked);
+  EXPECT_EQ(messages.result.fatal_error, store::StoreError::Locked);
   const Ran rehearsed =
       RunSteps(R"({"fault": {"op": "StoreNew", "number": "0x80041020"}}, )" + kGoto + kCall);
   EXPECT_THAT(rehearsed.result.problems, SizeIs(1));
-  EXPECT_EQ(rehearsed.result.outage, std::nullopt);
+  EXPECT_EQ(rehearsed.result.fatal_error, std::nullopt);
 }
 
-TEST(ExitStatus, IsTheSameForAnOutageWhicheverWayItIsTold) {
+TEST(ExitStatus, IsTheSameForAStoreErrorByEnumAndByNumber) {
   const std::pair<store::StoreError, workspace::Status> cases[] = {
       {store::StoreError::Locked, workspace::Status::NotReachable},
       {store::StoreError::NotReachable, workspace::Status::NotReachable},
@@ -280,7 +280,7 @@ TEST(ScriptRun, ACommitThatFailsIsAnErrorOfTheCallAndNothingOfItRemains) {
   ASSERT_EQ(ran.events.size(), 7u);
   EXPECT_EQ(ran.events[1], kReturnEvent);
   EXPECT_THAT(ran.events[3], HasSubstr(R"("event":"error","number":"0x80041024")"));
-  EXPECT_EQ(ran.result.outage, store::StoreError::Full);
+  EXPECT_EQ(ran.result.fatal_error, store::StoreError::Full);
   EXPECT_EQ(ran.events[5], kReturnEvent);
   const formats::Json contracts = formats::Json::parse(ran.events[6])["tables"]["vv_Vertraege"];
   ASSERT_EQ(contracts.size(), 2u);

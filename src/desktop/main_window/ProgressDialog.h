@@ -1,4 +1,4 @@
-// How far something long is, with a button to stop it.
+// The progress of long work, with a button to stop it.
 #pragma once
 
 #include <QProgressDialog>
@@ -10,14 +10,14 @@ namespace pactora::desktop {
 
 inline constexpr int kShowProgressEveryMs = 40;  // while something runs
 
-class Progress final {
+class ProgressDialog final {
  public:
   // The window comes up when the work takes longer than a moment.
-  Progress(const QString& title, QWidget* parent);
+  ProgressDialog(const QString& title, QWidget* parent);
 
-  // To be called by the work; raises DoorError::Interrupted when the user has asked
-  // to stop. Must not be called when the progress is gone.
-  dataset::Pause Pause();
+  // Shows the progress; raises DoorError::Interrupted when the user has asked to
+  // stop. Must not be called after this object's end.
+  dataset::Progress Reporter();
 
  private:
   QProgressDialog dialog_;

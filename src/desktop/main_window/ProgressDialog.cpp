@@ -1,4 +1,4 @@
-#include "desktop/main_window/Progress.h"
+#include "desktop/main_window/ProgressDialog.h"
 
 #include <QElapsedTimer>
 #include <memory>
@@ -12,7 +12,7 @@ constexpr int kParts = 1000;
 
 }  // namespace
 
-Progress::Progress(const QString& title, QWidget* parent) : dialog_(parent) {
+ProgressDialog::ProgressDialog(const QString& title, QWidget* parent) : dialog_(parent) {
   dialog_.setObjectName(QStringLiteral("progress"));
   dialog_.setWindowTitle(QStringLiteral("Pactora"));
   dialog_.setLabelText(title);
@@ -22,7 +22,7 @@ Progress::Progress(const QString& title, QWidget* parent) : dialog_(parent) {
   dialog_.setMinimumDuration(500);
 }
 
-dataset::Pause Progress::Pause() {
+dataset::Progress ProgressDialog::Reporter() {
   const auto since = std::make_shared<QElapsedTimer>();
   return [this, since](std::size_t done, std::size_t all) {
     if (since->isValid() && since->elapsed() < kShowProgressEveryMs) return;
