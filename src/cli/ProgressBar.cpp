@@ -1,14 +1,15 @@
 #include "cli/ProgressBar.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <cstdio>
+
+#include "automation/formats/files.h"
 
 namespace pactora::cli {
 
 ProgressBar::ProgressBar(std::size_t total)
-    : total_(total), shown_(total >= kMany && ::isatty(STDERR_FILENO) != 0) {}
+    : total_(total), shown_(total >= kMany && formats::IsTerminal(stderr)) {}
 
 void ProgressBar::Advance() {
   ++done_;
@@ -23,7 +24,7 @@ void ProgressBar::Advance() {
 }
 
 void ProgressBar::ClearForOutput() {
-  if (drawn_ && ::isatty(STDOUT_FILENO) != 0) Clear();
+  if (drawn_ && formats::IsTerminal(stdout)) Clear();
 }
 
 void ProgressBar::Clear() {

@@ -1,13 +1,12 @@
 // desktop: starts the program of the windows, which lies beside this one where it was
 // built with them.
-#include <unistd.h>
-
-#include <array>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <system_error>
+#include <utility>
 
+#include "automation/formats/files.h"
 #include "cli/commands.h"
 #include "cli/options.h"
 
@@ -20,13 +19,12 @@ constexpr const char* kWindows = "pactora-desktop";
 Status RunDesktop(std::string database) {
   std::error_code failed;
   const std::filesystem::path here = std::filesystem::read_symlink("/proc/self/exe", failed);
-  std::string program = (here.parent_path() / kWindows).string();
+  const std::string program = (here.parent_path() / kWindows).string();
   if (failed || !std::filesystem::exists(program, failed)) {
     Complain("die Fenster sind in diesem Programm nicht enthalten");
     return Status::BadInput;
   }
-  const std::array<char*, 3> arguments = {program.data(), database.data(), nullptr};
-  ::execv(program.c_str(), arguments.data());  // returns only when it failed
+  formats::BecomeProgram(program, std::move(database));
   Complain(program + ": das Programm der Fenster kann nicht gestartet werden");
   return Status::Internal;
 }

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -77,9 +78,8 @@ void ReplaceFile(const std::string& path, const std::function<void(std::ostream&
   }
   const ScratchFile beside(Followed(path));
   if (!Make(beside.Path(), exists ? &now : nullptr) || !Write(beside.Path(), fill) ||
-      !Sync(beside.Path()) || !beside.ReplaceTarget()) {
+      !Sync(beside.Path()) || !beside.ReplaceTarget())
     RaiseUnwritable(path);
-  }
 }
 
 std::string ReadStandardInput() {
@@ -116,6 +116,24 @@ bool IsSameFile(const std::string& one, const std::string& other) {
   if (fs::equivalent(one, other, ignored)) return true;
   return fs::weakly_canonical(fs::absolute(Followed(one)), ignored) ==
          fs::weakly_canonical(fs::absolute(Followed(other)), ignored);
+}
+
+void RequireWritable(const std::string& path) {
+  std::error_code ignored;
+  const fs::path file = fs::absolute(path);
+  const fs::path place = fs::exists(file, ignored) ? file : file.parent_path();
+  if (::access(place.c_str(), W_OK) != 0) RaiseUnwritable(path);
+}
+
+bool TryReserve(std::FILE* file) { return ::flock(::fileno(file), LOCK_EX | LOCK_NB) == 0; }
+
+bool Sync(std::FILE* file) { return std::fflush(file) == 0 && ::fsync(::fileno(file)) == 0; }
+
+bool IsTerminal(std::FILE* file) { return ::isatty(::fileno(file)) != 0; }
+
+void BecomeProgram(std::string program, std::string argument) {
+  const std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
+  ::execv(program.c_str(), arguments.data());
 }
 
 }  // namespace pactora::formats

@@ -1,6 +1,7 @@
-// Files written whole or not at all.
+// Files written whole or not at all, and what the operating system does with files.
 #pragma once
 
+#include <cstdio>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -33,5 +34,20 @@ void WriteOutput(const std::string& path, const std::function<void(std::ostream&
 
 // Whether both names lead to one file, also where it does not exist yet.
 bool IsSameFile(const std::string& one, const std::string& other);
+
+// Raises DoorError::NotCarriedOut where this user may not write the file, or where
+// there is none may not make it.
+void RequireWritable(const std::string& path);
+// Reserves the open file for this program until it is closed. False: another program
+// has reserved it.
+bool TryReserve(std::FILE* file);
+// What was written to the open file is safe from a power cut, unless this is false.
+bool Sync(std::FILE* file);
+// Whether a person sees what is written there.
+bool IsTerminal(std::FILE* file);
+
+// Runs the program with this argument in the place of this one; returns only when it
+// can't be started.
+void BecomeProgram(std::string program, std::string argument);
 
 }  // namespace pactora::formats

@@ -85,7 +85,7 @@ Run::Count Job::CarryOut(const platform::Clock& clock, const std::function<void(
     if (show) written = &dataset::WrittenRows::Watch(store);
     Run run(std::move(store), clock);
     const OldRejected old = ReadOldRejected();
-    order_.rehearsal ? report_.RequireWritable() : report_.Open();
+    order_.rehearsal ? formats::RequireWritable(order_.report) : report_.Open();
     const std::string name =
         std::filesystem::weakly_canonical(std::filesystem::absolute(order_.report)).string();
     const Run::Count count = run.CarryOut(list_, report_, name, after_line);

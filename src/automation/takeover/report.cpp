@@ -1,9 +1,6 @@
 #include "automation/takeover/report.h"
 
 #include <fmt/format.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <array>
 #include <filesystem>
@@ -63,9 +60,8 @@ std::string LineText(const ReportLine& line) {
 }  // namespace
 
 std::string_view Text(Outcome outcome) {
-  for (const auto& [known, text] : kTexts) {
+  for (const auto& [known, text] : kTexts)
     if (known == outcome) return text;
-  }
   return {};
 }
 
@@ -82,25 +78,16 @@ Report::Report(std::string path) : path_(std::move(path)) {
 void Report::Open() {
   file_ = std::fopen(path_.c_str(), "ab");
   if (file_ == nullptr) formats::RaiseUnwritable(path_);
-  struct stat now {};
-  const bool is_mine = ::flock(fileno(file_), LOCK_EX | LOCK_NB) == 0 &&
-                       ::fstat(fileno(file_), &now) == 0 &&
-                       now.st_size == static_cast<off_t>(size_);
-  if (!is_mine)
+  std::error_code failed;
+  if (!formats::TryReserve(file_) || std::filesystem::file_size(path_, failed) != size_)
     formats::Raise(formats::DoorError::NotCarriedOut,
                    path_ + ": mit diesem Bericht läuft schon eine Übernahme");
-  if (::ftruncate(fileno(file_), static_cast<off_t>(whole_)) != 0) formats::RaiseUnwritable(path_);
+  std::filesystem::resize_file(path_, whole_, failed);
+  if (failed) formats::RaiseUnwritable(path_);
   if (lacks_break_) std::fputc('\n', file_);
   if (resumed_) return;
   std::fputs((Header() + "\n").c_str(), file_);
   Sync();
-}
-
-void Report::RequireWritable() const {
-  const std::filesystem::path folder = std::filesystem::absolute(path_).parent_path();
-  std::error_code ignored;
-  const bool exists = std::filesystem::exists(path_, ignored);
-  if (::access(exists ? path_.c_str() : folder.c_str(), W_OK) != 0) formats::RaiseUnwritable(path_);
 }
 
 Report::~Report() {
@@ -159,16 +146,11 @@ void Report::Add(const ReportLine& line) {
   const std::string text = LineText(line);
   const bool written =
       std::fwrite(text.data(), 1, text.size(), file_) == text.size() && std::fflush(file_) == 0;
-  if (!written) {
-    formats::RaiseUnwritable(path_);
-  }
+  if (!written) formats::RaiseUnwritable(path_);
 }
 
 void Report::Sync() {
-  if (file_ == nullptr) return;
-  if (std::fflush(file_) != 0 || fsync(fileno(file_)) != 0) {
-    formats::RaiseUnwritable(path_);
-  }
+  if (file_ != nullptr && !formats::Sync(file_)) formats::RaiseUnwritable(path_);
 }
 
 void Report::Finish() {

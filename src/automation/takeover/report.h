@@ -53,9 +53,6 @@ class Report {
   // another run has it.
   void Open();
 
-  // Raises DoorError::NotCarriedOut where Open could not write the file.
-  void RequireWritable() const;
-
   const std::string& Path() const { return path_; }
   // Whether an earlier run, finished or not, has left this report.
   bool Resumed() const { return resumed_; }
