@@ -80,7 +80,7 @@ void Raise(HostError error, std::string_view what) {
   std::string description = Text(error);
   if (!what.empty()) {
     description.pop_back();
-    description.append(": \"").append(what).append("\".");
+    description.append(": „").append(what).append("“.");
   }
   throw platform::Error(Number(error), std::move(description), "Tessarin");
 }

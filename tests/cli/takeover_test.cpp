@@ -77,14 +77,14 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   ASSERT_EQ(rows.size(), 11u);
   const auto row = [&](std::size_t i) { return rows[i].cells[2] + ": " + rows[i].cells[4]; };
   EXPECT_EQ(row(1), "angelegt: ");
-  EXPECT_EQ(row(2), "abgelehnt: Spalte Adresse: \"Niemand\" gibt es nicht");
+  EXPECT_EQ(row(2), "abgelehnt: Spalte Adresse: „Niemand“ gibt es nicht");
   EXPECT_EQ(row(3),
-            "abgelehnt: Spalte Vertragstyp: kein freigegebener Vertragstyp \"Wartung Schiff\"");
+            "abgelehnt: Spalte Vertragstyp: kein freigegebener Vertragstyp „Wartung Schiff“");
   EXPECT_EQ(row(4),
             "abgelehnt: Spalte ZuletztFakturiert: kein Zeitraum beginnt am 02.01.2023, aber am "
             "01.01.2023 und am 01.04.2023");
   EXPECT_EQ(row(5), "abgelehnt: Spalte Rabatt: Rabatt darf nicht größer 99% sein!");
-  EXPECT_THAT(row(6), HasSubstr("Spalte Rabatt: \"1.5\" ist keine Zahl"));
+  EXPECT_THAT(row(6), HasSubstr("Spalte Rabatt: „1.5“ ist keine Zahl"));
   EXPECT_THAT(row(7), HasSubstr("abgelehnt: Das für diesen Vertrag erforderliche Adressmerkmal"));
   EXPECT_EQ(row(8), "übersprungen: dasselbe steht in Zeile 2");
   EXPECT_EQ(row(9), "abgelehnt: der Schlüssel steht schon in Zeile 3");

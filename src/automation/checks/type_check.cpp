@@ -101,12 +101,12 @@ class Checker {
       const std::string article = position.Text(field::Artikel);
       if (!HasKey(table::Artikel, index::Id, position.Text(field::ArtikelID)) &&
           position.Text(field::ArtikelID) != schema::kDummyArticleId) {
-        Fault(fmt::format("der Artikel {} \"{}\" ist nicht mehr vorhanden",
+        Fault(fmt::format("der Artikel {} „{}“ ist nicht mehr vorhanden",
                           position.Text(field::ArtikelID), article));
       }
       const bool priced = type_->Text(field::Typ) == schema::kTypDebtor && Renews();
       if (priced && (!price || position.Double(schema::kPriceFields[*price]) == 0.0)) {
-        Fault(fmt::format("der Preis von \"{}\" in der Verlängerung ist 0", article));
+        Fault(fmt::format("der Preis von „{}“ in der Verlängerung ist 0", article));
       }
     }
   }
@@ -131,7 +131,7 @@ class Checker {
     const std::string value = type_->Text(value_field);
     if (attribute.empty()) return;
     const auto gone = [&](std::string_view what, const std::string& name) {
-      Fault(fmt::format("das {} Merkmal: {} \"{}\" ist nicht mehr vorhanden", which, what, name));
+      Fault(fmt::format("das {} Merkmal: {} „{}“ ist nicht mehr vorhanden", which, what, name));
     };
     store::Record group_row;
     if (!Seek(table::MerkmalgruppeAdressen, index::Merkmalgruppe, group, group_row)) {

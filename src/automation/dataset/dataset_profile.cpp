@@ -78,11 +78,11 @@ void ReadMacros(store::Profile& profile, const formats::Json& macros, const form
     const std::string& path = member.key();
     if (std::count(path.begin(), path.end(), '/') != 2 || path.front() == '/' ||
         path.back() == '/' || path.find("//") != std::string::npos)
-      here.Fail("ein Name wie \"Projekt/Modul/Prozedur\" wird erwartet");
+      here.Fail("ein Name wie „Projekt/Modul/Prozedur“ wird erwartet");
     store::Macro macro{path, false, 0, {}};
     if (member.value() != kRecord) {
       if (!member.value().is_object())
-        here.Fail("\"record\" oder ein Objekt mit „fail“ wird erwartet");
+        here.Fail("„record“ oder ein Objekt mit „fail“ wird erwartet");
       formats::AllowKeys(member.value(), {"fail"}, here);
       const formats::Place there = here.Key("fail");
       const formats::Json& failure =

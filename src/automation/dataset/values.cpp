@@ -15,7 +15,7 @@ namespace pactora::dataset {
 
 namespace {
 
-constexpr std::string_view kDateExpected = "ein Datum wird erwartet, zum Beispiel \"2024-03-15\"";
+constexpr std::string_view kDateExpected = "ein Datum wird erwartet, zum Beispiel „2024-03-15“";
 
 }  // namespace
 
@@ -116,7 +116,7 @@ formats::Json ToJson(const host::Value& value) {
 
 store::Oid ReadOid(const formats::Json& value, const formats::Place& place) {
   constexpr const char* kExpected =
-      "eine Oid wird erwartet, eine positive ganze Zahl als Text wie \"7\"";
+      "eine Oid wird erwartet, eine positive ganze Zahl als Text wie „7“";
   if (!value.is_string()) place.Fail(kExpected);
   const auto oid = store::ParseOid(value.get_ref<const std::string&>());
   if (!oid) place.Fail(kExpected);
@@ -124,7 +124,7 @@ store::Oid ReadOid(const formats::Json& value, const formats::Place& place) {
 }
 
 std::int32_t ReadErrorNumber(const formats::Json& value, const formats::Place& place) {
-  constexpr const char* kExpected = "eine Fehlernummer wird erwartet, zum Beispiel \"0x80041096\"";
+  constexpr const char* kExpected = "eine Fehlernummer wird erwartet, zum Beispiel „0x80041096“";
   if (!value.is_string()) place.Fail(kExpected);
   const std::string text = value.get<std::string>();
   std::uint32_t bits = 0;

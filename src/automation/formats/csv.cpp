@@ -34,9 +34,8 @@ class Reader {
     row.fault = fault_;
     if (Take('\n')) ++line_;
     if (!platform::IsValidUtf8(row.text)) {
-      Raise(
-          DoorError::BadInput,
-          fmt::format("Zeile {}: kein UTF-8; speichern Sie die Datei als \"CSV UTF-8\"", row.line));
+      Raise(DoorError::BadInput,
+            fmt::format("Zeile {}: kein UTF-8; speichern Sie die Datei als „CSV UTF-8“", row.line));
     }
     if (!platform::Trim(row.text).empty()) rows_.push_back(std::move(row));
   }

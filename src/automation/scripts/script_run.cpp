@@ -65,14 +65,13 @@ class Run {
  private:
   void Write(const formats::Json& event) {
     const auto& shown = session_.AddOn().last_shown_error;
-    if (shown && event["event"] == "message")
-      NoteFatalError(workspace::FatalStoreErrorOf(shown->Number()));
+    if (shown && event["event"] == "message") NoteFatalError(shown->Number());
     transcript_ << formats::OneLine(event) << '\n';
   }
 
-  void NoteFatalError(const std::optional<store::StoreError>& fatal_error) {
-    if (fatal_error && !rehearsed_.contains(store::Number(*fatal_error)))
-      result_.fatal_error = fatal_error;
+  void NoteFatalError(std::int32_t number) {
+    const auto error = workspace::FatalStoreErrorOf(number);
+    if (error && !rehearsed_.contains(number)) result_.fatal_error = error;
   }
 
   // The end of the script: this place could not be carried out.
@@ -92,7 +91,7 @@ class Run {
     try {
       body();
     } catch (const platform::Error& error) {
-      NoteFatalError(workspace::FatalStoreErrorOf(error.Number()));
+      NoteFatalError(error.Number());
       Fail(error.Description());
     }
   }
@@ -168,7 +167,7 @@ class Run {
       session_.Host().EndUnit();
       if (!screen_.Failed()) Write(returned);
     } catch (const platform::Error& error) {
-      NoteFatalError(workspace::FatalStoreErrorOf(error.Number()));
+      NoteFatalError(error.Number());
       if (!screen_.Failed()) {
         Write({{"event", "error"},
                {"number", formats::ErrorNumberText(error.Number())},

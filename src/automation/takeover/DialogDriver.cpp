@@ -79,7 +79,7 @@ void Choose(ui::Form& form, ui::Person& person, std::string_view column, std::st
   Entry entry(form, column);
   const ui::Outcome outcome = person.ChooseText(entry.Get(name), text);
   if (outcome.obstacle == ui::Obstacle::NotInList) {
-    entry.Refuse(fmt::format("\"{}\" steht nicht zur Wahl", text));
+    entry.Refuse(fmt::format("„{}“ steht nicht zur Wahl", text));
   }
   entry.Must(outcome);
 }
@@ -124,8 +124,8 @@ void ChooseType(ui::Form& form, ui::Person& person, const std::string& type) {
   const auto& types = entry.Get<ui::ListView>(kTypes);
   std::int32_t count = 0;
   for (std::int32_t row = 1; row <= types.RowCount(); ++row) count += types.Text(row) == type;
-  if (count == 0) entry.Refuse(fmt::format("kein freigegebener Vertragstyp \"{}\"", type));
-  if (count > 1) entry.Refuse(fmt::format("\"{}\" gibt es mehrmals", type));
+  if (count == 0) entry.Refuse(fmt::format("kein freigegebener Vertragstyp „{}“", type));
+  if (count > 1) entry.Refuse(fmt::format("„{}“ gibt es mehrmals", type));
   Choose(form, person, kColumn, kTypes, type);
 }
 
@@ -217,7 +217,7 @@ void DialogDriver::ChoosePeriod(ui::Form& form, ui::Person& person) {
   const std::string pattern = contract::ReadPersistVarSetting(
       *module_, schema::setting::g_DateFormat, platform::kGermanPattern);
   if (!TellsDaysApart(pattern))
-    entry.Refuse(fmt::format("{} \"{}\" zeigt Daten nicht ganz, der Zeitraum ist nicht zu erkennen",
+    entry.Refuse(fmt::format("{} „{}“ zeigt Daten nicht ganz, der Zeitraum ist nicht zu erkennen",
                              schema::setting::g_DateFormat, pattern));
   const std::string start = platform::FormatDate(*line_->last_invoiced, pattern) + " - ";
   for (std::int32_t index = 0; index < periods.Count(); ++index) {

@@ -48,21 +48,21 @@ double ReadNumber(std::string_view text) {
   const bool fraction_fits = comma == std::string_view::npos || AllDigits(digits.substr(comma + 1));
   const bool whole_fits = AllDigits(whole) || (comma != std::string_view::npos && Grouped(whole));
   if (!whole_fits || !fraction_fits) {
-    throw Unreadable{fmt::format("\"{}\" ist keine Zahl wie 1234,56 oder 1.234,56", text)};
+    throw Unreadable{fmt::format("„{}“ ist keine Zahl wie 1234,56 oder 1.234,56", text)};
   }
   std::string plain;
   for (const char c : text) {
     if (c != '.') plain += c;
   }
   const auto number = platform::ParseNumber(plain, platform::Locale{});
-  if (!number) throw Unreadable{fmt::format("\"{}\" ist zu groß", text)};
+  if (!number) throw Unreadable{fmt::format("„{}“ ist zu groß", text)};
   return *number;
 }
 
 platform::Date ReadDate(std::string_view text) {
   const auto date = platform::ParseDate(text);
   if (!date || *date == platform::kNoDate) {
-    throw Unreadable{fmt::format("\"{}\" ist kein Datum wie 31.12.2024 oder 2024-12-31", text)};
+    throw Unreadable{fmt::format("„{}“ ist kein Datum wie 31.12.2024 oder 2024-12-31", text)};
   }
   return *date;
 }
@@ -74,7 +74,7 @@ bool ReadBoolean(std::string_view text) {
   for (const std::string_view no : {"nein", "falsch", "0"}) {
     if (platform::EqualsIgnoringCase(text, no)) return false;
   }
-  throw Unreadable{fmt::format("\"{}\" ist weder ja noch nein", text)};
+  throw Unreadable{fmt::format("„{}“ ist weder ja noch nein", text)};
 }
 
 struct Column {
@@ -139,16 +139,16 @@ Columns ReadHeader(const formats::CsvRow& header, const std::string& file) {
       if (column.name == name) known = &column;
     }
     if (known == nullptr)
-      refuse(fmt::format("unbekannte Spalte \"{}\"; es gibt {}", name, ColumnNames()));
+      refuse(fmt::format("unbekannte Spalte „{}“; es gibt {}", name, ColumnNames()));
     for (const Column* column : columns) {
-      if (column == known) refuse(fmt::format("die Spalte \"{}\" steht zweimal da", name));
+      if (column == known) refuse(fmt::format("die Spalte „{}“ steht zweimal da", name));
     }
     columns.push_back(known);
   }
   for (const Column& column : kColumns) {
     bool present = !column.required;
     for (const Column* other : columns) present |= other == &column;
-    if (!present) refuse(fmt::format("die Spalte \"{}\" fehlt", column.name));
+    if (!present) refuse(fmt::format("die Spalte „{}“ fehlt", column.name));
   }
   return columns;
 }

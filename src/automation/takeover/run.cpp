@@ -54,7 +54,7 @@ void Run::ReadAddresses() {
 
 Run::FoundAddress Run::FindAddress(const std::string& name) const {
   const auto cannot = [&](const char* why) -> FoundAddress {
-    return {std::nullopt, fmt::format("Spalte Adresse: \"{}\" {}", name, why)};
+    return {std::nullopt, fmt::format("Spalte Adresse: „{}“ {}", name, why)};
   };
   std::optional<store::Oid> oid = store::ParseOid(name);
   if (oid && !address_oids_.contains(*oid)) oid.reset();

@@ -54,10 +54,10 @@ TEST(TypeCheck, NamesEachFaultThatANewContractWouldInherit) {
        "die Zahlungsperiode 5 passt nicht zur Dauer 12 (Monate)"},
       {once + R"("Zahlungsperiode": 0, )",
        "die Zahlungsperiode 0 passt nicht zur Dauer 12 (Monate)"},
-      {fits, "der Artikel A2 \"Wartung\" ist nicht mehr vorhanden", "A2"},
+      {fits, "der Artikel A2 „Wartung“ ist nicht mehr vorhanden", "A2"},
       {fits + R"("WorkflowID": "W2", )", "der Workflow W2 ist nicht mehr vorhanden"},
-      {sets("Art", "Amt"), "das gesetzte Merkmal: der Wert \"Amt\" ist nicht mehr vorhanden"},
-      {sets("Ort", "x"), "das gesetzte Merkmal: das Merkmal \"Ort\" ist nicht mehr vorhanden"},
+      {sets("Art", "Amt"), "das gesetzte Merkmal: der Wert „Amt“ ist nicht mehr vorhanden"},
+      {sets("Ort", "x"), "das gesetzte Merkmal: das Merkmal „Ort“ ist nicht mehr vorhanden"},
   };
   for (const auto& [fields, finding, article] : cases) {
     const auto found = Findings(fields, R"("ArtikelID": ")" + std::string(article) + '"');
@@ -75,7 +75,7 @@ TEST(TypeCheck, LooksAtTheRenewalAndHintsAtTermsThatBindAConsumerTooLong) {
       Findings(renews, R"("ArtikelID": "A1", "PreisM1": 5)"),
       ElementsAre("die Kündigungsfrist 5 steht nicht in der Liste",
                   "die Kündigungsfrist der Verlängerung 5 steht nicht in der Liste",
-                  "der Preis von \"Wartung\" in der Verlängerung ist 0",
+                  "der Preis von „Wartung“ in der Verlängerung ist 0",
                   "H Verbraucher: Dauer von 36 Monaten, erlaubt sind 24",
                   "H Verbraucher: Verlängerung um 12 Monate, erlaubt ist nur auf unbestimmte Zeit",
                   "H Verbraucher: Kündigungsfrist der Verlängerung von 5 Monaten, erlaubt ist ein "

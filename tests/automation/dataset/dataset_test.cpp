@@ -285,18 +285,17 @@ TEST(BadDataset, IsRefusedNamingThePlace) {
        "persistVars.x: unbekannter Schlüssel „readonly“"},
       {R"({"persistVars": {"x": 1, "X": 1}})", "persistVars.X: der Name steht doppelt da"},
       {R"({"macros": {"vv_CreateAttribute": "record"}})",
-       "macros.vv_CreateAttribute: ein Name wie \"Projekt/Modul/Prozedur\" wird erwartet"},
+       "macros.vv_CreateAttribute: ein Name wie „Projekt/Modul/Prozedur“ wird erwartet"},
       {R"({"macros": {"a/b/c": {"fail": {"number": "5"}}}})",
-       "macros.a/b/c.fail.number: eine Fehlernummer wird erwartet, zum Beispiel \"0x80041096\""},
+       "macros.a/b/c.fail.number: eine Fehlernummer wird erwartet, zum Beispiel „0x80041096“"},
       {R"({"tableSettings": {"Kunden": {}}})", "tableSettings.Kunden: diese Tabelle gibt es nicht"},
   };
   for (const auto& [text, message] : cases) EXPECT_EQ(RefusalOf(text), message) << text;
 }
 
 TEST(BadDataset, ACellIsNamedByItsTablesAndRows) {
-  constexpr const char* kOid =
-      "eine Oid wird erwartet, eine positive ganze Zahl als Text wie \"7\"";
-  constexpr const char* kDate = "ein Datum wird erwartet, zum Beispiel \"2024-03-15\"";
+  constexpr const char* kOid = "eine Oid wird erwartet, eine positive ganze Zahl als Text wie „7“";
+  constexpr const char* kDate = "ein Datum wird erwartet, zum Beispiel „2024-03-15“";
   struct Case {
     const char* cell;
     const char* value;

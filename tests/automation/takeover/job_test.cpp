@@ -109,9 +109,9 @@ TEST_F(TakeoverJobs, AnAddressIsNamedByNameOrOidAndNotGuessed) {
   EXPECT_THAT(
       messages,
       testing::ElementsAre(
-          found, found, found, "Spalte Adresse: \"Muster\" gibt es mehrmals; nennen Sie die Oid",
-          "Spalte Adresse: \"4\" ist der Name einer Adresse und die Oid einer anderen",
-          "Spalte Adresse: \"9\" gibt es nicht"));
+          found, found, found, "Spalte Adresse: „Muster“ gibt es mehrmals; nennen Sie die Oid",
+          "Spalte Adresse: „4“ ist der Name einer Adresse und die Oid einer anderen",
+          "Spalte Adresse: „9“ gibt es nicht"));
 }
 
 // 01.01.2124 is not taken for 01.01.2024 where the user's pattern shows both as "24".
@@ -132,7 +132,7 @@ TEST_F(TakeoverJobs, ATypeWhoseNameAnotherOneHasIsNotGuessed) {
   const std::string other = folder.File("zwillinge.db");
   Import(other, Sample("\"Stellfläche Rechenzentrum\"", "\"Wartung Server\""));
   EXPECT_THAT(Messages(other),
-              testing::Each("Spalte Vertragstyp: \"Wartung Server\" gibt es mehrmals"));
+              testing::Each("Spalte Vertragstyp: „Wartung Server“ gibt es mehrmals"));
 }
 
 TEST_F(TakeoverJobs, NothingOfALineThatFailsHalfWayStays) {

@@ -36,7 +36,7 @@ TEST(TakeoverList, NumbersAreTakenInTheGermanFormAloneAndNeverGuessed) {
   }
   for (const char* cell :
        {"1.5", "1,234.56", "1.234", "1.23,4", "1234.567,8", "12,", ",5", "zwölf", "1 000"})
-    EXPECT_TRUE(OneLine("Rabatt", cell).refusal.starts_with("Spalte Rabatt: \"")) << cell;
+    EXPECT_TRUE(OneLine("Rabatt", cell).refusal.starts_with("Spalte Rabatt: „")) << cell;
 }
 
 TEST(TakeoverList, DatesAndBooleansHaveTheirForms) {
@@ -84,13 +84,13 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
   const std::string header = "Adresse;Vertragstyp;Vertragsbeginn";
   const std::pair<std::string, const char*> cases[] = {
       {"", "liste.csv: die Liste ist leer"},
-      {header + ";Preis", "liste.csv, Zeile 1: unbekannte Spalte \"Preis\"; es gibt Adresse, "},
-      {"Adresse;;Vertragstyp;Vertragsbeginn", "liste.csv, Zeile 1: unbekannte Spalte \"\"; "},
-      {"Adresse;Vertragstyp", "liste.csv, Zeile 1: die Spalte \"Vertragsbeginn\" fehlt"},
-      {header + ";Adresse", "liste.csv, Zeile 1: die Spalte \"Adresse\" steht zweimal da"},
+      {header + ";Preis", "liste.csv, Zeile 1: unbekannte Spalte „Preis“; es gibt Adresse, "},
+      {"Adresse;;Vertragstyp;Vertragsbeginn", "liste.csv, Zeile 1: unbekannte Spalte „“; "},
+      {"Adresse;Vertragstyp", "liste.csv, Zeile 1: die Spalte „Vertragsbeginn“ fehlt"},
+      {header + ";Adresse", "liste.csv, Zeile 1: die Spalte „Adresse“ steht zweimal da"},
       {header + "\na;\"b", "liste.csv, Zeile 2: das Anführungszeichen ist nicht geschlossen"},
       {header + "\na;\xFF",
-       "liste.csv, Zeile 2: kein UTF-8; speichern Sie die Datei als \"CSV UTF-8\""},
+       "liste.csv, Zeile 2: kein UTF-8; speichern Sie die Datei als „CSV UTF-8“"},
   };
   for (const auto& [text, fault] : cases) {
     try {

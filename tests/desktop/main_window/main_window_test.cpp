@@ -286,7 +286,7 @@ TEST_F(TakeoverTest, RefusedLinesSayWhyAndALineThatIsNoListIsSaid) {
     EXPECT_THAT(Outcome(takeover), HasSubstr("bestand.csv.bericht.csv.abgelehnt.csv"));
     EXPECT_THAT(
         user.Get<QTableView>("takeover_lines").model()->index(0, 3).data().toString().toStdString(),
-        HasSubstr("\"Niemand\" gibt es nicht"));
+        HasSubstr("„Niemand“ gibt es nicht"));
     QFile(list).resize(10);
     user.Click("takeover_start");
     EXPECT_TRUE(user.Get("takeover_start").isEnabled());
