@@ -1,4 +1,4 @@
-// A bar on standard error while many things are done.
+// A progress bar on standard error.
 #pragma once
 
 #include <chrono>
@@ -15,10 +15,10 @@ class ProgressBar {
   ProgressBar& operator=(const ProgressBar&) = delete;
 
   void Advance();
-  // Takes the bar away, before a line is written to the terminal; a later Advance
+  // Removes the bar before a line is written to the terminal; a later Advance
   // draws it again.
   void Clear();
-  // Likewise, where standard output is the terminal, too.
+  // Likewise, but only where standard output is a terminal, too.
   void ClearForOutput();
 
  private:

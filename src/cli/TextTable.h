@@ -21,8 +21,8 @@ class TextTable {
   // Requires: one value for each column.
   void Add(std::vector<host::Value> row) { rows_.push_back(std::move(row)); }
 
-  // Numbers stand to the right; dates and amounts are written the German way, no
-  // date as nothing.
+  // Numbers are right-aligned; dates and amounts have the German form, and no date is
+  // an empty cell.
   void PrintText(std::ostream& out) const;
   // A list of objects, values as in a dataset.
   void PrintJson(std::ostream& out) const;

@@ -1,5 +1,5 @@
-// The commands. Each adds itself to the command line; when the user chose it, run
-// is set to what carries it out.
+// The commands. Each adds itself to the command line and sets run to its work when the
+// user has chosen it.
 #pragma once
 
 #include <CLI/CLI.hpp>

@@ -1,4 +1,4 @@
-// list: tables of what is there.
+// list: the content of a database as tables.
 #include <fmt/format.h>
 
 #include <array>

@@ -30,7 +30,7 @@ constexpr std::array kCommands = {AddInit,     AddImport, AddExport, AddNewContr
 
 constexpr std::string_view kOptions = "[Optionen]";
 
-// Names the options without which a command is not complete in its first line.
+// Shows the required options in the first line of a command's help.
 class HelpText final : public CLI::Formatter {
  public:
   std::string make_usage(const CLI::App* app, std::string name) const override {
@@ -51,7 +51,7 @@ std::string Joined(const std::vector<std::string>& words) {
   return text;
 }
 
-// The command that was named, as far as it was: that of "pactora types".
+// The innermost command that was named: "types" for "pactora types".
 const CLI::App& Chosen(const CLI::App& app) {
   const std::vector<CLI::App*> commands = app.get_subcommands();
   return commands.empty() ? app : Chosen(*commands.front());
@@ -62,7 +62,7 @@ std::string FullName(const CLI::App& command) {
   return command.get_parent() ? FullName(*command.get_parent()) + " " + name : name;
 }
 
-// What is missing from the command; extra are the words that nothing took.
+// What the command lacks; extra are the words that belong to no argument.
 std::string MissingPart(const CLI::App& command, const std::string& extra) {
   if (command.get_require_subcommand_min() > command.get_subcommands().size())
     return extra.empty() ? "ein Befehl fehlt" : "unbekannter Befehl: " + extra;
@@ -72,8 +72,8 @@ std::string MissingPart(const CLI::App& command, const std::string& extra) {
   return "ein Argument fehlt";
 }
 
-// Which option came too often, has a value that it does not take, or lacks the one
-// that it takes: then it is the last word.
+// The option that came too often, has a value but takes none, or lacks its value and so
+// is the last word.
 std::string MismatchedPart(const CLI::App& command, const std::vector<std::string>& words) {
   for (const CLI::Option* option : command.get_options()) {
     const auto most = static_cast<std::size_t>(std::max(option->get_items_expected_max(), 1));
@@ -91,7 +91,7 @@ std::string MismatchedPart(const CLI::App& command, const std::vector<std::strin
 }
 
 // What is wrong with the command line. The library's own words are English; its
-// errors are told apart by their codes, since some bear the command's name.
+// errors are distinguished by their codes, since some bear the command's name.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& app,
                        const std::vector<std::string>& words) {
   const std::string extra = Joined(app.remaining(true));
@@ -107,7 +107,7 @@ std::string UsageError(const CLI::ParseError& error, const CLI::App& app,
   }
 }
 
-// The status, unless what was printed did not arrive.
+// The status, or a failure where the output could not be written.
 Status WithOutputWritten(Status status) {
   std::cout.flush();
   if (std::cout) return status;

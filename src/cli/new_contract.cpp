@@ -34,7 +34,7 @@ class Bulk {
  public:
   explicit Bulk(const NewContractArguments& arguments) : arguments_(arguments) {
     for (const std::string& file : arguments.files) files_.push_back(formats::FileSource(file));
-    // All files are looked through before anything is done.
+    // All files are checked before the first contract is made.
     for (const auto& file : files_)
       dataset::ForEachContract(file, [this](const dataset::ContractOrder&) { ++total_; });
   }
@@ -52,7 +52,7 @@ class Bulk {
         dataset::ForEachContract(file,
                                  [&](const dataset::ContractOrder& order) { Make(maker, order); });
     } catch (const platform::Error& error) {
-      // The rest is not tried: the database is out of reach or the user stops.
+      // The rest is skipped: the database is not reachable, or the user stops.
       bar.Clear();
       const std::string why = formats::Describe(workspace::Named(arguments_.database, error));
       Complain(total_ > 1 ? fmt::format("{} ({} von {} angelegt)", why, made_, total_) : why);
@@ -96,7 +96,7 @@ class Bulk {
     } else {
       std::cout << fmt::format("Vertrag {} angelegt, {}\n", made.number, contract);
     }
-    // The contract is stored: whatever happens next, it has been said.
+    // The contract is stored: it is reported before anything else can fail.
     std::cout.flush();
   }
 

@@ -17,7 +17,7 @@ inline constexpr const char* kOptionGroup = "Optionen";
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description);
 
 void AddDatabase(CLI::App& command, std::string& name);
-// more says what is special about the option in this command.
+// more is added to the description of the option in this command.
 void AddDryRun(CLI::App& command, bool& dry_run, const std::string& more = {});
 void AddJson(CLI::App& command, bool& json, const std::string& more = {});
 // A date as "2024-03-15"; anything else is wrong usage.
@@ -26,7 +26,7 @@ void AddToday(CLI::App& command, std::optional<platform::Date>& today,
 
 workspace::Access AccessFor(bool dry_run);
 
-// The day that the program takes for today: the given one or the machine's.
+// Today's date for the program: the given one or the machine's.
 std::unique_ptr<platform::Clock> ClockFor(const std::optional<platform::Date>& today);
 
 }  // namespace pactora::cli

@@ -1,4 +1,4 @@
-// How the program ends, and what it says then.
+// The exit status, and the messages that go with it.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// types: what there is to do with contract types.
+// types: commands for contract types.
 #include <iostream>
 #include <memory>
 #include <string>

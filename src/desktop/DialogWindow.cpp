@@ -31,8 +31,8 @@ bool ChosenElsewhere(const ui::Control& control) {
   });
 }
 
-// Who chooses an access key first: the buttons at the bottom, which are the same
-// everywhere, and last the options, to which the arrow keys come as well.
+// The order in which access keys are given out: first to the buttons at the bottom,
+// which are the same everywhere, last to the options, which arrow keys reach as well.
 int RankOfKey(const ui::Control& control) {
   if (control.Kind() == ui::ControlKind::OptionButton) return 2;
   const auto* button = dynamic_cast<const ui::Button*>(&control);

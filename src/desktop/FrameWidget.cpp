@@ -142,7 +142,7 @@ void FrameWidget::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) SetMargins();
 }
 
-// Wide enough for the caption, whatever is in the frame.
+// Wide enough for the caption, also around small content.
 QSize FrameWidget::minimumSizeHint() const {
   QSize size = QWidget::minimumSizeHint();
   const int caption = fontMetrics().horizontalAdvance(desktop::ToQt(frame_.Caption()));

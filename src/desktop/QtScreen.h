@@ -1,9 +1,9 @@
 // The screen of the desktop: dialogs and message boxes as windows.
 //
-// A unit of work of the host ends wherever the program waits for a person: before
-// a message box and a dialog come up, and after each thing that a person does in a
-// dialog. What ending it raises is raised from ShowMessage and ShowModal; the dialog
-// that was open is hidden then.
+// A unit of work of the host ends wherever the program waits for a person: before a
+// message box or a dialog is shown, and after each action of a person in a dialog.
+// Errors at its end are raised from ShowMessage and ShowModal; an open dialog is
+// hidden before.
 #pragma once
 
 #include <QPointer>

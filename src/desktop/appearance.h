@@ -12,7 +12,7 @@ enum class Theme { System, Light, Dark };
 // German dates and texts of Qt's own menus, and German numbers with the locale's
 // decimal separator.
 void UseGerman(QApplication& application, const platform::Locale& numbers = {});
-// System keeps what the desktop of the machine asks for.
+// System follows the setting of the machine's desktop.
 void UseTheme(Theme theme);
 
 }  // namespace pactora::desktop

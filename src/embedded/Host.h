@@ -76,7 +76,7 @@ class Host {
 
   // Null switches it off. The probe must outlive its use.
   void SetProbe(OperationProbe* probe);
-  // Told of each macro run, with the path "project/module/procedure".
+  // Called with each macro run, with the path "project/module/procedure".
   void SetMacroListener(
       std::function<void(const std::string& path, const host::ValueArray& args)> listener);
 

@@ -1,4 +1,4 @@
-// The operations of the host layer by name, as a probe is told of them.
+// The operations of the host layer by name, as a probe gets them.
 #pragma once
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 // when it is constructed; the order of construction is the tab order. It never
 // moves and lives as long as its form.
 //
-// A handler runs on a real change of value, whoever made it; setting the value
+// A handler runs on a real change of value, by code or by a person; setting the value
 // that a control has already runs nothing.
 #pragma once
 
@@ -46,7 +46,7 @@ enum class ControlKind {
   Button,
 };
 
-// What an observer is told has changed. Items are the entries of a combo or list
+// What has changed, for an observer. Items are the entries of a combo or list
 // box, Rows those of a list view, Selection the chosen one of either.
 enum class Property {
   Enabled,

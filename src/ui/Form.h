@@ -13,9 +13,9 @@
 //     ui::Button cmdOK{*this, "cmdOK", "OK", ui::Button::Role::Default};
 //   };
 //
-// An error that a handler raises reaches whoever changed the control: code that
+// An error that a handler raises reaches the caller that changed the control: code that
 // set a value gets it as from any other call. A person has no code to get it, so
-// the outermost event of a person's action ends here: OnError is told, and the
+// the outermost event of a person's action ends here: OnError is called, and the
 // dialog stays as it is.
 #pragma once
 
@@ -30,7 +30,7 @@ class Button;
 // Who put the focus where it is now. Kept: a box refused to be left.
 enum class FocusCause { Person, Program, Kept };
 
-// Told of everything that happens to a form and its controls, after it happened
+// Called for everything that happens to a form and its controls, after it happened
 // and before handlers run. Knows how the form is shown, or writes it down.
 class FormObserver {
  public:

@@ -108,7 +108,7 @@ class XPFrame {
 
   void ReadProperties(PropertyStore& store);
   void WriteProperties(PropertyStore& store) const;
-  // Told when a property was written to; optional.
+  // Called when a property was written to; optional.
   std::function<void()> PropertyChanged;
 
   // Draws the whole control. An error ends it there and is forgotten: the next

@@ -93,7 +93,7 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   EXPECT_EQ(formats::ReadCsv(Contents(rejected), ';').size(), 9u);
   EXPECT_THAT(Contents(rejected), HasSubstr("K5;1;Wartung Server;01.01.2023;;101\n"));
 
-  // The mended line alone is entered when the list is run again.
+  // The corrected line alone is entered when the list is run again.
   std::string mended = Contents(list);
   mended.replace(mended.find(";;101"), 5, ";;100");
   Write(list, mended);

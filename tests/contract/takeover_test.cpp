@@ -171,7 +171,7 @@ void CheckLaws(const RunningContract& contract, const InvoicePeriod& selected) {
   std::size_t renewals = 0;
   for (const TakeoverStep& step : plan.steps) {
     if (const auto* term = std::get_if<TakeoverTerm>(&step)) {
-      // Told of once, after the first term.
+      // Reported once, after the first term.
       ASSERT_EQ(renewals, term->renewal ? 1u : 0u);
       terms.push_back(*term);
     }

@@ -1,4 +1,4 @@
-// A person at a window: mouse and keyboard events on its widgets, which are told by
+// A person at a window: mouse and keyboard events on its widgets, which are known by
 // the names of their controls.
 #pragma once
 

@@ -87,7 +87,7 @@ class SqliteCrash : public SqliteFile {
     }
   }
 
-  // Returns how many units the process told of before it was killed.
+  // Returns how many units the process reported before it was killed.
   int Kill(const Moment& moment) const {
     int ends[2];
     EXPECT_EQ(pipe(ends), 0);

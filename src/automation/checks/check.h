@@ -8,19 +8,19 @@
 
 namespace pactora::checks {
 
-// Told of each fault: which row, and what is wrong with it, in one line.
+// Called with each fault: which row, and what is wrong with it, in one line.
 using Finding = std::function<void(const std::string& text)>;
 
 // All of the checks below. at_row runs at each row and may raise to stop.
 void CheckDatabase(store::RecordStore& store, const Finding& found,
                    const std::function<void()>& at_row = {});
 
-// Every row is found from its parent and from each index, under the right key; its
-// values fit their fields; IDs are single.
+// Every row is found from its parent and, under the right key, in each index; its
+// values fit their fields; no ID occurs twice.
 void CheckRows(store::RecordStore& store, const Finding& found,
                const std::function<void()>& at_row = {});
 
-// What a row refers to by ID or Oid is there.
+// What a row refers to by ID or Oid exists.
 void CheckRelations(store::RecordStore& store, const Finding& found,
                     const std::function<void()>& at_row = {});
 
@@ -29,7 +29,7 @@ void CheckRelations(store::RecordStore& store, const Finding& found,
 void CheckContracts(store::RecordStore& store, const Finding& found,
                     const std::function<void()>& at_row = {});
 
-// No counter stands below a contract number that looks as if it were drawn from it.
+// No counter is below a contract number that may have been drawn from it.
 void CheckCounters(store::RecordStore& store, const Finding& found);
 
 }  // namespace pactora::checks

@@ -20,7 +20,7 @@ namespace field = schema::field;
 
 using store::RowView;
 
-// The field beside the date says the same day.
+// The text field beside a date field holds the same day.
 bool SaysSameDay(const RowView& row, std::string_view date, std::string_view text) {
   return !row.Has(date) ||
          platform::FormatDate(host::ToDate(row[date]), platform::kSortPattern) == row.Text(text);
@@ -90,8 +90,8 @@ class ContractCheck {
           std::pair(field::NaechsteRechnung, field::NaechsteRechnungStr)})
       if (!SaysSameDay(term, date, text))
         in_term(fmt::format("ein {}, das nicht zum Datum passt", text));
-    // A type without positions makes contracts worth nothing; anything else that is
-    // invoiced has positions.
+    // A type without positions makes contracts without value; every other contract
+    // that is invoiced has positions.
     if (contract.Text(field::Typ) == schema::kTypDebtor && term.Double(field::Value) != 0.0 &&
         store_.CountInParent(positions_, record.oid) == 0)
       in_term("keine Positionen");

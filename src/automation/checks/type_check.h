@@ -1,5 +1,5 @@
-// Contract types that need care: faults that a new contract would inherit, and
-// hints on terms that bind a consumer longer than the law allows.
+// Contract types to be corrected: faults that a new contract would inherit, and hints
+// on terms that bind a consumer longer than the law allows.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ struct TypeFinding {
   std::string text;   // German
 };
 
-// In record order of the types; of each first the faults, then the hints.
+// The types in record order; for each type the faults before the hints.
 std::vector<TypeFinding> CheckTypes(store::RecordStore& store);
 
 }  // namespace pactora::checks

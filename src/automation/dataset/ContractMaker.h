@@ -25,8 +25,8 @@ class ContractMaker {
   ContractMaker(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock);
 
   // Makes the contract in a unit of work of its own. Raises the add-on's refusal or
-  // failure, the text of a message that it showed as DoorError::NotCarriedOut, and
-  // likewise an address that there is not or not only once and a call that left no
+  // failure; DoorError::NotCarriedOut with the text of a message that the add-on
+  // showed, for an address that is missing or ambiguous, and where the call stored no
   // contract.
   // What was stored before a failure stays.
   MadeContract Make(const ContractOrder& order);
@@ -34,7 +34,7 @@ class ContractMaker {
   store::RecordStore& Store() { return session_.Store(); }
 
  private:
-  // Nobody looks on: a message is kept, and there are no dialogs.
+  // No person is there: messages are kept, and dialogs are not expected.
   class Messages final : public ui::Screen {
    public:
     ui::Answer ShowMessage(const ui::Message& message) override;

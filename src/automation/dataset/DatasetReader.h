@@ -14,9 +14,9 @@
 
 namespace pactora::dataset {
 
-// Subclasses take in what is read. Rows come as RowBegins, then its cells and
-// its Oid in the order of the file, ChildrenBegin before each list of child rows,
-// and RowEnds. A row may go on with cells after its children.
+// Subclasses receive what is read. For each row RowBegins is called, then its cells
+// and its Oid in the order of the file, ChildrenBegin before each list of child rows,
+// and RowEnds. Cells may also follow the children.
 // Read raises DoorError::BadInput at the first fault.
 class DatasetReader : public formats::JsonEvents {
  public:
@@ -61,9 +61,9 @@ class DatasetReader : public formats::JsonEvents {
   void RowKey(Frame& frame);
   void Enter(Kind kind, store::TableId table);
   void Take(formats::Json value);  // the whole value of a member
-  // Whether the value that comes next is read as a whole and then looked at.
+  // Whether the next value is read as a whole before it is checked.
   bool TakesWholeValue() const;
-  // What must come next where it is not: a list or an object.
+  // The kind of value that must come next where another one comes: a list or an object.
   [[noreturn]] void FailExpected() const;
   formats::Place PathOf(std::size_t frames) const;
   formats::Place Here() const { return PathOf(frames_.size()); }

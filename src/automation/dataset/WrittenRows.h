@@ -16,7 +16,7 @@ class WrittenRows final : public workspace::ForwardingStore {
  public:
   using workspace::ForwardingStore::ForwardingStore;
 
-  // Puts one between the store and whoever uses it; lives as long as the store.
+  // Puts one between the store and its callers; lives as long as the store.
   static WrittenRows& Watch(std::unique_ptr<store::RecordStore>& store);
 
   // The rows that were inserted or updated and are still there, in the order of

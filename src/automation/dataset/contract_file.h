@@ -24,9 +24,8 @@ struct ContractOrder {
 
 ContractOrder ReadContractOrder(const formats::Json& order, const std::string& source);
 
-// Calls take for each contract of the file, in order. Lines without content are
-// passed over. Raises DoorError::BadInput at the first fault; a file without a
-// contract is one.
+// Calls take for each contract of the file, in order, and skips empty lines. Raises
+// DoorError::BadInput at the first fault, and for a file without a contract.
 void ForEachContract(const formats::TextSource& file,
                      const std::function<void(ContractOrder)>& take);
 

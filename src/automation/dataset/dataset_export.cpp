@@ -12,7 +12,7 @@ bool IsWritten(const host::Value& cell) {
   return !cell.IsEmpty() && !(cell.GetKind() == host::Kind::Object && !cell.AsObject());
 }
 
-// The list of the parent's rows under the table's name; nothing where it has none.
+// Writes the parent's rows as a list under the table's name, unless there are none.
 void WriteRows(formats::JsonWriter& out, store::RecordStore& store, store::TableId table,
                store::Oid parent, const std::function<void()>& at_row) {
   store::Record record;

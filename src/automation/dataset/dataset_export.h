@@ -13,7 +13,7 @@ namespace pactora::dataset {
 
 // Writes the whole database, indented, with a line break at the end. at_row runs at
 // each row and may raise to stop.
-// Requires: nobody else writes while it runs; see store::RecordStore::LockForUpdate.
+// Requires: no other user writes while it runs; see store::RecordStore::LockForUpdate.
 void ExportDataset(store::RecordStore& store, std::ostream& out,
                    const std::function<void()>& at_row = {});
 

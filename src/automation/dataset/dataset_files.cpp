@@ -26,7 +26,7 @@ std::size_t CountRows(store::RecordStore& store) {
   return rows;
 }
 
-// A value of a foreign type and a row without its parent would be left out unseen.
+// An export would silently omit values of a foreign type and rows without a parent.
 void RequireSound(const std::string& database) {
   const std::vector<std::string> faults = workspace::CheckStorage(database);
   if (faults.empty()) return;

@@ -19,7 +19,7 @@ using Progress = std::function<void(std::size_t done, std::size_t all)>;
 void ImportDatabase(const std::string& database, const formats::TextSource& source,
                     workspace::Access access, const Progress& progress);
 
-// Writes the database's content as a dataset of one moment; others may go on writing
+// Writes the database's content of one moment as a dataset; other users may write
 // meanwhile. file is written whole or not at all; "-" is standard output. Raises
 // DoorError::BadInput for a file that is the database itself, NotCarriedOut for a
 // database with values or rows that a dataset can't hold.

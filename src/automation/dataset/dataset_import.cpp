@@ -63,8 +63,8 @@ class Insertion final : public DatasetReader {
         last_oids_(survey.largest_oids),
         at_row_(at_row) {}
 
-  // Rows without an ID get theirs when all rows are there, so that none takes one
-  // that a later row of the file has. Requires: Read has come to its end.
+  // Gives IDs to the rows without one. Requires: Read is done, so that no ID of a later
+  // row of the file is given out.
   void GiveIds() {
     store::Record row;
     store::Record parent;
@@ -155,8 +155,8 @@ class Insertion final : public DatasetReader {
 }  // namespace
 
 DatasetSurvey SurveyDataset(const formats::TextSource& source) {
-  // A database without the workflow add-on has fewer tables and fields, and the
-  // file may say so only at its end; then it is read once more.
+  // A database without the workflow add-on has fewer tables and fields. The file may
+  // state that as late as at its end; it is then read again.
   for (const bool workflow_add_on : {true, false}) {
     const schema::Catalog catalog = schema::ContractCatalog(workflow_add_on);
     Survey survey(catalog, source.name);

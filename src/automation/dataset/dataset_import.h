@@ -18,8 +18,8 @@ struct DatasetSurvey {
   formats::Json profile = formats::Json::object();  // as the file has it
   bool workflow_add_on = true;
   std::vector<store::Oid> largest_oids;  // of each table's rows in the file; 0 for none
-  // Rows whose Oid stands behind child rows in the file, by their number in the
-  // file's order of rows.
+  // Oids that the file gives after the row's children, by the row's number in the
+  // file.
   std::unordered_map<std::size_t, store::Oid> late_oids;
   std::size_t rows = 0;
 };

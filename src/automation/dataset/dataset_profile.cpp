@@ -145,7 +145,7 @@ void WriteUsers(formats::JsonWriter& out, const store::Profile& profile) {
   out.EndArray();
 }
 
-// Settings that the add-on keeps with a table; the key is there only when some are.
+// Settings that the add-on keeps with a table; the key is left out when there are none.
 void WriteTableSettings(formats::JsonWriter& out, const store::Profile& profile) {
   std::vector<std::string> tables;
   for (const store::Setting& setting : profile.settings)

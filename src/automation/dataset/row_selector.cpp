@@ -16,7 +16,7 @@ RowSelector ReadWhere(const schema::Table& table, const formats::Json& where,
     const formats::Place here = place.Key(member.key());
     const auto field = table.FindField(member.key());
     if (!field) here.Fail(fmt::format("kein Feld von {}", table.name));
-    // As the field's value would be written, so that equal values are equal texts.
+    // In the form in which the value is written, so that equal values are equal texts.
     selector.fields.emplace_back(table.fields[*field].name,
                                  ToJson(ReadField(table.fields[*field], member.value(), here)));
   }
@@ -48,7 +48,7 @@ std::optional<RowFinder::Found> RowFinder::Find(store::TableId table, const RowS
   const bool asked_before = known_.contains({table, fields});
   Known& known = known_[{table, fields}];
   if (!known.complete) {
-    // The first time only what is wanted is kept; the second time everything.
+    // The first search keeps the matching rows alone, the second one all rows.
     known.rows.clear();
     workspace::ForEachRow(store_, table, [&](const store::Record& record) {
       std::string found;

@@ -26,12 +26,12 @@ struct RowSelector {
 RowSelector ReadWhere(const schema::Table& table, const formats::Json& where,
                       const formats::Place& place);
 
-// For messages: „Name = "Muster GmbH"“ or „Oid 7“.
+// For messages, such as: Name = "Muster GmbH", or: Oid 7
 std::string Describe(const RowSelector& selector);
 
-// Finds rows. A selector of the same fields of the same table, used again, costs one
-// look-up: the finder keeps what it saw, so it must not outlive a change of those
-// rows.
+// Finds rows. From the third selector with the same fields of the same table on, a
+// search is a single look-up. The finder keeps what it read, so it must not be used
+// after those rows were changed.
 class RowFinder {
  public:
   explicit RowFinder(store::RecordStore& store) : store_(store) {}
@@ -40,8 +40,7 @@ class RowFinder {
     store::Oid oid = 0;  // of the first row in record order that is selected
     bool only = true;    // no other row is selected
   };
-  // Nothing where there is no such row, or where the table of this database lacks
-  // the field.
+  // Empty where there is no such row, or where this database's table lacks the field.
   std::optional<Found> Find(store::TableId table, const RowSelector& selector);
 
  private:

@@ -1,4 +1,4 @@
-// The dates by which somebody must act on a contract: the last day for notice and
+// The dates by which the office must act on a contract: the last day for notice and
 // the day on which it ends. They come from the contract rows, not from the
 // appointments, which a user may have changed or ticked off.
 #pragma once
@@ -14,19 +14,19 @@
 
 namespace pactora::deadlines {
 
-inline constexpr std::int32_t kMostWeeks = 5000;  // that anybody may ask for
+inline constexpr std::int32_t kMostWeeks = 5000;  // that callers may ask for
 
 struct Deadline {
   enum class Kind {
     Notice,
-    TermEnd,  // of a contract that goes on unless notice is given
+    TermEnd,  // of a contract that is renewed unless notice is given
     End,
   };
 
   Kind kind = Kind::Notice;
   store::Oid contract = 0;
   platform::Date date;
-  // Of a notice: the last day on which its receipt is safe, one day before.
+  // For a notice: the last safe day of receipt, one day before.
   std::optional<platform::Date> safe_receipt;
   std::string address;
   std::string number;
@@ -41,10 +41,10 @@ struct Deadline {
 // "Kündigung", "Laufzeitende" or "Ende".
 std::string Text(Deadline::Kind kind);
 
-// Those from today on of the contract that the walk stands at.
+// The deadlines from today on of the walk's current contract.
 std::vector<Deadline> DeadlinesOf(const workspace::RowWalk& contracts, platform::Date today);
 
-// Whether the day comes within so many weeks from today.
+// Whether the day is within that many weeks from today.
 bool IsWithin(platform::Date day, platform::Date today, std::int32_t weeks);
 
 // All from today on, with weeks only those to be acted on within so many weeks

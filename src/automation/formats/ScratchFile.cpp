@@ -31,8 +31,8 @@ void RemoveLeftovers(const std::string& target) {
     pid_t process = 0;
     const char* const digits = file.c_str() + begin.size();
     std::from_chars(digits, file.c_str() + file.size(), process);
-    // Somebody who is still at work keeps his.
-    const bool is_mine = process == ::getpid();  // the number came round again
+    // A process that is still running keeps its file.
+    const bool is_mine = process == ::getpid();  // process numbers are used again
     if (process <= 0 || (!is_mine && (::kill(process, 0) == 0 || errno != ESRCH))) continue;
     std::error_code ignored;
     fs::remove(entry.path(), ignored);
@@ -62,7 +62,7 @@ void ScratchFile::BecomeTarget() const {
   std::error_code failure;
   fs::create_hard_link(path_, target_, failure);
   if (!failure) return;
-  // A file system without links, or the name is taken.
+  // The file system has no links, or the name is taken.
   if (fs::exists(target_)) RaiseTaken(target_);
   if (!ReplaceTarget())
     Raise(DoorError::NotCarriedOut,

@@ -1,4 +1,4 @@
-// A file in the making, beside the one that it is to become.
+// An unfinished file, beside the one that it is to become.
 #pragma once
 
 #include <string>
@@ -7,21 +7,20 @@ namespace pactora::formats {
 
 class ScratchFile {
  public:
-  // Takes a name that is free, and takes away what killed programs left half made
-  // beside the target; makes no file.
+  // Chooses a free name, without making a file, and removes unfinished files that
+  // killed programs left beside the target.
   explicit ScratchFile(std::string target);
-  // Takes away the file, and a database's journal beside it, unless it was moved.
+  // Removes the file, and a database's journal beside it, unless it was moved.
   ~ScratchFile();
   ScratchFile(const ScratchFile&) = delete;
   ScratchFile& operator=(const ScratchFile&) = delete;
 
   const std::string& Path() const { return path_; }
 
-  // Puts the file in the place of the target, at once and whole. Returns whether it
-  // could.
+  // Replaces the target with the file in one step. Returns whether that succeeded.
   bool ReplaceTarget() const;
-  // Puts the file under the target's name. Raises DoorError::BadInput when there is
-  // one by now, NotCarriedOut when it can't be done.
+  // Gives the file the target's name. Raises DoorError::BadInput when there is a file
+  // of that name by now, NotCarriedOut when it can't be done.
   void BecomeTarget() const;
 
  private:

@@ -18,8 +18,8 @@ struct CsvRow {
 };
 
 // Splits the text into rows; empty lines are left out. A cell in double quotes may
-// hold separators, line breaks and doubled quotes. A byte order mark is passed
-// over. Where a row has a fault its cells are not to be trusted. Raises
+// hold separators, line breaks and doubled quotes. A byte order mark is
+// skipped. The cells of a row with a fault must not be used. Raises
 // DoorError::BadInput, naming the line, for a quote that is not closed and for text
 // that is not UTF-8.
 std::vector<CsvRow> ReadCsv(std::string_view text, char separator);

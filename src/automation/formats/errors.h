@@ -27,7 +27,7 @@ inline constexpr const char* kErrorSource = "Pactora";
 // names the place.
 [[noreturn]] void Raise(DoorError error, const std::string& text);
 
-// What is said when the user asked to stop.
+// The message for a user who asked to stop.
 inline constexpr const char* kInterrupted = "abgebrochen";
 // Raises DoorError::Interrupted with that text.
 [[noreturn]] void RaiseInterrupted();

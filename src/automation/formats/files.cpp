@@ -41,14 +41,14 @@ bool Make(const std::string& path, const struct stat* replaced) {
   if (file < 0) return false;
   bool made = true;
   if (replaced != nullptr) {
-    // Of somebody else's file a copy of one's own is all that one can make.
+    // Where this user may not set the owner, the new file is this user's.
     static_cast<void>(::fchown(file, replaced->st_uid, replaced->st_gid) == 0);
     made = ::fchmod(file, replaced->st_mode & kPermissions) == 0;
   }
   return ::close(file) == 0 && made;
 }
 
-// What was written to the file is safe from a power cut.
+// Makes what was written to the file safe from a power cut.
 bool Sync(const std::string& path) {
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) return false;
@@ -86,7 +86,7 @@ std::string ReadStandardInput() {
   std::string text;
   std::array<char, 1 << 16> buffer{};
   for (;;) {
-    // Unlike reading, waiting is not taken up again after a signal.
+    // Unlike read, poll is not resumed after a signal.
     pollfd input{STDIN_FILENO, POLLIN, 0};
     if (::poll(&input, 1, -1) < 0) RaiseInterrupted();
     const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());

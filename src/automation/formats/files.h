@@ -8,10 +8,10 @@
 
 namespace pactora::formats {
 
-// Puts the text in the place of the file's content: a reader, and a program that
-// comes after a power cut, sees all of the old or all of the new. A symbolic link
-// is followed, the file keeps its permissions. What is no ordinary file, such as a
-// pipe, simply gets the text. Raises DoorError::NotCarriedOut when it can't be
+// Replaces the file's content with the text: a reader, also after a power cut, sees
+// either the whole old content or the whole new one. Symbolic links are followed, the
+// file keeps its permissions. What is no ordinary file, such as a pipe, simply gets
+// the text. Raises DoorError::NotCarriedOut when it can't be
 // written.
 void ReplaceFile(const std::string& path, const std::string& text);
 // Likewise with what fill writes; an error that fill raises leaves the file as it was.
@@ -38,12 +38,13 @@ bool IsSameFile(const std::string& one, const std::string& other);
 // Raises DoorError::NotCarriedOut where this user may not write the file, or where
 // there is none may not make it.
 void RequireWritable(const std::string& path);
-// Reserves the open file for this program until it is closed. False: another program
-// has reserved it.
+// Reserves the open file for this program until it is closed. Returns false where
+// another program has reserved it.
 bool TryReserve(std::FILE* file);
-// What was written to the open file is safe from a power cut, unless this is false.
+// Makes what was written to the open file safe from a power cut; returns whether that
+// succeeded.
 bool Sync(std::FILE* file);
-// Whether a person sees what is written there.
+// Whether what is written there appears on a terminal.
 bool IsTerminal(std::FILE* file);
 
 // Runs the program with this argument in the place of this one; returns only when it

@@ -134,7 +134,7 @@ bool JsonEvents::parse_error(std::size_t position, const std::string& token,
     Raise(DoorError::BadInput,
           fmt::format("{}: Stelle {}: die Zahl {} ist zu groß", source_, position, token));
   }
-  // The library says "... at line 3, column 5: ..." and nothing else tells where.
+  // The library gives the place only within its text: "... at line 3, column 5: ...".
   const std::string_view text = error.what();
   const auto number_after = [&text](std::string_view label) {
     const std::size_t found = text.find(label);

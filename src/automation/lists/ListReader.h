@@ -17,10 +17,9 @@ class ListReader {
   ListReader(const List& list, store::RecordStore& store, platform::Date today, Codes codes,
              store::Oid address = 0);
 
-  // Adds what the next row of the table gives, which may be nothing; returns false at
-  // the end.
+  // Adds the lines of the table's next row, if it has any; returns false at the end.
   bool Next(std::vector<Row>& rows);
-  // All that is left, in the list's order; rows without a date come last.
+  // All remaining rows in the list's order; rows without a date come last.
   std::vector<Row> Rest();
 
  private:

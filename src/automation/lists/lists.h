@@ -1,5 +1,5 @@
-// The lists of what a database holds: which columns each has, where their cells come
-// from and what they are called. The command line prints them, the windows show them.
+// The lists of what a database holds: the columns of each, their names and the fields
+// that they show. The command line prints them, the windows show them.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ namespace pactora::lists {
 enum class CellKind { Text, Number, Money, Percent, Date, Mark };
 
 struct Row {
-  std::int64_t key = 0;            // tells the rows of a list apart
+  std::int64_t key = 0;            // distinguishes the rows of a list
   store::Oid oid = 0;              // of the row of the database that it stands for
   std::vector<host::Value> cells;  // one for each column
   bool strong = false;             // needs attention: it is due and not done
@@ -27,7 +27,7 @@ struct Row {
   platform::Date act_by = platform::kNoDate;  // the last day on which to act
 };
 
-// Where a list has got to.
+// The position of a reader in a list.
 struct Place {
   store::RecordStore& store;
   const workspace::RowWalk& walk;
@@ -40,7 +40,7 @@ struct Column {
   std::string_view key;  // its name in JSON and for ListOf
   CellKind kind;
   std::function<host::Value(const Place&)> cell;
-  // What people read where the cell is a code; null where they read the cell.
+  // Turns a code into its text; null where the cell is shown as it is.
   host::Value (*words)(const host::Value& code) = nullptr;
 };
 
@@ -49,7 +49,7 @@ struct List {
   std::string_view table;  // whose rows it shows
   std::vector<Column> columns;
   std::string_view sorted_by{};  // the key of a column of dates; empty for record order
-  // Fills in what a row says besides its cells; null for nothing.
+  // Sets strong, done and act_by of a row; may be null.
   void (*mark)(const Place& place, Row& row) = nullptr;
   bool of_deadlines = false;  // shows the deadlines of each row of the table instead
 };

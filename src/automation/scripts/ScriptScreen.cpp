@@ -95,7 +95,7 @@ class ScriptScreen::Watch final : public ui::FormObserver {
   ui::Form& form_;
 };
 
-// What runs from the construction on to the destruction.
+// An activity that runs as long as this object lives.
 class ScriptScreen::Step {
  public:
   Step(ScriptScreen& screen, Running running) : screen_(screen) {
@@ -115,7 +115,7 @@ void ScriptScreen::Run(const Actions& actions, const std::function<void()>& call
   RequireDialog(actions);
 }
 
-// Requires: what runs is what these actions belong to, and it has come to its end.
+// Requires: the current activity is the one of these actions, and it is done.
 void ScriptScreen::RequireDialog(const Actions& actions) {
   if (actions.empty() || !running_.back().dialog_actions) return;
   Fail(actions.front(), "der Dialog wurde nicht geöffnet");
@@ -194,7 +194,7 @@ ui::Outcome::Kind ScriptScreen::CarryOut(ui::Form& form, ui::Person& person, con
     Fail(action, ui::Describe(ui::Obstacle::DialogClosed));
     return result;
   }
-  // Null once the script has failed for want of the control.
+  // Null where the dialog lacks the control; the script has failed then.
   const auto find = [&](const std::string& name) {
     ui::Control* control = form.Find(name);
     if (!control) {

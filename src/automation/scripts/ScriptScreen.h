@@ -1,10 +1,9 @@
 // The screen of an automation script: carries out the script's actions in the
 // dialogs that come up, answers message boxes, and writes down what happens.
 //
-// An action that a person could not do makes the script fail: from then on
-// nothing more is written, open dialogs are hidden without running a handler,
-// further ones are not shown and message boxes get their default button, so that
-// the running call comes to its end.
+// An action that a person could not do makes the script fail: from then on nothing is
+// written, open dialogs are hidden without running a handler, further ones are not
+// shown, and message boxes get their default button. So the running call can end.
 #pragma once
 
 #include <cstddef>
@@ -47,12 +46,12 @@ class ScriptScreen final : public ui::Screen {
   void ProcessPendingMessages() override {}
 
  private:
-  class Step;   // keeps what runs on top of running_
+  class Step;   // keeps the current activity on top of running_
   class Watch;  // writes down what happens to a form while it is shown
 
-  // What is going on: a call, or an action in a dialog.
+  // What is running: a call, or an action in a dialog.
   struct Running {
-    const Actions* dialog_actions = nullptr;  // for the dialog that comes up next
+    const Actions* dialog_actions = nullptr;  // for the next dialog
     const Action* action = nullptr;           // null for a call
     std::size_t answers_used = 0;
   };
@@ -60,7 +59,7 @@ class ScriptScreen final : public ui::Screen {
   void Write(const formats::Json& event);
   void Fail(const Action& action, std::string reason);
   void CarryOut(ui::Form& form, const Actions& actions);
-  // The script fails if the dialog that these actions are for did not come up.
+  // The script fails if the dialog of these actions was not shown.
   void RequireDialog(const Actions& actions);
   ui::Outcome::Kind CarryOut(ui::Form& form, ui::Person& person, const Action& action);
 

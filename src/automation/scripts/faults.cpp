@@ -36,7 +36,7 @@ std::vector<std::string> Faults::Unused() const {
 }
 
 void Faults::Before(std::string_view operation, std::string_view table) {
-  // A call counts for every fault that waits for it, also when one of them comes.
+  // A call counts for every fault that waits for it, also when one of them is raised.
   std::size_t due = armed_.size();
   for (std::size_t i = 0; i < armed_.size(); ++i) {
     FaultStep& fault = armed_[i].fault;

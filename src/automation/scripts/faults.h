@@ -1,4 +1,4 @@
-// Errors that a script has the host raise, to rehearse what then happens.
+// Errors that the host raises on behalf of a script, to rehearse what then happens.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@
 
 namespace pactora::scripts {
 
-// Whether there is an operation of the host layer that a script may name so.
+// Whether a script may use this name for an operation of the host layer.
 bool IsOperation(std::string_view name);
 
 class Faults final : public embedded::OperationProbe {
@@ -23,10 +23,10 @@ class Faults final : public embedded::OperationProbe {
 
   // place is that of the step.
   void Add(const FaultStep& fault, const std::string& place);
-  // Places of the faults that have not come.
+  // Places of the faults that did not occur.
   std::vector<std::string> Unused() const;
 
-  // While it lives operations are the script's own: none fails, none counts.
+  // While it lives, operations are the script's own: they do not fail and do not count.
   class Silence {
    public:
     explicit Silence(Faults& faults) : faults_(faults) { faults_.host_.SetProbe(nullptr); }

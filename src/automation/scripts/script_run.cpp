@@ -74,8 +74,7 @@ class Run {
     if (error && !rehearsed_.contains(number)) result_.fatal_error = error;
   }
 
-  // The end of the script: this place could not be carried out.
-  // action is null where it is the step as a whole.
+  // Ends the script because this action failed; null stands for the whole step.
   void Fail(const formats::Json& action, const std::string& reason) {
     Write({{"event", "failed"}, {"step", place_}, {"action", action}, {"reason", reason}});
     result_.problems.push_back(
@@ -157,7 +156,7 @@ class Run {
     Write({{"event", "call"}, {"name", name}});
     formats::Json returned = {{"event", "return"}, {"name", name}};
     try {
-      // What was stored before an error is committed all the same.
+      // What was stored before an error is committed nevertheless.
       try {
         screen_.Run(call.actions, [&] { Call(call, returned); });
       } catch (...) {

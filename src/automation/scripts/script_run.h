@@ -21,11 +21,11 @@ struct RunOptions {
 };
 
 struct RunResult {
-  // Errors that reached the caller of a call, and why the script could not be
-  // carried out to its end; each with its place. Empty: all went well.
+  // Errors that calls raised, and the reason why the script ended early, each with its
+  // place. Empty: all went well.
   std::vector<std::string> problems;
-  std::vector<std::string> unused_faults;  // places of faults that never came
-  // A failure of the whole database that came up, be it in a message box; those that
+  std::vector<std::string> unused_faults;  // places of faults that did not occur
+  // A failure of the whole database, raised or shown in a message box. Failures that
   // the script rehearses don't count.
   std::optional<store::StoreError> fatal_error;
 };

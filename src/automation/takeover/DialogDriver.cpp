@@ -41,7 +41,7 @@ class Entry {
   }
 
   void Must(const ui::Outcome& outcome) {
-    // What is disabled here is so because of the chosen type.
+    // Only the chosen type disables these controls.
     if (outcome.obstacle == ui::Obstacle::Disabled) Refuse("bei diesem Vertragstyp gesperrt");
     if (outcome.kind == ui::Outcome::Kind::Impossible) Refuse(ui::Describe(outcome.obstacle));
     // A box refused to be left; its message says why.
@@ -88,7 +88,7 @@ std::string German(platform::Date date) {
   return platform::FormatDate(date, platform::kGermanPattern);
 }
 
-// Whether no two days look alike: a pattern may leave out the day, or the century.
+// Whether every day has its own text: a pattern may leave out the day, or the century.
 bool TellsDaysApart(const std::string& pattern) {
   const auto text = [&](std::int32_t year, std::int32_t month, std::int32_t day) {
     return platform::FormatDate(platform::FromCivil(year, month, day), pattern);
@@ -97,8 +97,8 @@ bool TellsDaysApart(const std::string& pattern) {
   return one != text(2001, 2, 4) && one != text(2001, 3, 3) && one != text(1901, 2, 3);
 }
 
-// Which periods the list has instead, to go behind the sentence that it lacks one;
-// nothing where its dates can't be read.
+// The periods that the list has, for the message that it lacks one; empty where its
+// dates can't be read.
 std::string NearestPeriods(const ui::ListBox& periods, platform::Date wanted) {
   std::optional<platform::Date> before;
   std::optional<platform::Date> after;
@@ -116,7 +116,7 @@ std::string NearestPeriods(const ui::ListBox& periods, platform::Date wanted) {
   return ", es gibt keinen";
 }
 
-// Two types of one name differ in what nobody sees in the list.
+// Two types of one name can't be distinguished in the list.
 void ChooseType(ui::Form& form, ui::Person& person, const std::string& type) {
   constexpr std::string_view kColumn = "Vertragstyp";
   constexpr std::string_view kTypes = "lvwBezeichnung";

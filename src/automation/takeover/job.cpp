@@ -35,7 +35,7 @@ bool IsRejected(Outcome outcome) {
   return outcome == Outcome::Refused || outcome == Outcome::Failed;
 }
 
-// The order, if each of its files is one thing only.
+// The order; raises where one file is named for two purposes.
 const Order& Checked(const Order& order) {
   if (order.report == formats::kStandardStream)
     formats::Raise(
@@ -67,7 +67,7 @@ Job::Job(const Order& order)
       report_(order_.report),
       list_is_rejected_(order_.list != formats::kStandardStream &&
                         formats::IsSameFile(order_.list, RejectedFile(order_.report))) {
-  // Only what a run of this report wrote may be replaced.
+  // Only a file that a run of this report wrote may be replaced.
   if (list_is_rejected_ && !report_.Resumed())
     formats::Raise(
         formats::DoorError::BadInput,

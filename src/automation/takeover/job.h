@@ -22,26 +22,26 @@ struct Order {
   bool rehearsal = false;
 };
 
-// The file of the lines that were not entered, as they stood in the list, ready to
-// be mended and then to be the list of the next run with this report. Lines of an
-// earlier run that are not in the list any more are kept beside it, with a "~"
-// behind the name.
+// The file of the lines that were not entered, as they stood in the list. Once
+// they are corrected, it is the list of the next run with this report. Lines of an
+// earlier run that are not in the list any more are kept beside it, with a "~" behind
+// the name.
 std::string RejectedFile(const std::string& report);
-// The report that a list has where nobody names one: rejected lines that of the
-// list they come from.
+// The report of a list for which none is named; a file of rejected lines has the
+// report of the list that they come from.
 std::string UsualReport(const std::string& list);
 
 class Job {
  public:
   // Reads the list and the report of an earlier run. Raises DoorError::BadInput for
-  // what is no list or no report, and where one file is to be two things.
+  // what is no list or no report, and where one file is named for two purposes.
   explicit Job(const Order& order);
 
   std::size_t Size() const { return list_.lines.size(); }
 
   // Carries out the list and leaves report and rejected lines beside it; no file of
   // rejected lines means that there are none. after_line may raise to stop: the
-  // report then holds what was done so far and the same order goes on from there.
+  // report then holds what was done so far, and the same order resumes from there.
   // Raises what concerns the database or the report as a whole, and
   // DoorError::BadInput where a file stands in the place of the rejected lines that
   // an earlier run of this report did not write. show gets what was written into the
@@ -49,8 +49,7 @@ class Job {
   Run::Count CarryOut(const platform::Clock& clock, const std::function<void()>& after_line,
                       const std::function<void(dataset::WrittenRows&)>& show = {});
 
-  // What a person should know of the files when the run has come to its end: a
-  // sentence a line.
+  // What a person should know of the files at the end of the run: a sentence a line.
   std::vector<std::string> FilesLeft() const;
 
   // What became of the lines so far.
@@ -63,7 +62,7 @@ class Job {
   // What stands in the place of the rejected lines.
   enum class OldRejected {
     Known,    // nothing, or lines of the list
-    Changed,  // other lines: somebody may have begun to mend them there
+    Changed,  // other lines: they may have been corrected there
   };
   OldRejected ReadOldRejected() const;
   void WriteRejected(OldRejected old);

@@ -83,8 +83,8 @@ struct Column {
   void (*read)(Line& line, const std::string& cell);
 };
 
-// Their order is that of a line's values: a new column goes to the end, or the
-// keys of reports from before are other ones.
+// A line's values have this order, and keys are made from them: a new column must be
+// added at the end, so that the keys of existing reports stay valid.
 constexpr std::array kColumns = {
     Column{"Adresse", true, [](Line& l, const std::string& c) { l.address = c; }},
     Column{"Vertragstyp", true, [](Line& l, const std::string& c) { l.type = c; }},
@@ -112,8 +112,8 @@ std::vector<std::string> Used(std::vector<std::string> cells) {
   return cells;
 }
 
-// What the line says, however a program that saved the list again ordered and
-// wrote it, line breaks within a cell included.
+// The line's values in one form, independent of the order, quotes and line breaks with
+// which a program saved the list.
 std::string ValuesOf(const std::vector<std::string>& cells, const Columns& columns) {
   const bool overfull = cells.size() > columns.size();
   std::vector<std::string> values(std::max(kColumns.size(), cells.size()));
@@ -193,7 +193,7 @@ List ReadList(std::string_view text, const std::string& name) {
   } catch (const platform::Error& error) {
     formats::Raise(formats::DoorError::BadInput, fmt::format("{}, {}", name, error.Description()));
   }
-  // A line that tells spreadsheets the separator is no row.
+  // A line that names the separator for spreadsheets is no row.
   if (!rows.empty() && rows.front().text == std::string("sep=") + list.form.separator)
     rows.erase(rows.begin());
   if (rows.empty())

@@ -15,9 +15,9 @@ namespace pactora::takeover {
 // One line of the list. What the user left empty has no value.
 struct Line {
   std::size_t line = 0;  // in the file, from 1
-  std::string values;    // whatever their order in the file, however they are quoted
+  std::string values;    // in a fixed order and spelling, also where the file has another
   std::string key;       // the caller's own, or the values
-  bool unclear = false;  // which value is which nobody can tell
+  bool unclear = false;  // it can't be said which value belongs to which column
   std::string text;      // the line as it stands in the file
   std::string refusal;   // why its values can't be read, naming the column; or empty
   std::string address;   // Oid or name
@@ -44,7 +44,7 @@ struct List {
 // twice, more cells than columns. name is that of the file, for messages.
 List ReadList(std::string_view text, const std::string& name);
 
-// The names of all columns, in one line; those that must be there first.
+// The names of all columns, in one line; required ones first.
 std::string ColumnNames();
 
 // A list of some of its lines, written as the list is.

@@ -155,7 +155,7 @@ void Report::Sync() {
 
 void Report::Finish() {
   if (file_ == nullptr) return;
-  // Should the machine fail now, the lines are there all the same.
+  // Should the machine fail now, the lines are kept nevertheless.
   Sync();
   std::fclose(std::exchange(file_, nullptr));
   formats::ReplaceFile(path_, Text());

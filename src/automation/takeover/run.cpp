@@ -71,7 +71,7 @@ Run::Count Run::CarryOut(const List& list, Report& report, const std::string& re
   report_name_ = report_name;
   ReadContracts(report);
   const std::vector<Remembered> mine = ReadRemembered();
-  // Without the report this list begins anew.
+  // Without the report this list begins from the start.
   if (report.Resumed()) kept_ = mine;
   for (const Remembered& contract : kept_)
     if (report.CreatedFor(contract.key) == nullptr)
@@ -79,7 +79,7 @@ Run::Count Run::CarryOut(const List& list, Report& report, const std::string& re
   Count count;
   std::map<std::string_view, const Line*> first_of_key;
   for (const Line& line : list.lines) {
-    // Nobody knows the key of an unclear line; it is refused.
+    // The key of an unclear line is not known; it is refused.
     const ReportLine result =
         line.unclear ? Enter(line)
                      : Take(line, *first_of_key.try_emplace(line.key, &line).first->second, report);
@@ -135,7 +135,7 @@ void Run::Finish(Report& report) {
   report.Finish();
   recent_.clear();
   kept_.clear();
-  // Read and written in one unit: nobody else writes in between.
+  // Read and written in one unit, so that no other run writes in between.
   session_.Store().LockForUpdate();
   WriteRemembered();
   session_.Host().EndUnit();
@@ -231,7 +231,7 @@ void Run::EnterContract(const Line& line, ReportLine& result) {
     contracts_.emplace(result.number, Known{});
     return;
   }
-  // Nothing half made stays behind: the line can be mended and entered again.
+  // Nothing half made stays behind: the line can be corrected and entered again.
   session_.Host().DropUnit();
   if (driver_.FatalError()) store::Raise(*driver_.FatalError());
   if (driver_.Failed()) result.outcome = Outcome::Failed;
@@ -258,7 +258,7 @@ std::vector<Run::Remembered> Run::ReadRemembered() {
 void Run::WriteRemembered() {
   host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
   const bool exists = settings.Exists(kRememberedSetting);
-  // Somebody else has written since.
+  // Another run has written meanwhile.
   if (exists && host::ToText(settings.Item(kRememberedSetting).Value()) != remembered_)
     ReadRemembered();
   std::string text = of_others_;

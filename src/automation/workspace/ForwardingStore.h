@@ -1,5 +1,4 @@
-// A store that passes everything on to another one; subclasses change what they
-// want to change.
+// A store that forwards every call to another one; subclasses override some of them.
 #pragma once
 
 #include <memory>

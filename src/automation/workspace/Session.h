@@ -18,9 +18,9 @@ namespace pactora::workspace {
 
 class Session {
  public:
-  // Without a locale numbers are read and written the German way, wherever the
-  // program runs, so that a file means the same everywhere; who types into windows
-  // brings the locale. Screen and clock must outlive the session.
+  // Without a locale numbers are read and written in German form, so that a file means
+  // the same on every machine; the windows pass the user's locale. Screen and clock
+  // must outlive the session.
   Session(std::unique_ptr<store::RecordStore> store, ui::Screen& screen,
           const platform::Clock& clock, const platform::Locale& locale = {});
 
@@ -31,7 +31,7 @@ class Session {
   // The one entry object.
   shell::CVV& Entry() { return *entry_; }
 
-  // Makes the row the table's current row, its parents following.
+  // Makes the row, and its parents in their tables, the current row.
   void GoTo(store::TableId table, store::Oid oid);
   // Leaves the table without a current row.
   void GoNowhere(store::TableId table);

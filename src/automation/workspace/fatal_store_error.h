@@ -1,4 +1,4 @@
-// Failures that concern the database as a whole: what comes next would fail too.
+// Failures that concern the database as a whole: further work would fail as well.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// All rows of a table, whatever their parents.
+// All rows of a table, across all parents.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 namespace pactora::workspace {
 
 // A walk that can be interrupted after each row. Rows of one parent come in record
-// order. Rows that others insert or delete on the way may be missed; none comes twice.
+// order. Rows that others insert or delete meanwhile may be missed; none comes twice.
 class RowWalk {
  public:
   // The store must outlive the walk. With a row of the root table, the walk takes the

@@ -27,7 +27,7 @@ class PersonDoor {
   virtual bool Act(const ui::Control& control, const Action& action) = 0;
   // Has Binder::Refresh called soon, at the latest when the running action ends.
   virtual void RefreshLater() = 0;
-  // Shows the person why something is refused.
+  // Shows the person the reason of a refusal.
   virtual void Complain(const QString& text) = 0;
 };
 
@@ -47,11 +47,11 @@ class Binder : public QObject {
   // Brings one property of the control to the widget, or all of them.
   void Show(ui::Property property);
   void ShowAll();
-  // Does what Show put off, for lists that change many times in a row.
+  // Shows the changes that Show postponed, for lists that change many times in a row.
   virtual void Refresh() {}
 
   // Takes over what was typed but not handed to the control yet. False, after a
-  // message, when it cannot be taken: the person has to mend it.
+  // message, when it cannot be taken: the person has to correct it.
   virtual bool Commit() { return true; }
 
   // The text in which an access key can be marked; empty for none.

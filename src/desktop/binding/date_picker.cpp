@@ -134,7 +134,7 @@ class DatePickerBinder final : public Binder {
  private:
   static QString tr(const char* text) { return QString::fromUtf8(text); }
 
-  // Whoever types into the box is in it, however the focus came here.
+  // A person who types into the box is in it, however the focus came here.
   void Typed() {
     typed_ = door_.Act(picker_, [this](ui::Person& person) { return person.Enter(picker_); });
     if (!typed_) ShowOwn(ui::Property::Value);

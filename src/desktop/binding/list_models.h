@@ -1,6 +1,5 @@
-// The entries of a list and the rows of a list view as Qt's views read them. They
-// read from the control whenever something is shown: nothing is copied, however
-// long the list.
+// The entries of a list and the rows of a list view as models for Qt's views. They read
+// from the control whenever a row is shown and copy nothing, also for long lists.
 #pragma once
 
 #include <QAbstractTableModel>

@@ -135,7 +135,7 @@ class ButtonBinder final : public ClickedBinder<ui::Button, QPushButton> {
     button_.setAutoDefault(true);
     button_.setDefault(button.GetRole() == ui::Button::Role::Default);
   }
-  // Nobody is trapped in a box: a press on this one leaves no box.
+  // A press on this one leaves no box, so that no box can keep a person from it.
   std::vector<QWidget*> PressTargets() const override {
     if (model_.GetRole() == ui::Button::Role::Cancel) return {};
     return ClickedBinder::PressTargets();

@@ -1,4 +1,4 @@
-// What the layouts of the dialogs are put together from.
+// The parts from which the dialogs' layouts are made.
 #pragma once
 
 #include <QBoxLayout>

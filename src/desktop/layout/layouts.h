@@ -12,8 +12,8 @@ namespace pactora::desktop {
 
 using FindWidget = std::function<QWidget*(std::string_view control)>;
 
-// Lays out a dialog's widgets in body. What comes back, if anything, is the strip with
-// the buttons, which stays below the body when that is scrolled; the caller owns it.
+// Lays out a dialog's widgets in body. Returns the strip with the
+// buttons, or null; it stays below the body when that is scrolled, and the caller owns it.
 // A dialog without a layout of its own gets its controls one below the other.
 QWidget* Arrange(const ui::Form& form, QWidget& body, const FindWidget& find);
 

@@ -90,7 +90,7 @@ QWidget* AddressPage::MakeRight() {
   field_table_.setAccessibleName(QStringLiteral("Einzelheiten"));
   attribute_table_.setAccessibleName(QStringLiteral("Merkmale"));
   appointment_table_.setAccessibleName(QStringLiteral("Termine"));
-  // The address is the chosen one everywhere.
+  // All parts of the page show the same address.
   appointment_table_.hideColumn(2);
 
   auto* split = new QSplitter(Qt::Vertical);

@@ -2,8 +2,8 @@
 // the timeline of a contract, attributes, appointments.
 //
 // The chosen address, contract, term and position are the current rows of their live
-// tables: what is chosen here the add-on works with, and where the add-on has gone is
-// shown here.
+// tables: the add-on works with the rows that are chosen here, and the page shows the
+// rows to which the add-on has moved.
 #pragma once
 
 #include <QLabel>

@@ -1,4 +1,4 @@
-// Fills a list from the database bit by bit, so that the windows answer meanwhile.
+// Fills a list from the database in portions, so that the windows respond meanwhile.
 #pragma once
 
 #include <QTimer>
@@ -15,21 +15,21 @@ using ReadRows = std::function<bool(std::vector<ListRow>& rows)>;
 
 class ListLoader final : public QObject {
  public:
-  // The model must outlive the feed.
+  // The model must outlive the loader.
   explicit ListLoader(ListModel& model, QObject* parent = nullptr);
 
-  // Empties the list and begins to fill it; a filling that runs is given up.
+  // Empties the list and begins to fill it; a filling that runs is cancelled.
   void Start(ReadRows read);
   bool Running() const { return timer_.isActive(); }
   // Reads the rest at once.
   void Finish();
 
-  // After each bit that is shown, and at the end.
+  // Called after each portion that is shown, and at the end.
   std::function<void()> Progress;
   std::function<void(const platform::Error& error)> Failed;
 
  private:
-  // Reads for so long, or to the end for less than 0.
+  // Reads for that many milliseconds, or to the end for less than 0.
   void Read(int milliseconds);
 
   ListModel& model_;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr QChar kBetweenCells = u'\x1f';  // no word goes from one cell to the next
 
-// Whoever looks for "7" means a name or a number of a contract, not an amount.
+// A search for "7" means a name or a number of a contract, not an amount.
 bool IsSearched(CellKind kind) { return kind == CellKind::Text || kind == CellKind::Date; }
 
 }  // namespace

@@ -28,7 +28,7 @@ class ListModel final : public QAbstractTableModel {
 
   const std::vector<ListColumn>& Columns() const { return columns_; }
 
-  // Takes the rows away.
+  // Removes all rows.
   void Clear();
   // Adds rows; they are shown with the next Publish.
   void Add(std::vector<ListRow> rows);
@@ -47,7 +47,7 @@ class ListModel final : public QAbstractTableModel {
   const ListRow& Row(int row) const;
   // Where the row of that key is shown; -1 for nowhere.
   int Find(std::int64_t key) const;
-  // Puts the cells in the place of those of the row with that key, if it is there.
+  // Replaces the cells of the row with that key, if there is one.
   void Change(std::int64_t key, std::vector<host::Value> cells);
 
   int rowCount(const QModelIndex& parent = {}) const override;

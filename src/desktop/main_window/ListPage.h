@@ -26,7 +26,7 @@ class ListPage : public Page {
   ListModel& Model() { return model_; }
 
   ListPage& List() override { return *this; }
-  // Reads the list anew, bit by bit; the chosen row stays chosen.
+  // Reads the list again, in portions; the chosen row stays chosen.
   void Reload() override;
   // Reads the rest at once.
   void Finish() { loader_.Finish(); }
@@ -35,7 +35,7 @@ class ListPage : public Page {
   void Reveal(std::int64_t key);
   // Puts the caret into the line.
   void Search();
-  // More things beside the line, in a row.
+  // Further widgets beside the line, in a row.
   void AddTool(QWidget& widget) { tools_->addWidget(&widget); }
   // A button for the action, which must outlive the page.
   void AddTool(QAction& action);

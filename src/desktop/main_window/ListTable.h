@@ -17,7 +17,7 @@ class ListTable final : public QTableView {
 
   // A person chose a row.
   std::function<void(const ListRow& row)> Chosen;
-  // A person wants to do something with the row: double click or return key.
+  // A person activated the row: double click or return key.
   std::function<void(const ListRow& row)> Opened;
 
   // Shows the row of that key as the chosen one, none for nothing; it stays the

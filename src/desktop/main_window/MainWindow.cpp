@@ -162,7 +162,7 @@ void MainWindow::Reload() {
 
 void MainWindow::ReloadPage() {
   Page& page = PageShown();
-  // The add-on may have gone elsewhere meanwhile.
+  // The add-on may have made other rows current meanwhile.
   std::erase(stale_, &page) > 0 ? page.Reload() : page.ShowCurrent();
   ShowChoice();
 }
@@ -298,7 +298,7 @@ void MainWindow::AskTakeover() {
   TakeoverWindow window(database_.Name(), database_.Clock(), this);
   window.exec();
   if (!window.Changed()) return;
-  // Rows that were read before are old now.
+  // Rows that were read before are out of date now.
   Reload();
 }
 

@@ -1,4 +1,4 @@
-// The main window: the pages, and everything that can be begun from them.
+// The main window: the pages, and the commands that start from them.
 #pragma once
 
 #include <QLabel>
@@ -28,7 +28,7 @@ class MainWindow final : public QMainWindow {
   DeadlinePage& Deadlines() { return deadlines_; }
   AppointmentPage& Appointments() { return appointments_; }
 
-  // Reads everything anew.
+  // Reads all pages again.
   void Reload();
   // Reads the rest of all lists at once.
   void FinishReading();
@@ -47,7 +47,7 @@ class MainWindow final : public QMainWindow {
   // Marks the chosen appointment as done, or as open again.
   void TickAppointment();
 
-  // The user wants to work with another database, or anew with this one.
+  // The user asked to open another database, or this one again.
   std::function<void(const std::string& database)> OpenAsked;
 
  protected:

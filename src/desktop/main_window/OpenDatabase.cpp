@@ -19,7 +19,7 @@ std::unique_ptr<store::RecordStore> Open(const std::string& database) {
   if (database == workspace::kMemoryName)
     formats::Raise(DoorError::BadInput,
                    database + ": die Fenster brauchen eine Datenbank, die bleibt");
-  // What is write-protected can still be looked at.
+  // A write-protected database can still be read.
   return workspace::OpenDatabase(database, workspace::Access::Read);
 }
 
@@ -91,7 +91,7 @@ void OpenDatabase::ShowError(const platform::Error& error) {
 }
 
 void OpenDatabase::Tell(const std::string& text) {
-  // Not by way of the screen: that would end the unit of work, which may be what failed.
+  // Not through the screen: it would end the unit of work, and that may be what failed.
   ShowMessageBox({text, ui::style::kExclamation, "Pactora"}, QApplication::activeWindow());
 }
 

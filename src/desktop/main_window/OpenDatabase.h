@@ -18,7 +18,7 @@ namespace pactora::desktop {
 class OpenDatabase {
  public:
   // Opens the database; raises what workspace::OpenDatabase raises, and
-  // DoorError::BadInput for a name under which nothing lasts. The clock must outlive
+  // DoorError::BadInput for ":memory:", which keeps nothing. The clock must outlive
   // the opened database. Its dialogs read and write numbers by the locale.
   OpenDatabase(const std::string& database, const platform::Clock& clock,
                const platform::Locale& locale = {});
@@ -42,7 +42,7 @@ class OpenDatabase {
   void GoTo(std::string_view table, store::Oid oid);
 
   // Carries out what a person asked for and ends the unit of work. An error is shown
-  // as a message; one that says that the person asked to stop is not. Returns whether
+  // as a message, unless it says that the person asked to stop. Returns whether
   // all went well.
   bool Do(const std::function<void()>& action);
   // Carries out what a window reads while Qt asks it for something. An error is shown

@@ -16,14 +16,14 @@ class Page : public QWidget {
 
   // The list in which the page's rows are searched and chosen.
   virtual ListPage& List() = 0;
-  // Reads everything anew.
+  // Reads the page again.
   virtual void Reload() = 0;
   // Shows the current rows as they are in the database now.
   virtual void ShowCurrent() {}
 
   // Another row is chosen, or none.
   std::function<void()> ChoiceChanged;
-  // A person wants to see this contract.
+  // A person asked to see this contract.
   std::function<void(store::Oid contract)> ContractAsked;
 };
 

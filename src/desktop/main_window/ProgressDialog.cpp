@@ -28,7 +28,7 @@ dataset::Progress ProgressDialog::Reporter() {
     if (since->isValid() && since->elapsed() < kShowProgressEveryMs) return;
     since->start();
     const double part = all == 0 ? 0 : static_cast<double>(done) / static_cast<double>(all);
-    // Less than the whole: the last part is the writing to the disk.
+    // Never full here: writing to the disk follows.
     dialog_.setValue(static_cast<int>(part * (kParts - 1)));
     if (dialog_.wasCanceled()) formats::RaiseInterrupted();
   };

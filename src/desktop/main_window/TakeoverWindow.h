@@ -1,5 +1,5 @@
-// Takes over a list of running contracts: chooses the files, shows how far it is and
-// what became of each line, and can be stopped and resumed.
+// Takes over a list of running contracts: asks for the files, shows the progress and
+// the outcome of each line, and can be stopped and resumed.
 #pragma once
 
 #include <QCheckBox>
@@ -25,12 +25,12 @@ class TakeoverWindow final : public QDialog {
   // window.
   TakeoverWindow(std::string database, const platform::Clock& clock, QWidget* parent);
 
-  // The list's file; the report's is named after it until somebody names another.
+  // Sets the list's file; the report is named after it unless the user names another.
   void SetList(const QString& file);
   // Carries out the list in a thread with a connection of its own; returns when it is
   // done or stopped. The window answers meanwhile.
   void Start();
-  // Asks the list that runs to stop behind the line that it is at.
+  // Stops the running list after its current line.
   void Stop();
   // Whether any contract was made since the window was opened.
   bool Changed() const { return changed_; }

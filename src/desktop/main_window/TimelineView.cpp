@@ -168,7 +168,7 @@ void TimelineView::PaintTerms(QPainter& painter, const TimeAxis& axis) const {
     if (term.end) {
       painter.setBrush(color);
     } else {
-      // Nobody knows where it ends.
+      // Its end is not known.
       QLinearGradient fading(bar.topLeft(), bar.topRight());
       fading.setColorAt(0, color);
       fading.setColorAt(0.6, color);

@@ -1,5 +1,5 @@
-// How a user left the windows: sizes, columns, the look. Kept per user of the
-// database.
+// Sizes, columns and look of the windows as a user left them, kept for each user of
+// the database.
 #pragma once
 
 #include <QMainWindow>

@@ -43,7 +43,7 @@ class Program {
     UseTheme(memory->Look());
     auto window = std::make_unique<MainWindow>(*opened, *memory);
     window->OpenAsked = [this](const std::string& other) {
-      // The window that asks is still at work.
+      // The window that asked is still running its handler.
       QTimer::singleShot(0, qApp, [this, other] { OpenInstead(other); });
     };
     window->show();

@@ -1,4 +1,4 @@
-// Texts as people look for them and sort them.
+// The form in which texts are searched and sorted.
 #pragma once
 
 #include <QString>

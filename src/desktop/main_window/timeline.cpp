@@ -70,7 +70,7 @@ TimeAxis::TimeAxis(const Timeline& line, Date today) : first_(today), last_(toda
     take(term.start);
     take(term.end);
     take(term.next_invoice);
-    // A term without an end goes on for a while.
+    // A term without an end is drawn for a while.
     if (!term.end) take(contract::AddMonths(std::max(term.start, today), kYear));
   }
   const std::int32_t year = platform::ToCivil(today).year;

@@ -13,8 +13,8 @@ namespace pactora::desktop {
 
 struct TimelineTerm {
   platform::Date start;
-  std::optional<platform::Date> end;           // nothing: no end is known
-  std::optional<platform::Date> next_invoice;  // nothing: none is to come
+  std::optional<platform::Date> end;           // empty: no end is known
+  std::optional<platform::Date> next_invoice;  // empty: none will come
 };
 
 struct Timeline {
@@ -23,7 +23,7 @@ struct Timeline {
   std::optional<platform::Date> notice;  // last day for notice
 };
 
-// The contract's timeline; nothing where there is no such contract.
+// The contract's timeline; empty where there is no such contract.
 std::optional<Timeline> ReadTimeline(store::RecordStore& store, store::Oid contract);
 
 struct TimeTick {
