@@ -123,7 +123,7 @@ class SqliteCrash : public SqliteFile {
       Record contract;
       ASSERT_TRUE(store.NextInParent(contracts, address.oid, 0, contract)) << "unit " << units;
       EXPECT_EQ(Text(Cell(store, table::vv_Vertraege, contract, field::Dauer)),
-                "Long " + std::to_string(units));
+                Text(host::Value(units)));
       EXPECT_EQ(store.CountInParent(terms, contract.oid), kTerms) << "unit " << units;
     }
     EXPECT_EQ(UnitsOf(store), units);
@@ -131,7 +131,7 @@ class SqliteCrash : public SqliteFile {
     Record article;
     while (store.NextByKey(articles, 0, "A", article.order, article)) {
       ASSERT_EQ(Text(Cell(store, table::Artikel, article, field::Erloeskonto)),
-                "Long " + std::to_string(units));
+                Text(host::Value(units)));
     }
   }
 };
