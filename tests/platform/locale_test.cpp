@@ -20,21 +20,9 @@ TEST(Numbers, FixedHasTwoDecimals) {
     double value;
     std::string_view text;
   } const rows[] = {
-      {0.0, "0,00"},
       {-0.0, "0,00"},
-      {1.0, "1,00"},
-      {12.5, "12,50"},
-      {0.125, "0,13"},
-      {-0.125, "-0,13"},
-      {2.675, "2,68"},  // its nearest double lies below 2.675
-      {1.005, "1,01"},
-      {0.005, "0,01"},
       {0.0049999, "0,00"},
-      {-0.004, "0,00"},
       {0.0004, "0,00"},
-      {0.995, "1,00"},
-      {9.995, "10,00"},
-      {99.999, "100,00"},
       {1234567.891, "1234567,89"},
       {0.1 + 0.2, "0,30"},
       {1e15, "1000000000000000,00"},
@@ -45,8 +33,9 @@ TEST(Numbers, FixedHasTwoDecimals) {
   EXPECT_EQ(FormatFixed(1234.5, kEnglish), "1234.50");
 }
 
+// Though the nearest double of many, such as 2.675, lies below.
 TEST(Numbers, FixedRoundsThousandthsAsTheirTextReads) {
-  for (std::int64_t thousandths = -100000; thousandths <= 100000; thousandths += 7) {
+  for (std::int64_t thousandths = -100000; thousandths <= 100000; ++thousandths) {
     const std::int64_t cents = (std::abs(thousandths) + 5) / 10;
     std::string expected = std::to_string(cents % 100);
     if (expected.size() < 2) expected.insert(0, 1, '0');
