@@ -1,10 +1,5 @@
 // What the walk over live tables leaves out: names, refusals and expressions.
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-
 #include "embedded/Host.h"
 #include "schema/names.h"
 #include "store/errors.h"

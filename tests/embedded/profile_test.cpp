@@ -1,10 +1,5 @@
 // Users, settings, persistent variables and macros of the embedded host.
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "embedded/Host.h"
 #include "schema/names.h"
 #include "support/store_kinds.h"

@@ -1,15 +1,11 @@
 // Seeded random walks over live tables, compared step by step with a plain model
 // that knows nothing of stores: lists of rows, walked from end to end.
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <map>
 #include <optional>
 #include <random>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "embedded/Host.h"
 #include "embedded/LiveTable.h"

@@ -1,22 +1,12 @@
 #include <gmock/gmock.h>
 
-#include "platform/Error.h"
 #include "support/SampleForm.h"
+#include "support/error_of.h"
 
 namespace pactora::ui {
 namespace {
 
 using testing::ElementsAre;
-
-// The number of the error that an action raises, 0 for none.
-std::int32_t ErrorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const platform::Error& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 constexpr platform::Date kDay{45366.0};
 
@@ -108,7 +98,7 @@ TEST(Controls, RefuseWhatDoesNotExist) {
       {5, [&] { form.dtpStart.SetNull(); }},
       {13, [&] { form.dtpClosed.SetNull(), form.dtpClosed.Value(); }},
   };
-  for (const auto& [number, act] : cases) EXPECT_EQ(ErrorOf(act), number);
+  for (const auto& [number, act] : cases) EXPECT_EQ(support::ErrorNumberOf(act), number);
   EXPECT_EQ(form.cboList.ListIndex(), -1);
 }
 
