@@ -61,6 +61,18 @@ inline Values With(Values values, const Values& changes) {
   return values;
 }
 
+// From "ID=D1, Dauer=12". The text must outlive them.
+inline Values Fields(std::string_view text) {
+  Values values;
+  while (!text.empty()) {
+    const std::string_view entry = text.substr(0, text.find(", "));
+    const std::size_t sign = entry.find('=');
+    values.emplace_back(entry.substr(0, sign), entry.substr(sign + 1));
+    text.remove_prefix(std::min(text.size(), entry.size() + 2));
+  }
+  return values;
+}
+
 // A stored row by field name; empty cells are fields that were never written.
 struct Row {
   store::Oid oid = 0;
@@ -85,28 +97,15 @@ class ContractWorld {
     client = Add(table::KELM_Mandanten, {{field::TessarinName, "FIRMA"}});
     address = Add(table::Adressen, {{field::Name, "Muster GmbH"}});
     other_address = Add(table::Adressen, {{field::Name, "Beispiel AG"}});
-    article_group =
-        Add(table::Artikelgruppen, {{field::ID, "G1"}, {field::Artikelgruppe, "Wartung"}});
-    server = Add(table::Artikel,
-                 {{field::Id, "A1"},
-                  {field::Bezeichnung, "Wartung Server"},
-                  {field::Nummer, "1000"},
-                  {field::Art, "Dienst"},
-                  {field::Einheit, "Stück"},
-                  {field::Beschreibung, "Vor Ort"},
-                  {field::Nettopreis, 120.0},
-                  {field::Erloeskonto, 8400},
-                  {field::USTSatz, 19.0}},
-                 article_group);
+    article_group = Add(table::Artikelgruppen, Fields("ID=G1, Artikelgruppe=Wartung"));
+    server =
+        Add(table::Artikel,
+            Fields("Id=A1, Bezeichnung=Wartung Server, Nummer=1000, Art=Dienst, Einheit=Stück, "
+                   "Beschreibung=Vor Ort, Nettopreis=120, Erloeskonto=8400, USTSatz=19"),
+            article_group);
     hotline = Add(table::Artikel,
-                  {{field::Id, "A2"},
-                   {field::Bezeichnung, "Hotline"},
-                   {field::Nummer, "2000"},
-                   {field::Art, "Ware"},
-                   {field::Einheit, "Stunde"},
-                   {field::Nettopreis, 10.0},
-                   {field::Erloeskonto, 8300},
-                   {field::USTSatz, 7.0}},
+                  Fields("Id=A2, Bezeichnung=Hotline, Nummer=2000, Art=Ware, Einheit=Stunde, "
+                         "Nettopreis=10, Erloeskonto=8300, USTSatz=7"),
                   article_group);
     host.EndUnit();
   }
@@ -241,11 +240,15 @@ inline ui::Message ReporterMessage(std::string_view procedure, const std::string
   return {text, ui::style::kExclamation, "Fehler in " + std::string(procedure)};
 }
 
-// For a run-time error of the add-on's own.
+// What the reporter shows of an error, with the host's text for its number.
+inline ui::Message ReporterMessage(std::string_view procedure, std::int32_t number,
+                                   const std::string& source) {
+  return {"Fehler &H" + platform::HexNumber(number) + " in " + source + "\r\n" +
+              embedded::CreateErrorTexts()->Text(number),
+          ui::style::kExclamation, "Fehler in " + std::string(procedure)};
+}
 inline ui::Message ReporterMessage(std::string_view procedure, platform::RuntimeError error) {
-  return ReporterMessage(procedure, "Fehler &H" +
-                                        platform::HexNumber(static_cast<std::int32_t>(error)) +
-                                        " in Pactora2\r\n" + platform::RuntimeErrorText(error));
+  return ReporterMessage(procedure, static_cast<std::int32_t>(error), "Pactora2");
 }
 
 // A world for each test. Every message must have been expected, and must come.

@@ -103,6 +103,15 @@ class DialogUser {
   std::string Cell(std::string_view name, std::int32_t row, std::int32_t column) const {
     return Get<ui::ListView>(name).Text(row, column);
   }
+  // Some cells of a row, each followed by a bar.
+  std::string Cells(std::string_view name, std::int32_t row, std::int32_t first,
+                    std::int32_t last) const {
+    std::string text;
+    for (std::int32_t column = first; column <= last; ++column) {
+      text += Cell(name, row, column) + "|";
+    }
+    return text;
+  }
   std::int32_t RowCount(std::string_view name) const { return Get<ui::ListView>(name).RowCount(); }
 
  private:

@@ -1,7 +1,6 @@
 // Stored rows as text, for comparisons that show what is there.
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,7 +25,7 @@ inline std::string All(const Row& row) {
 }
 
 // Some fields of a row, for short comparisons.
-inline std::string Line(const Row& row, std::initializer_list<std::string_view> names) {
+inline std::string Line(const Row& row, const std::vector<std::string_view>& names) {
   std::string line;
   for (const std::string_view name : names) line += (line.empty() ? "" : " ") + Shown(row[name]);
   return line;
@@ -34,7 +33,7 @@ inline std::string Line(const Row& row, std::initializer_list<std::string_view> 
 
 // The same of all rows of a table.
 inline std::vector<std::string> Lines(ContractWorld& world, std::string_view table,
-                                      std::initializer_list<std::string_view> names) {
+                                      const std::vector<std::string_view>& names) {
   std::vector<std::string> lines;
   for (const Row& row : world.Rows(table)) lines.push_back(Line(row, names));
   return lines;
