@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "definitions/vv_CDefinition.h"
 #include "newcontract/frmNewContract.h"
 #include "shell/modGlobalDefs.h"
 #include "support/contract_world.h"
@@ -21,6 +22,7 @@ namespace table = schema::table;
 using host::Value;
 using support::All;
 using support::Day;
+using support::Fields;
 using support::Line;
 using support::Lines;
 using support::Row;
@@ -30,70 +32,40 @@ using support::With;
 
 // A released, renewing, quarterly claim over twelve months.
 inline Values Quarterly(const Values& changes = {}) {
-  return With({{field::ID, "D1"},
-               {field::Status, schema::kReleased},
-               {field::Typ, "D"},
-               {field::Bezeichnung, "Wartung"},
-               {field::Art, 1},
-               {field::ArtStr, "verlängerbar"},
-               {field::Dauer, 12},
-               {field::Verlaengerungsdauer, 12},
-               {field::Kuendigungsfrist, 6},
-               {field::KuendigungsfristEinh, "Wochen"},
-               {field::VerlKuendigungsfrist, 3},
-               {field::VerlKuendigungsfristEinh, "Monate"},
-               {field::Zahlungsperiode, 3},
-               {field::VerlaengerungsZahlungsperiode, 6},
-               {field::RechnungWann, 0},
-               {field::NoBooking, false},
-               {field::NettoSumme, 99.99}},
+  return With(Fields("ID=D1, Status=freigegeben, Typ=D, Bezeichnung=Wartung, Art=1, "
+                     "ArtStr=verlängerbar, Dauer=12, Verlaengerungsdauer=12, Kuendigungsfrist=6, "
+                     "KuendigungsfristEinh=Wochen, VerlKuendigungsfrist=3, "
+                     "VerlKuendigungsfristEinh=Monate, Zahlungsperiode=3, "
+                     "VerlaengerungsZahlungsperiode=6, RechnungWann=0, NoBooking=False, "
+                     "NettoSumme=99,99"),
               changes);
 }
 
 inline Values Once(const Values& changes = {}) {
-  return With(Quarterly({{field::Art, 2},
-                         {field::ArtStr, "einmalig"},
-                         {field::Dauer, 6},
-                         {field::Verlaengerungsdauer, 0},
-                         {field::Kuendigungsfrist, 0},
-                         {field::VerlKuendigungsfrist, 0}}),
+  return With(Quarterly(Fields("Art=2, ArtStr=einmalig, Dauer=6, Verlaengerungsdauer=0, "
+                               "Kuendigungsfrist=0, VerlKuendigungsfrist=0")),
               changes);
 }
 
 inline Values Unlimited(const Values& changes = {}) {
-  return With(Quarterly({{field::Art, 3},
-                         {field::ArtStr, "unbefristet"},
-                         {field::Dauer, 0},
-                         {field::Verlaengerungsdauer, 0}}),
+  return With(Quarterly(Fields("Art=3, ArtStr=unbefristet, Dauer=0, Verlaengerungsdauer=0")),
               changes);
 }
 
 inline Values Position(const Values& changes = {}) {
-  return With({{field::Artikel, "Wartung Server"},
-               {field::Nettopreis, 30.0},
-               {field::Artikelnummer, "1000"},
-               {field::Artikelart, "Dienst"},
-               {field::Einheit, "Stück"},
-               {field::UStSatz, 19.0},
-               {field::Beschreibung, "Vor Ort"},
-               {field::Anzahl, 2.0},
-               {field::Erloeskonto, 1111},
-               {field::ArtikelID, "A1"},
-               {field::PreisM1, 10.0},
-               {field::PreisM3, 30.0},
-               {field::PreisM6, 59.99},
-               {field::PreisM12, 110.0},
-               {field::PreisM24, 200.0},
-               {field::PreisM36, 300.0},
-               {field::PreisM48, 400.0},
-               {field::PreisM60, 500.0},
-               {field::Preis, 120.0},
-               {field::NettoOhneRabatt, 30.0},
-               {field::Row, "001"},
-               {field::Positionsnummer, "1"},
-               {field::Gruppierung, "Basis"},
-               {field::Gruppierungsposition, 1}},
-              changes);
+  return With(
+      Fields("Artikel=Wartung Server, Nettopreis=30, Artikelnummer=1000, Artikelart=Dienst, "
+             "Einheit=Stück, UStSatz=19, Beschreibung=Vor Ort, Anzahl=2, Erloeskonto=1111, "
+             "ArtikelID=A1, PreisM1=10, PreisM3=30, PreisM6=59,99, PreisM12=110, "
+             "PreisM24=200, PreisM36=300, PreisM48=400, PreisM60=500, Preis=120, "
+             "NettoOhneRabatt=30, Row=001, Positionsnummer=1, Gruppierung=Basis, "
+             "Gruppierungsposition=1"),
+      changes);
+}
+
+// What a type may set as an attribute of the address.
+inline Values Sets(const Values& changes = {}) {
+  return With(Fields("SetztMerkmalGruppe=Kunden, SetztMerkmal=Wartung, SetztWert=ja"), changes);
 }
 
 inline ui::Message Plain(std::string text) { return {std::move(text), ui::style::kOkOnly}; }
@@ -105,6 +77,27 @@ inline ui::Message Failure(std::string_view number, std::string_view description
                            std::string_view operation = "cmdOK_Click") {
   return Plain("Fehler &H" + std::string(number) + "\r\n(" + std::string(description) +
                ")\r\nin vv_FNewContract." + std::string(operation));
+}
+
+// Puts a changed copy of the first type of the list into memory.
+inline definitions::vv_CDefinition& HoldChange(support::ContractWorld& world,
+                                               const frmNewContract& form) {
+  auto type = std::make_shared<definitions::vv_CDefinition>();
+  type->DefOid = form.lvwBezeichnung.Text(1, 2);
+  type->Typ = "D";
+  type->Bezeichnung = "Sonderwartung";
+  type->Art = 1;
+  type->ArtStr = "verlängerbar";
+  type->Dauer = type->Verlaengerungsdauer = 6;
+  type->Zahlungsperiode = type->VerlaengerungsZahlungsperiode = 6;
+  type->Kuendigungsfrist = 1;
+  type->KuendigungsfristEinh = "Monate";
+  type->VerlKuendigungsfrist = 2;
+  type->VerlKuendigungsfristEinh = "Wochen";
+  type->RechnungWann = 1;
+  type->NettoSumme = 50.0;
+  world.module.gDefinition = type;
+  return *type;
 }
 
 // The dialog with its user.

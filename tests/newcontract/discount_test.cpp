@@ -45,9 +45,8 @@ TEST_F(ContractStart, MovesWhatDependsOnIt) {
 TEST_F(ContractStart, BeyondTheCalendarLeavesNoPeriodOfAnotherStart) {
   AddType(Once());
   Open();
-  world.screen.ExpectMessage(support::ReporterMessage(
-      "vv_FNewContract.DTPVertragBeginn_Change",
-      "Fehler &H5 in Pactora2\r\n" + embedded::CreateErrorTexts()->Text(5)));
+  world.screen.ExpectMessage(support::ReporterMessage("vv_FNewContract.DTPVertragBeginn_Change",
+                                                      platform::RuntimeError::InvalidArgument));
   dialog.Pick("DTPVertragBeginn", Day(1, 11, 9999));
   EXPECT_EQ(form.lstInvoices.Count(), 0);
 }
@@ -71,7 +70,7 @@ TEST(Discount, IsReadAndShownLikeThis) {
   // One too large to be rounded is not exchanged for the one before it.
   const std::string huge = "-" + std::string(20, '9');
   const ui::Message overflow = support::ReporterMessage("vv_FNewContract.txtRabatt_Validate",
-                                                        "Fehler &H6 in Pactora2\r\nÜberlauf");
+                                                        platform::RuntimeError::Overflow);
   const struct {
     By by;
     std::string entry;

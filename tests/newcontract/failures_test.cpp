@@ -84,14 +84,10 @@ class SaveFailures : public testing::TestWithParam<SaveCase> {
   }
 
   static void Remember(support::ContractWorld& world, frmNewContract& form) {
-    auto type = std::make_shared<definitions::vv_CDefinition>();
-    type->DefOid = form.lvwBezeichnung.Text(1, 2);
-    type->Typ = "D";
-    type->Art = 1;
-    type->Dauer = type->Verlaengerungsdauer = 12;
-    type->Zahlungsperiode = type->VerlaengerungsZahlungsperiode = 3;
-    type->SetztMerkmal = "Wartung";
-    world.module.gDefinition = type;
+    definitions::vv_CDefinition& type = HoldChange(world, form);
+    type.Dauer = type.Verlaengerungsdauer = 12;
+    type.Zahlungsperiode = type.VerlaengerungsZahlungsperiode = 3;
+    type.SetztMerkmal = "Wartung";
     auto position = std::make_shared<definitions::vv_CPosition>();
     position->ArtikelID = "A1";
     world.module.gPositions = std::make_shared<shell::PositionCollection>(2, position);

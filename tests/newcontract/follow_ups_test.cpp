@@ -10,9 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const Values kSets = {{field::SetztMerkmalGruppe, "Kunden"},
-                      {field::SetztMerkmal, "Wartung"},
-                      {field::SetztWert, "ja"}};
+const Values kSets = Sets();
 
 Values Named(std::string_view id, std::string_view name) {
   return {{field::KELDO_WorkflowID, id}, {field::KELDO_WorkflowName, name}};
@@ -99,9 +97,9 @@ TEST(WorkflowLevels, TheMostSpecificOneThatSaysSomethingDecides) {
     EXPECT_EQ(form.chkWorkflow.Caption(), c.offered ? "Workflow  '" + *c.offered + "'  erstellen"
                                                     : "   <kein Workflow zugewiesen>");
     EXPECT_EQ(form.chkWorkflow.Checked(), c.offered.has_value());
-    EXPECT_EQ(form.fraWorkflow.Enabled(), c.offered.has_value());
-    EXPECT_EQ(form.fraResponsible.Enabled(), c.offered.has_value());
-    EXPECT_EQ(form.cmbUser.Enabled(), c.offered.has_value());
+    for (const char* name : {"fraWorkflow", "fraResponsible", "cmbUser"}) {
+      EXPECT_EQ(dialog[name].Enabled(), c.offered.has_value()) << name;
+    }
     // The indexes are those from before.
     const auto index = [&](std::string_view name) {
       return world.host.Table(name)->Indexes().Current();
@@ -169,49 +167,14 @@ TEST_F(Workflow, UntickedOrNotOfferedLeavesTheAttributeToTheDialog) {
                                         "(leer) Wartung ja 01.04.2024 31.03.2025 00000002 / B"));
 }
 
-// The contract is stored before its attribute. One that exists counts as saved.
-TEST(AttributeFailures, AreShownAfterTheContractIsStored) {
-  const struct {
-    const char* operation;
-    std::uint32_t number;
-    const char* message;
-  } cases[] = {{"StoreNew", 0x80041096, nullptr},
-               {"StoreNew", 0x80041095, "80041095"},
-               {"NewRecordOid", 0x80041095, "80041095"}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.operation) + " " +
-                 platform::HexNumber(platform::ErrorNumber(c.number)));
-    support::ContractWorld world;
-    world.Add(table::vv_Vertragsdefinitionen,
-              Quarterly(With(kSets, {{field::ErfordertMerkmal, "Kunde"}})));
-    world.Add(table::Adressmerkmale, {{field::Merkmal, "Kunde"}, {field::Wert, ""}}, world.address);
-    Dialog dialog(world);
-    ASSERT_TRUE(dialog.Open());
-    support::FailingProbe probe(world.host, 1, c.operation, "Adressmerkmale",
-                                platform::Error(platform::ErrorNumber(c.number), "gesperrt"));
-    if (c.message) world.screen.ExpectMessage(Failure(c.message, "gesperrt"));
-    dialog.Click("cmdOK");
-    EXPECT_TRUE(probe.HasFailed());
-    EXPECT_EQ(dialog.form.mbOK, !c.message);
-    EXPECT_EQ(world.Count(table::vv_Vertragsstaende), 1u);
-    EXPECT_THAT(Lines(world, table::Adressmerkmale, {field::Merkmal}), ElementsAre("Kunde"));
-    // Nothing waits in the row of the other attribute, to be stored with it.
-    if (std::string_view(c.operation) == "NewRecordOid") {
-      EXPECT_TRUE(world.host.Table(table::Adressmerkmale)->Eof());
-    }
-    EXPECT_THAT(world.screen.Problems(), IsEmpty());
-  }
-}
-
-TEST_F(Workflow, AFailingLookUpIsShownAndTheDialogGoesOn) {
-  AddLevels(world);
+TEST_F(Workflow, AnAttributeThatExistsCountsAsSaved) {
   AddType(Quarterly(kSets));
-  world.Enter();
-  support::FailingProbe probe(world.host, 1, "SeekKey", "MerkmallisteAdressen",
-                              platform::Error(platform::ErrorNumber(0x80041095), "gesperrt"));
-  world.screen.ExpectMessage(Failure("80041095", "gesperrt", "SetWorkflowFrameVisibility"));
-  EXPECT_TRUE(form.InitNew());
-  EXPECT_EQ(form.lstInvoices.Count(), 4);
+  Open();
+  support::FailingProbe probe(world.host, 1, "StoreNew", "Adressmerkmale",
+                              platform::Error(platform::ErrorNumber(0x80041096), "vorhanden"));
+  Save();
+  EXPECT_TRUE(probe.HasFailed());
+  EXPECT_THAT(Attributes(), IsEmpty());
 }
 
 }  // namespace

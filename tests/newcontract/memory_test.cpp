@@ -16,24 +16,7 @@ class FromMemory : public DialogTest {
   vv_CDefinition& OpenChanged(const Values& stored) {
     AddPosition(AddType(stored));
     Open();
-    auto type = std::make_shared<vv_CDefinition>();
-    type->DefOid = form.lvwBezeichnung.Text(1, 2);
-    type->Typ = "D";
-    type->Bezeichnung = "Sonderwartung";
-    type->Art = 1;
-    type->ArtStr = "verlängerbar";
-    type->Dauer = 6;
-    type->Verlaengerungsdauer = 6;
-    type->Kuendigungsfrist = 1;
-    type->KuendigungsfristEinh = "Monate";
-    type->VerlKuendigungsfrist = 2;
-    type->VerlKuendigungsfristEinh = "Wochen";
-    type->Zahlungsperiode = 6;
-    type->VerlaengerungsZahlungsperiode = 6;
-    type->RechnungWann = 1;
-    type->NettoSumme = 50.0;
-    world.module.gDefinition = type;
-    return *type;
+    return HoldChange(world, form);
   }
   void AddToMemory(std::string group) {
     if (!world.module.gPositions) {
@@ -92,10 +75,8 @@ TEST_F(FromMemory, LeavingTheDetailsChangesNothingButLosesAHeldChange) {
 }
 
 TEST_F(FromMemory, WritesItsOwnValuesAndTheStoredTypesId) {
-  vv_CDefinition& type = OpenChanged(Quarterly({{field::ErfordertMerkmal, "Kunde"},
-                                                {field::ErfordertWert, "A"},
-                                                {field::WorkflowID, "W1"},
-                                                {field::Zahlungsperiode, 12}}));
+  vv_CDefinition& type = OpenChanged(Quarterly(
+      Fields("ErfordertMerkmal=Kunde, ErfordertWert=A, WorkflowID=W1, Zahlungsperiode=12")));
   world.Add(table::Adressmerkmale, {{field::Merkmal, "Kunde"}, {field::Wert, "A"}}, world.address);
   type.ErfordertMerkmal = "anderes";
   type.SetztMerkmal = "Premium";

@@ -9,11 +9,9 @@ namespace {
 using NewContract = DialogTest;
 
 TEST_F(NewContract, OfARenewingTypeWritesTheseRows) {
-  const store::Oid type = AddType(Quarterly({{field::KuendigungsfristBezug, "Vertragsende"},
-                                             {field::SetztMerkmalGruppe, "Kunden"},
-                                             {field::SetztWert, "ja"},
-                                             {field::ErfordertMerkmalGruppe, "Kunden"},
-                                             {field::WorkflowID, "W9"}}));
+  const store::Oid type =
+      AddType(Quarterly(Fields("KuendigungsfristBezug=Vertragsende, SetztMerkmalGruppe=Kunden, "
+                               "SetztWert=ja, ErfordertMerkmalGruppe=Kunden, WorkflowID=W9")));
   AddPosition(type);
   AddPosition(type, {{field::Artikel, "Hotline"}, {field::ArtikelID, "A2"}, {field::Row, "002"}});
   AddPosition(type, {{field::ArtikelID, "weg"}, {field::Row, "003"}});
@@ -87,11 +85,8 @@ TEST_F(NewContract, OfALiabilityTakesItsTypedNumberAsItIs) {
 }
 
 TEST_F(NewContract, LeavesUnwrittenWhatTheTypeNeverHad) {
-  const store::Oid type = AddType({{field::Status, schema::kReleased},
-                                   {field::Typ, "D"},
-                                   {field::Bezeichnung, "Leer"},
-                                   {field::Art, 3},
-                                   {field::Zahlungsperiode, 1}});
+  const store::Oid type =
+      AddType(Fields("Status=freigegeben, Typ=D, Bezeichnung=Leer, Art=3, Zahlungsperiode=1"));
   world.Add(table::vv_Definitionspositionen, {{field::Artikel, "Frei"}}, type);
   Open();
   Save();
@@ -114,9 +109,8 @@ TEST_F(NewContract, CopiesTheDocumentOfTheType) {
 }
 
 TEST_F(NewContract, NeedsTheAttributeOfTheAddressComparedExactlyAndWithoutItsGroup) {
-  AddType(Quarterly({{field::ErfordertMerkmalGruppe, "Andere"},
-                     {field::ErfordertMerkmal, "Kunde"},
-                     {field::ErfordertWert, "A"}}));
+  AddType(
+      Quarterly(Fields("ErfordertMerkmalGruppe=Andere, ErfordertMerkmal=Kunde, ErfordertWert=A")));
   const auto add = [&](store::Oid address, const char* attribute, const Value& value) {
     world.Add(table::Adressmerkmale,
               {{field::Gruppe, "Kunden"}, {field::Merkmal, attribute}, {field::Wert, value}},
