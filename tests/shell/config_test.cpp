@@ -2,10 +2,6 @@
 
 #include "shell/CConfig.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
 #include "support/contract_world.h"
 #include "support/fault_sweep.h"
 

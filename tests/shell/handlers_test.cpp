@@ -2,11 +2,6 @@
 
 #include "shell/handlers.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <optional>
-
 #include "shell/leading_number.h"
 #include "support/contract_world.h"
 
@@ -23,9 +18,6 @@ class Handlers : public support::ContractWorldTest {
   static Error Missing() {
     return Error(platform::ErrorNumber(0x80040002), "Mandant X fehlt in Mandantentabelle!", "abc");
   }
-  static std::string HostText(std::int32_t number) {
-    return embedded::CreateErrorTexts()->Text(number);
-  }
 };
 
 TEST_F(Handlers, TheReporterShowsNumberSourceAndTheHostsText) {
@@ -36,8 +28,9 @@ TEST_F(Handlers, TheReporterShowsNumberSourceAndTheHostsText) {
   };
   for (const Case& row : {Case{platform::ErrorNumber(0x80040002), "80040002"}, Case{5, "5", true},
                           Case{-2147221502, "80040002"}, Case{0, "0"}, Case{255, "FF"}}) {
-    world.screen.ExpectMessage({"Fehler &H" + row.hex + " in abc\r\n" + HostText(row.number), 48,
-                                "Fehler in CVV.NewContract"});
+    world.screen.ExpectMessage(
+        {"Fehler &H" + row.hex + " in abc\r\n" + embedded::CreateErrorTexts()->Text(row.number), 48,
+         "Fehler in CVV.NewContract"});
     std::optional<Error> error = Error(row.number, "egal", "abc");
     try {
       throw Error(*error);
@@ -49,9 +42,8 @@ TEST_F(Handlers, TheReporterShowsNumberSourceAndTheHostsText) {
 }
 
 TEST_F(Handlers, WithReporterEndsNormally) {
-  world.screen.ExpectMessage(support::ReporterMessage(
-      "CVV.NewContract",
-      "Fehler &H80040002 in abc\r\n" + HostText(platform::ErrorNumber(0x80040002))));
+  world.screen.ExpectMessage(
+      support::ReporterMessage("CVV.NewContract", Missing().Number(), "abc"));
   int steps = 0;
   WithReporter(world.module, module_name::CVV, "NewContract", [&] {
     ++steps;

@@ -1,7 +1,5 @@
 // Putting a table's cursor back.
 
-#include <gtest/gtest.h>
-
 #include "shell/CTableProperties.h"
 #include "support/contract_world.h"
 
