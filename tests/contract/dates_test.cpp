@@ -2,12 +2,7 @@
 
 #include "contract/dates.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <limits>
-#include <string>
-#include <vector>
 
 #include "platform/Error.h"
 #include "support/contract_world.h"

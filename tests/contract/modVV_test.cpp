@@ -2,10 +2,7 @@
 
 #include "contract/modVV.h"
 
-#include <gtest/gtest.h>
-
 #include "support/contract_world.h"
-#include "support/fault_sweep.h"
 #include "support/row_text.h"
 
 namespace pactora::contract {
@@ -15,6 +12,7 @@ namespace field = schema::field;
 namespace table = schema::table;
 using support::Day;
 using support::ErrorOf;
+using support::Fields;
 using support::Lines;
 
 TEST(PeriodNames, NameTheStandardPeriodsAndSinglePayments) {
@@ -46,18 +44,6 @@ std::vector<std::string> Counters(support::ContractWorld& world) {
 class SharedRoutines : public support::ContractWorldTest {
  protected:
   SharedRoutines() { world.Enter(); }
-
-  // A stored contract that is current.
-  store::Oid AddContract() {
-    const store::Oid contract = world.Add(table::vv_Vertraege, {}, world.address);
-    world.Goto(table::vv_Vertraege, contract);
-    return contract;
-  }
-  std::vector<std::string> Appointments() {
-    return Lines(
-        world, table::vv_VertragsAktivitaeten,
-        {field::Typ, field::Datum, field::Betreff, field::Erledigt, field::Verantwortlich});
-  }
 };
 
 TEST_F(SharedRoutines, VariablesAreFoundByTheirExactName) {
@@ -72,15 +58,6 @@ TEST_F(SharedRoutines, VariablesAreFoundByTheirExactName) {
   world.SetVariable("Schlüssel_mit_genau_dreißig_Zei", "31 characters");
   world.SetVariable("Schlüssel_mit_genau_dreißig_Ze", 12);
   EXPECT_EQ(read("Schlüssel_mit_genau_dreißig_Zeichen"), "12") << "30 characters of the name";
-}
-
-TEST_F(SharedRoutines, AHostErrorWhileReadingAVariableIsShownAndGivesNothing) {
-  support::FailingProbe probe(world.host, 1, platform::Error(5, "x", "Probe"));
-  world.screen.ExpectMessage(
-      support::ReporterMessage("modVV.ReadPersistVarSetting",
-                               "Fehler &H5 in Probe\r\n" + embedded::CreateErrorTexts()->Text(5)));
-  EXPECT_EQ(ReadPersistVarSetting(world.module, "vv_AlarmWochenEnde", "4"), "");
-  EXPECT_TRUE(probe.HasFailed());
 }
 
 TEST(NextNumbers, ANewCounterStartsWhereThereIsNoneOfOurs) {
@@ -141,54 +118,20 @@ TEST_F(SharedRoutines, AClientIsFoundWithoutRegardToCaseAndAMissingOneGetsNoCoun
   EXPECT_EQ(NextNumber(world), "00000002");
 }
 
-TEST_F(SharedRoutines, AnAlarmIsANewAppointmentOfTheContract) {
-  const store::Oid contract = AddContract();
-  CreateCancellationAlarm(world.module, "", Day(1, 2, 2025), Day(15, 3, 2025), "Bert",
-                          kAlarmNotice);
-  CreateCancellationAlarm(world.module, "", Day(1, 2, 2025), Day(16, 3, 2025), "Bert", kAlarmEnd);
-  CreateOpenAlarm(world.module, "", Day(3, 2, 2025), "Anna");
-  EXPECT_THAT(
-      Appointments(),
-      testing::ElementsAre(
-          "Termin 01.02.2025 09:00:00 Kündigungsfrist läuft am  15.03.2025  aus False Bert",
-          "Termin 01.02.2025 09:00:00 Vertrag läuft am  16.03.2025  aus False Bert",
-          "Termin 03.02.2025 09:00:00 Vertragsabschluss ist noch nicht erfolgt? False Anna"));
-  const auto rows = world.Rows(table::vv_VertragsAktivitaeten);
-  for (const support::Row& row : rows) EXPECT_EQ(row.parent, contract);
-  EXPECT_EQ(Lines(world, table::vv_Vertraege, {field::AlarmOID}).at(0),
-            std::to_string(rows.back().oid));
-}
-
 TEST_F(SharedRoutines, AnExistingAppointmentIsChangedAndAGoneOneIsLeftAlone) {
-  const store::Oid appointment =
-      world.Add(table::vv_VertragsAktivitaeten, {{field::Betreff, "alt"}, {field::Erledigt, true}},
-                AddContract());
+  const store::Oid contract = world.Add(table::vv_Vertraege, {}, world.address);
+  const std::string appointment = std::to_string(
+      world.Add(table::vv_VertragsAktivitaeten, Fields("Betreff=alt, Erledigt=True"), contract));
+  world.Goto(table::vv_Vertraege, contract);
   world.HideRows(table::vv_VertragsAktivitaeten, embedded::FilterKind::First);
+  const auto all = [&] { return All(world.TheOnly(table::vv_VertragsAktivitaeten)); };
   CreateOpenAlarm(world.module, "4711", Day(1, 2, 2025), "Anna");
-  EXPECT_THAT(Lines(world, table::vv_VertragsAktivitaeten, {field::Betreff}),
-              testing::ElementsAre("alt"));
-  CreateCancellationAlarm(world.module, std::to_string(appointment), Day(1, 2, 2025),
-                          Day(15, 3, 2025), "Anna", kAlarmEnd);
-  EXPECT_THAT(Appointments(),
-              testing::ElementsAre(
-                  "Termin 01.02.2025 09:00:00 Vertrag läuft am  15.03.2025  aus False Anna"));
-  EXPECT_TRUE(world.Rows(table::vv_Vertraege)[0][field::AlarmOID].IsEmpty());
-}
-
-TEST_F(SharedRoutines, AFailingAlarmIsShownInlineAndEndsNormally) {
-  AddContract();
-  const platform::Error full(platform::ErrorNumber(0x80041024), "Kein Platz", "Platte");
-  const auto fail = [&](const char* operation, std::string_view name, const std::string& routine) {
-    world.screen.ExpectMessage({"Fehler &H80041024\r\n(Kein Platz)\r\nin modVV." + routine});
-    return support::FailingProbe(world.host, 1, operation, std::string(name), full);
-  };
-  {
-    const auto probe = fail("StoreNew", table::vv_VertragsAktivitaeten, "CreateCancellationAlarm");
-    CreateCancellationAlarm(world.module, "", Day(1, 2, 2025), Day(15, 3, 2025), "Anna", kAlarmEnd);
-  }
-  const auto probe = fail("Store", table::vv_Vertraege, "CreateOpenAlarm");
-  CreateOpenAlarm(world.module, "", Day(1, 2, 2025), "Anna");
-  EXPECT_EQ(world.Count(table::vv_VertragsAktivitaeten), 1u) << "the second one was stored before";
+  EXPECT_EQ(all(), "Betreff=alt, Erledigt=True");
+  CreateCancellationAlarm(world.module, appointment, Day(1, 2, 2025), Day(15, 3, 2025), "Anna",
+                          kAlarmEnd);
+  EXPECT_EQ(all(),
+            "Betreff=Vertrag läuft am  15.03.2025  aus, Datum=01.02.2025 09:00:00, "
+            "Erledigt=False, Typ=Termin, Verantwortlich=Anna");
   EXPECT_TRUE(world.Rows(table::vv_Vertraege)[0][field::AlarmOID].IsEmpty());
 }
 

@@ -2,7 +2,6 @@
 #include "contract/position_groups.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
