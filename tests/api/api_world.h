@@ -24,34 +24,28 @@ class ApiWorld : public ContractWorld {
 
   static std::shared_ptr<api::vv_CContractD> ExampleContract() {
     auto record = std::make_shared<api::vv_CContractD>();
-    record->lVertragArt = 1;
-    record->VertragBeginn = Day(1, 3, 2024);
-    record->VertragGeschlossenAm = Day(1, 3, 2024);
-    record->Bezeichnung = "Wartungsvertrag";
-    record->Dauer = 12;
-    record->Zahlungsperiode = 1;
-    record->Verlaengerungsdauer = 12;
-    record->VerlaengerungsZahlungsperiode = 12;
-    record->dblRabatt = 10.0;
-    record->KuendFristInWochen = 6;
-    record->Memo = "Notiz";
-    record->SetztMerkmalGruppe = "Kunden";
-    record->SetztMerkmal = "Status";
-    record->SetztWert = "A";
-    record->Auftragsnummer = "B-17";
+    Set(*record, Fields("lVertragArt=1, Bezeichnung=Wartungsvertrag, Dauer=12, Zahlungsperiode=1, "
+                        "Verlaengerungsdauer=12, VerlaengerungsZahlungsperiode=12, dblRabatt=10, "
+                        "KuendFristInWochen=6, Memo=Notiz, SetztMerkmalGruppe=Kunden, "
+                        "SetztMerkmal=Status, SetztWert=A, Auftragsnummer=B-17"));
+    record->VertragBeginn = record->VertragGeschlossenAm = Day(1, 3, 2024);
     return record;
   }
 
-  // Adds an article that the caller may go on changing.
-  api::vv_CArticle& Article(const std::string& id = "A1", double quantity = 2.0,
-                            std::int32_t months = 12) {
-    auto article = std::make_shared<api::vv_CArticle>();
-    article->sArtikelID = id;
-    article->dblAnzahl = quantity;
-    article->lPreisDauer = months;
-    articles->Add(article);
-    return *article;
+  // Properties by their names.
+  template <typename Record>
+  static void Set(Record& record, const Values& values) {
+    for (const auto& [name, value] : values) record.Set(name, value);
   }
+
+  // Adds an article: two pieces of A1 at its price for a year, but for these.
+  void Article(const Values& changes) {
+    auto article = std::make_shared<api::vv_CArticle>();
+    Set(*article, Fields("sArtikelID=A1, dblAnzahl=2, lPreisDauer=12"));
+    Set(*article, changes);
+    articles->Add(article);
+  }
+  void Article(std::string_view changes = {}) { Article(Fields(changes)); }
 
   void Call() { CallWith(contract); }
   void CallWith(const std::shared_ptr<api::PropertyBag>& record) {
@@ -73,18 +67,6 @@ class ApiWorld : public ContractWorld {
 class ApiTest : public testing::Test {
  protected:
   void TearDown() override { EXPECT_THAT(world.screen.Problems(), testing::IsEmpty()); }
-
-  // Every field of the row is one of these and holds that value; the fields not
-  // named were never written.
-  static void ExpectRow(const Row& row, const Values& expected) {
-    std::map<std::string, host::Value, std::less<>> wanted;
-    for (const auto& [name, value] : expected) wanted[std::string(name)] = value;
-    for (const auto& [name, value] : row.cells) {
-      const host::Value& want = wanted[name];
-      EXPECT_EQ(value, want) << name;
-    }
-    for (const auto& [name, value] : wanted) EXPECT_TRUE(row.cells.contains(name)) << name;
-  }
 
   ApiWorld world;
 };

@@ -2,9 +2,6 @@
 // stored before stay as a run without failure leaves them, no other ones come,
 // and the caller learns the error and the routine that it came from.
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <set>
 
 #include "api_world.h"
@@ -92,8 +89,8 @@ TEST(Failures, OfEachOperationInTurnLeaveWhatWasStoredAndReachTheCaller) {
     ApiWorld world;
     world.contract->lVertragArt = 2;
     world.contract->VertragGeschlossenAm = platform::kNoDate;
-    world.Article("A1");
-    world.Article("A2", 1.0, 1);
+    world.Article();
+    world.Article("sArtikelID=A2, dblAnzahl=1, lPreisDauer=1");
     world.Goto(table::Artikel, world.hotline);
     world.host.EndUnit();
     const auto error = sweep.Run(world.host, [&] { world.Call(); });

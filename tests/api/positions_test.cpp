@@ -1,14 +1,12 @@
 // Prices, merging and the value of a contract.
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <limits>
 
 #include "api/ApiPositionRow.h"
 #include "api/modAPI.h"
 #include "api_world.h"
 #include "contract/money.h"
+#include "support/row_text.h"
 
 namespace pactora::api {
 namespace {
@@ -52,9 +50,7 @@ TEST(Prices, EveryTermAndPeriodHasItsPrice) {
       world.contract->Dauer = term;
       world.contract->Zahlungsperiode = period;
       world.contract->dblRabatt = 0.0;
-      auto& article = world.Article("A1", 3.0, 1);
-      article.bSonderpreisVerwenden = true;
-      article.dblPreis = 7.77;
+      world.Article("dblAnzahl=3, lPreisDauer=1, bSonderpreisVerwenden=True, dblPreis=7,77");
       world.Call();
       const Row position = world.Rows(table::vv_Vertragspositionen).at(0);
       const std::string name = std::to_string(term) + "/" + std::to_string(period);
@@ -71,94 +67,56 @@ TEST(Prices, EveryTermAndPeriodHasItsPrice) {
   }
 }
 
-void SetPrice(vv_CArticle& article, double price) {
-  article.bSonderpreisVerwenden = true;
-  article.dblPreis = price;
-}
-void SetDiscount(vv_CArticle& article, double discount) {
-  article.bUseCustomDiscount = true;
-  article.dblCustomDiscount = discount;
-}
-
-struct PositionCase {
-  std::string name;
-  std::function<void(ApiWorld&)> add;
-  std::vector<std::string_view> fields;
-  std::vector<std::string> rows;
-};
-
-const std::vector<PositionCase>& PositionCases() {
-  static const std::vector<PositionCase> cases = {
-      {"equal articles share the first one's row",
-       [](ApiWorld& world) {
-         world.Article("A1", 2.0).sGruppierung = "erste";
-         world.Article("A2", 1.0, 1);
-         auto& again = world.Article("a1", 3.5);
-         again.sGruppierung = "zweite";
-         again.sBeschreibung = "VOR ORT";
-       },
-       {field::Row, field::ArtikelID, field::Artikel, field::Anzahl, field::Erloeskonto,
-        field::UStSatz, field::Beschreibung, field::Gruppierung},
-       {"001/A1/Wartung Server/5,5/8400/19/Vor Ort/erste", "002/A2/Hotline/1/8300/7//"}},
-      {"articles that differ in one thing stand alone",
-       [](ApiWorld& world) {
-         world.Article();
-         world.Article().sBeschreibung = "anders";
-         world.Article().sAuftragsnummer = "B-1";
-         SetDiscount(world.Article(), 5.0);
-         SetDiscount(world.Article(), 0.0);
-         SetPrice(world.Article(), 121.0);
-       },
-       {field::Beschreibung, field::Auftragsnummer, field::Rabattprozent, field::Nettopreis,
-        field::PreisM12},
-       {"Vor Ort//10/9/120", "anders//10/9/120", "Vor Ort/B-1/10/9/120", "Vor Ort//5/9,5/120",
-        "Vor Ort//0/10/120", "Vor Ort//10/9,07/121"}},
-      {"the same price for another time and the same discount merge",
-       [](ApiWorld& world) {
-         world.Article("A1", 1.0, 12);
-         SetPrice(world.Article("A1", 1.0, 1), 10.0);
-         SetDiscount(world.Article("A1", 1.0, 12), 10.0);
-       },
-       {field::Anzahl},
-       {"3"}},
-      {"what is switched off has no effect",
-       [](ApiWorld& world) {
-         auto& article = world.Article();
-         article.dblPreis = 999.0;
-         article.dblCustomDiscount = 50.0;
-       },
-       {field::PreisM12, field::Rabattprozent},
-       {"120/10"}},
-      {"everything off leaves the price before discount",
-       [](ApiWorld& world) { SetDiscount(world.Article(), 100.0); },
-       {field::Nettopreis, field::NettoOhneRabatt},
-       {"0/10"}},
-  };
-  return cases;
-}
-
 using Positions = support::ApiTest;
 
 TEST_F(Positions, FollowTheTableOfCases) {
-  for (const PositionCase& row : PositionCases()) {
+  const struct {
+    const char* name;
+    std::vector<std::string_view> articles;
+    std::vector<std::string_view> fields;
+    std::vector<std::string> rows;
+  } cases[] = {
+      {"equal articles share the first one's row",
+       {"sGruppierung=erste", "sArtikelID=A2, dblAnzahl=1, lPreisDauer=1",
+        "sArtikelID=a1, dblAnzahl=3,5, sGruppierung=zweite, sBeschreibung=VOR ORT"},
+       {field::Row, field::ArtikelID, field::Artikel, field::Anzahl, field::Erloeskonto,
+        field::UStSatz, field::Beschreibung, field::Gruppierung},
+       {"001 A1 Wartung Server 5,5 8400 19 Vor Ort erste", "002 A2 Hotline 1 8300 7  "}},
+      {"articles that differ in one thing stand alone",
+       {"", "sBeschreibung=anders", "sAuftragsnummer=B-1",
+        "bUseCustomDiscount=True, dblCustomDiscount=5", "bUseCustomDiscount=True",
+        "bSonderpreisVerwenden=True, dblPreis=121"},
+       {field::Beschreibung, field::Auftragsnummer, field::Rabattprozent, field::Nettopreis,
+        field::PreisM12},
+       {"Vor Ort  10 9 120", "anders  10 9 120", "Vor Ort B-1 10 9 120", "Vor Ort  5 9,5 120",
+        "Vor Ort  0 10 120", "Vor Ort  10 9,07 121"}},
+      {"the same price for another time and the same discount merge",
+       {"dblAnzahl=1", "dblAnzahl=1, lPreisDauer=1, bSonderpreisVerwenden=True, dblPreis=10",
+        "dblAnzahl=1, bUseCustomDiscount=True, dblCustomDiscount=10"},
+       {field::Anzahl},
+       {"3"}},
+      {"what is switched off has no effect",
+       {"dblPreis=999, dblCustomDiscount=50"},
+       {field::PreisM12, field::Rabattprozent},
+       {"120 10"}},
+      {"everything off leaves the price before discount",
+       {"bUseCustomDiscount=True, dblCustomDiscount=100"},
+       {field::Nettopreis, field::NettoOhneRabatt},
+       {"0 10"}},
+  };
+  for (const auto& row : cases) {
     ApiWorld fresh;
-    row.add(fresh);
+    for (const std::string_view article : row.articles) fresh.Article(article);
     fresh.Call();
-    std::vector<std::string> lines;
-    for (const Row& position : fresh.Rows(table::vv_Vertragspositionen)) {
-      std::string& line = lines.emplace_back();
-      for (const std::string_view name : row.fields) {
-        line += (name == row.fields[0] ? "" : "/") + host::ToText(position[name]);
-      }
-    }
-    EXPECT_EQ(lines, row.rows) << row.name;
+    EXPECT_EQ(support::Lines(fresh, table::vv_Vertragspositionen, row.fields), row.rows)
+        << row.name;
   }
 }
 
 TEST_F(Positions, TheValueIsTheSumOfOneInvoiceNotRounded) {
   world.contract->dblRabatt = 0.0;
-  world.Article("A1", 1.333);
-  world.Article("A2", 0.5, 1);
+  world.Article("dblAnzahl=1,333");
+  world.Article("sArtikelID=A2, dblAnzahl=0,5, lPreisDauer=1");
   world.Call();
   const Value expected(10.0 * 1.333 + 10.0 * 0.5);
   EXPECT_EQ(world.Rows(table::vv_Vertraege).at(0)[field::AktValue], expected);
@@ -167,60 +125,59 @@ TEST_F(Positions, TheValueIsTheSumOfOneInvoiceNotRounded) {
 
 TEST_F(Positions, RowsCountBeyondThreeDigits) {
   world.contract->dblRabatt = 0.0;
-  for (int i = 1; i <= 1001; ++i) world.Article("A1", 1.0).sBeschreibung = std::to_string(i);
-  world.Article("A1", 4.0).sBeschreibung = "1";
+  for (int i = 1; i <= 1001; ++i) world.Article("dblAnzahl=1, sBeschreibung=" + std::to_string(i));
+  world.Article("dblAnzahl=4, sBeschreibung=1");
   world.Call();
   const auto rows = world.Rows(table::vv_Vertragspositionen);
   ASSERT_EQ(rows.size(), 1001u);
   EXPECT_EQ(rows[0][field::Anzahl], Value(5.0));
   EXPECT_EQ(rows[98][field::Row], Value("099"));
-  EXPECT_EQ(rows[1000][field::Row], Value("1001"));
-  EXPECT_EQ(rows[1000][field::Beschreibung], Value("1001"));
+  EXPECT_EQ(support::Line(rows[1000], {field::Row, field::Beschreibung}), "1001 1001");
   EXPECT_EQ(world.module.gApiPositionRows->size(), 1002u) << "the element 0 stays empty";
   EXPECT_EQ(world.module.gApiPositionRows->front().ArtikelID, "");
 }
 
-struct BeyondCase {
-  std::string name;
-  std::function<void(ApiWorld&)> spoil;
-  std::int32_t number;
-  std::string source;
-  std::vector<std::size_t> counts;
-};
-
 TEST_F(Positions, WhatIsBeyondAllBoundsIsRaisedAndTheContractStays) {
-  constexpr double kMost = std::numeric_limits<double>::max();
-  constexpr double kEndless = std::numeric_limits<double>::infinity();
-  constexpr std::int32_t kLongest = std::numeric_limits<std::int32_t>::min();
+  using support::Fields;
+  using support::Values;
+  const Values most = {{"dblAnzahl", std::numeric_limits<double>::max()}};
+  const Values endless = {{"dblAnzahl", std::numeric_limits<double>::infinity()}};
+  const Values discount = {{"bUseCustomDiscount", true},
+                           {"dblCustomDiscount", std::numeric_limits<double>::max()}};
   const std::string contract = "modAPI.CreateVandVS";
   const std::string positions = "modAPI.GetNewPositions";
   const std::vector<std::size_t> nothing(5, 0);
   const std::vector<std::size_t> no_position = {1, 0, 1, 0, 0};
-  const std::vector<BeyondCase> cases = {
-      {"a notice date", [](ApiWorld& w) { w.contract->KuendFristInWochen = kLongest; }, 5, contract,
-       nothing},
+  const struct {
+    const char* name;
+    Values contract;
+    std::vector<Values> articles;
+    std::int32_t number;
+    std::string source;
+    std::vector<std::size_t> counts;
+  } cases[] = {
+      {"a notice date", Fields("KuendFristInWochen=-2147483648"), {}, 5, contract, nothing},
       {"the end of a contract that is not renewed",
-       [](ApiWorld& w) {
-         w.contract->lVertragArt = 2;
-         w.contract->VertragBeginn = support::Day(1, 2, 9999);
-       },
-       5, contract, nothing},
-      {"a price", [](ApiWorld& w) { SetPrice(w.Article(), 1e18); }, 6, positions, no_position},
-      {"a discount", [](ApiWorld& w) { SetDiscount(w.Article(), kMost); }, 6, positions,
-       no_position},
-      {"a merged quantity", [](ApiWorld& w) { w.Article("A1", kMost), w.Article("A1", kMost); }, 6,
-       positions, no_position},
-      {"an endless quantity", [](ApiWorld& w) { w.Article("A1", kEndless); }, 6, positions,
-       no_position},
-      {"the value",
-       [](ApiWorld& w) { w.Article("A1", kMost); },
+       {{"lVertragArt", 2}, {"VertragBeginn", support::Day(1, 2, 9999)}},
+       {},
+       5,
+       contract,
+       nothing},
+      {"a price",
+       {},
+       {Fields("bSonderpreisVerwenden=True, dblPreis=1000000000000000000")},
        6,
-       "modAPI.WriteNewPositions",
-       {1, 0, 1, 1, 0}},
+       positions,
+       no_position},
+      {"a discount", {}, {discount}, 6, positions, no_position},
+      {"a merged quantity", {}, {most, most}, 6, positions, no_position},
+      {"an endless quantity", {}, {endless}, 6, positions, no_position},
+      {"the value", {}, {most}, 6, "modAPI.WriteNewPositions", {1, 0, 1, 1, 0}},
   };
-  for (const BeyondCase& row : cases) {
+  for (const auto& row : cases) {
     ApiWorld fresh;
-    row.spoil(fresh);
+    ApiWorld::Set(*fresh.contract, row.contract);
+    for (const Values& article : row.articles) fresh.Article(article);
     const auto error = ErrorOf([&] { fresh.Call(); });
     ASSERT_TRUE(error) << row.name;
     EXPECT_EQ(error->Number(), row.number) << row.name;

@@ -1,7 +1,5 @@
 // The records by property name.
 
-#include <gtest/gtest.h>
-
 #include "api/ArticleCollection.h"
 #include "api/vv_CArticle.h"
 #include "api/vv_CContractD.h"
