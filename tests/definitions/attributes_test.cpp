@@ -1,6 +1,4 @@
 // The two attribute choosers and what they restore and store.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "definition_world.h"
 

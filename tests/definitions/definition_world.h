@@ -14,12 +14,14 @@
 #include "support/attributes.h"
 #include "support/contract_world.h"
 #include "support/dialog_user.h"
+#include "support/row_text.h"
 
 namespace pactora::definitions {
 
 namespace table = schema::table;
 namespace field = schema::field;
 using support::DialogUser;
+using support::Fields;
 using support::Row;
 using support::Values;
 using ui::Answer;
@@ -52,21 +54,11 @@ class DefinitionTest : public support::ContractWorldTest {
   // A renewable claim of 12 months unless the values say otherwise; its row is
   // current afterwards.
   store::Oid AddType(const Values& values = {}) {
-    const Values usual = {{field::Status, "freigegeben"},
-                          {field::Typ, "D"},
-                          {field::Bezeichnung, "Wartung"},
-                          {field::Art, 1},
-                          {field::ArtStr, "verlängerbar"},
-                          {field::Dauer, 12},
-                          {field::Verlaengerungsdauer, 12},
-                          {field::Kuendigungsfrist, 6},
-                          {field::KuendigungsfristEinh, "Wochen"},
-                          {field::VerlKuendigungsfrist, 6},
-                          {field::VerlKuendigungsfristEinh, "Wochen"},
-                          {field::Zahlungsperiode, 1},
-                          {field::VerlaengerungsZahlungsperiode, 1},
-                          {field::RechnungWann, 0},
-                          {field::NoBooking, false}};
+    const Values usual = Fields(
+        "Status=freigegeben, Typ=D, Bezeichnung=Wartung, Art=1, ArtStr=verlängerbar, Dauer=12, "
+        "Verlaengerungsdauer=12, Kuendigungsfrist=6, KuendigungsfristEinh=Wochen, "
+        "VerlKuendigungsfrist=6, VerlKuendigungsfristEinh=Wochen, Zahlungsperiode=1, "
+        "VerlaengerungsZahlungsperiode=1, RechnungWann=0, NoBooking=False");
     const store::Oid type = world.Add(table::vv_Vertragsdefinitionen, support::With(usual, values));
     world.host.EndUnit();
     world.Goto(table::vv_Vertragsdefinitionen, type);
@@ -74,12 +66,16 @@ class DefinitionTest : public support::ContractWorldTest {
   }
   store::Oid AddPosition(store::Oid type, std::string_view article_id, std::string_view group,
                          double price = 10.0, double quantity = 1.0) {
-    Values values = {
-        {field::Artikel, article_id}, {field::ArtikelID, article_id},  {field::Anzahl, quantity},
-        {field::Nettopreis, price},   {field::NettoOhneRabatt, price}, {field::Preis, 12 * price},
-        {field::UStSatz, 19.0},       {field::Erloeskonto, 8400},      {field::Gruppierung, group},
-        {field::Artikelnummer, "Nr"}, {field::Artikelart, "Ware"},     {field::Einheit, "Paar"},
-        {field::Beschreibung, "Text"}};
+    Values values =
+        support::With(Fields("UStSatz=19, Erloeskonto=8400, Artikelnummer=Nr, Artikelart=Ware, "
+                             "Einheit=Paar, Beschreibung=Text"),
+                      {{field::Artikel, article_id},
+                       {field::ArtikelID, article_id},
+                       {field::Anzahl, quantity},
+                       {field::Nettopreis, price},
+                       {field::NettoOhneRabatt, price},
+                       {field::Preis, 12 * price},
+                       {field::Gruppierung, group}});
     for (std::size_t i = 0; i < schema::kPeriods.size(); ++i) {
       values.emplace_back(schema::kPriceFields[i], price * schema::kPeriods[i]);
     }
@@ -140,18 +136,17 @@ class DefinitionTest : public support::ContractWorldTest {
   }
   // The reporter's box for a run-time error of the add-on's own.
   void ExpectError(std::string_view procedure, platform::RuntimeError error) {
-    const auto number = static_cast<std::int32_t>(error);
-    world.screen.ExpectMessage(support::ReporterMessage(
-        procedure, "Fehler &H" + platform::HexNumber(number) + " in Pactora2\r\n" +
-                       platform::RuntimeErrorText(error)));
+    world.screen.ExpectMessage(support::ReporterMessage(procedure, error));
   }
 
   void ExpectInputError(const std::string& name) {
     Expect("Ungültige Eingabe in " + name + " !", kInformation, "Bitte ändern ...");
   }
 
-  static void ExpectFields(const Row& row, const Values& fields) {
-    for (const auto& [name, value] : fields) EXPECT_EQ(row[name], value) << name;
+  // All of a row but its ID, which counts up.
+  static std::string Written(Row row) {
+    row.cells.erase(std::string(field::ID));
+    return All(row);
   }
   std::vector<Row> Types() { return world.Rows(table::vv_Vertragsdefinitionen); }
   std::vector<Row> Positions() { return world.Rows(table::vv_Definitionspositionen); }

@@ -1,6 +1,4 @@
 // Every host operation of a save fails in turn.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "definition_world.h"
 #include "support/fault_sweep.h"
@@ -12,21 +10,18 @@ using support::FaultSweep;
 
 class SaveFailureTest : public DefinitionTest {
  protected:
-  using Cells = std::map<std::string, host::Value, std::less<>>;
-
-  // What the newest type holds, without Oids and IDs.
-  std::vector<Cells> LastType() {
+  // The newest type and its positions.
+  std::vector<std::string> LastType() {
     const Row type = Types().back();
-    std::vector<Cells> rows = {type.cells};
-    rows[0].erase(std::string(field::ID));
+    std::vector<std::string> rows = {Written(type)};
     for (const Row& position : Positions()) {
-      if (position.parent == type.oid) rows.push_back(position.cells);
+      if (position.parent == type.oid) rows.push_back(All(position));
     }
     return rows;
   }
   void ExpectFailure(const std::string& procedure) {
     world.screen.ExpectMessage(support::ReporterMessage(
-        "vv_FEditDefinitions." + procedure, "Fehler &H80049999 in Probe\r\nUnbekannter Fehler"));
+        "vv_FEditDefinitions." + procedure, platform::ErrorNumber(0x80049999), "Probe"));
   }
 
   // A failed save reports itself, leaves the dialog open and no net sum behind,
@@ -34,7 +29,7 @@ class SaveFailureTest : public DefinitionTest {
   // dialog on a type of its own and enters what is to be saved.
   void FailEachOperation(const std::function<void(const Acts& save)>& scenario,
                          const std::string& position_procedure, bool makes_type) {
-    std::vector<Cells> saved;
+    std::vector<std::string> saved;
     for (FaultSweep sweep; sweep.Next();) {
       const std::size_t types_before = Types().size();
       scenario([&](DialogUser& user) {
@@ -95,11 +90,7 @@ TEST_F(SaveFailureTest, OfAChangedTypeChangeItOnce) {
     AddPosition(type, "P3", "A");
     OpenEdit([&](DialogUser& user) {
       user.Paste("txtBezeichnung", "Geändert");
-      for (const std::int32_t row : {1, 2}) {
-        user.ChooseRow("lvwPositionen", row);
-        Expect(kDeleteQuestion, kYesNoQuestion, "Pactora", Answer::Yes);
-        user.Click("cmdDeletePos");
-      }
+      for (const std::int32_t row : {1, 2}) DeletePosition(user, row);
       AddArticle(user, 1);
       save(user);
     });

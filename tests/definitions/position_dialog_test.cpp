@@ -1,9 +1,6 @@
 // The dialog for one position, on its own.
 #include "definitions/frmFEditDefPositions.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "definition_world.h"
 
 namespace pactora::definitions {

@@ -1,8 +1,6 @@
 // Thousands of things that a person could do in the dialog, at random but the
 // same each time: it never fails inside, never shows a state that its rules
 // forbid, and what is saved shows again when it is opened.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <random>
 #include <set>
@@ -112,81 +110,75 @@ class WalkTest : public DefinitionTest {
     world.host.EndUnit();
   }
 
-  static const ui::Control& At(const ui::Form& form, const std::string& name) {
-    return *form.Find(name);
-  }
-  static bool On(const ui::Form& form, const std::string& name) {
-    return form.Find<ui::OptionButton>(name)->Value();
-  }
-  static std::string TextOf(const ui::Form& form, const std::string& name) {
-    if (const auto* box = form.Find<ui::TextBox>(name)) return box->Text();
-    return form.Find<ui::ComboBox>(name)->Text();
+  static bool On(const DialogUser& user, const char* name) {
+    return user.Get<ui::OptionButton>(name).Value();
   }
 
-  static std::string ArtIn(const ui::Form& form) {
-    if (On(form, "optUnbefristet")) return "unbefristet";
-    return form.Find<ui::CheckBox>("chkVerlaengerbar")->Checked() ? "verlängerbar" : "einmalig";
+  static std::string ArtIn(const DialogUser& user) {
+    if (On(user, "optUnbefristet")) return "unbefristet";
+    return user.Checked("chkVerlaengerbar") ? "verlängerbar" : "einmalig";
   }
 
   // The states that the rules allow.
-  static void ExpectSound(const ui::Form& form) {
+  static void ExpectSound(ui::Form& form) {
     if (form.ClassName() != "frmFEditDefinitions") return;
-    const bool claim = On(form, "optDebitor");
-    const bool limited = On(form, "optBefristet");
-    const bool renews = limited && form.Find<ui::CheckBox>("chkVerlaengerbar")->Checked();
-    EXPECT_NE(claim, On(form, "optKreditor"));
-    EXPECT_NE(limited, On(form, "optUnbefristet"));
-    EXPECT_EQ(form.Find<ui::Frame>("fraPositionen")->Behind(), !claim);
-    EXPECT_EQ(form.Find<ui::Frame>("fraPositionenK")->Behind(), claim);
-    EXPECT_EQ(At(form, "chkNoBooking").Enabled(), claim);
-    EXPECT_EQ(At(form, "txtDauer").Enabled(), limited);
-    EXPECT_EQ(At(form, "chkVerlaengerbar").Enabled(), limited);
+    const DialogUser user(form);
+    const bool claim = On(user, "optDebitor");
+    const bool limited = On(user, "optBefristet");
+    const bool renews = limited && user.Checked("chkVerlaengerbar");
+    EXPECT_NE(claim, On(user, "optKreditor"));
+    EXPECT_NE(limited, On(user, "optUnbefristet"));
+    EXPECT_EQ(user.Get<ui::Frame>("fraPositionen").Behind(), !claim);
+    EXPECT_EQ(user.Get<ui::Frame>("fraPositionenK").Behind(), claim);
+    EXPECT_EQ(user["chkNoBooking"].Enabled(), claim);
+    EXPECT_EQ(user["txtDauer"].Enabled(), limited);
+    EXPECT_EQ(user["chkVerlaengerbar"].Enabled(), limited);
     for (const char* name : {"fraKuendFrist", "cboKuendFrist", "cboKuendEinh"}) {
-      EXPECT_EQ(At(form, name).Enabled(), renews || !limited) << name;
+      EXPECT_EQ(user[name].Enabled(), renews || !limited) << name;
     }
     for (const char* name : {"fraVerlaengerung", "txtDauer2", "cboZahlungsperiode2",
                              "cboKuendFrist2", "cboKuendEinh2"}) {
-      EXPECT_EQ(At(form, name).Enabled(), renews) << name;
+      EXPECT_EQ(user[name].Enabled(), renews) << name;
     }
     for (const char* name : {"fraWF", "lblWorkflow", "cboWorkflow"}) {
-      EXPECT_EQ(At(form, name).Enabled(), claim && renews) << name;
+      EXPECT_EQ(user[name].Enabled(), claim && renews) << name;
     }
-    EXPECT_TRUE((claim && renews) || TextOf(form, "cboWorkflow") == "<kein Workflow>");
-    EXPECT_TRUE(limited || TextOf(form, "txtDauer") + TextOf(form, "txtDauer2") == "00");
-    EXPECT_FALSE(At(form, "cboKuenfristBezug").Enabled());
+    EXPECT_TRUE((claim && renews) || user.Text("cboWorkflow") == "<kein Workflow>");
+    EXPECT_TRUE(limited || user.Text("txtDauer") + user.Text("txtDauer2") == "00");
+    EXPECT_FALSE(user["cboKuenfristBezug"].Enabled());
     for (const std::string name : {"Requi", "Put"}) {
-      EXPECT_NE(At(form, "cbo" + name + "Value").Visible(),
-                At(form, "DTP" + name + "Value").Visible());
-      EXPECT_NE(TextOf(form, "cbo" + name + "Group"), "");
+      EXPECT_NE(user["cbo" + name + "Value"].Visible(), user["DTP" + name + "Value"].Visible());
+      EXPECT_NE(user.Text("cbo" + name + "Group"), "");
     }
     std::set<std::string> articles;
-    const auto& list = *form.Find<ui::ListView>("lvwPositionen");
+    const auto& list = user.Get<ui::ListView>("lvwPositionen");
     for (std::int32_t row = 1; row <= list.RowCount(); ++row) {
       EXPECT_TRUE(articles.insert(list.Text(row, 11)).second);
     }
   }
 
   // What the dialog holds, as far as it is saved and shown again.
-  Shown ShownIn(const ui::Form& form) {
+  Shown ShownIn(ui::Form& form) {
+    const DialogUser user(form);
     Shown shown;
     for (const char* name : {"txtBezeichnung", "txtDauer", "cboZahlungsperiode", "cboKuendFrist",
                              "cboKuendEinh", "txtDauer2", "cboZahlungsperiode2", "cboKuendFrist2",
                              "cboKuendEinh2", "cboRechnungWann", "cboWorkflow"}) {
-      shown[name] = TextOf(form, name);
+      shown[name] = user.Text(name);
     }
-    shown["Typ"] = On(form, "optDebitor") ? "D" : "K";
-    shown["NoBooking"] = form.Find<ui::CheckBox>("chkNoBooking")->Checked() ? "1" : "0";
-    shown["Art"] = ArtIn(form);
+    shown["Typ"] = On(user, "optDebitor") ? "D" : "K";
+    shown["NoBooking"] = user.Checked("chkNoBooking") ? "1" : "0";
+    shown["Art"] = ArtIn(user);
     for (const std::string name : {"Requi", "Put"}) {
-      shown[name + "Group"] = TextOf(form, "cbo" + name + "Group");
-      shown[name + "Attribute"] = TextOf(form, "cbo" + name + "Attribute");
+      shown[name + "Group"] = user.Text("cbo" + name + "Group");
+      shown[name + "Attribute"] = user.Text("cbo" + name + "Attribute");
       // The picker starts with today. A group without attributes leaves the picker
       // or the value box of the attribute before standing.
       const bool kept =
-          !shown[name + "Attribute"].empty() && !At(form, "DTP" + name + "Value").Visible();
-      shown[name + "Value"] = kept ? TextOf(form, "cbo" + name + "Value") : "";
+          !shown[name + "Attribute"].empty() && !user["DTP" + name + "Value"].Visible();
+      shown[name + "Value"] = kept ? user.Text("cbo" + name + "Value") : "";
     }
-    const auto& list = *form.Find<ui::ListView>("lvwPositionen");
+    const auto& list = user.Get<ui::ListView>("lvwPositionen");
     for (std::int32_t row = 1; row <= list.RowCount() && shown["Typ"] == "D"; ++row) {
       for (std::int32_t column = 1; column <= 22; ++column) {
         shown["Position " + list.Text(row, 11) + " " + std::to_string(column)] =
@@ -196,17 +188,18 @@ class WalkTest : public DefinitionTest {
     return shown;
   }
   // The stored net sum and the name of the kind are those of the dialog.
-  void ExpectStored(const ui::Form& form) {
+  void ExpectStored(ui::Form& form) {
+    const DialogUser user(form);
     const Row type = Types().back();
     double net_sum = 0.0;
-    const auto& list = *form.Find<ui::ListView>("lvwPositionen");
-    for (std::int32_t row = 1; row <= list.RowCount() && On(form, "optDebitor"); ++row) {
+    const auto& list = user.Get<ui::ListView>("lvwPositionen");
+    for (std::int32_t row = 1; row <= list.RowCount() && On(user, "optDebitor"); ++row) {
       net_sum += platform::ParseNumber(list.Text(row, 4), platform::Locale{}).value();
     }
     EXPECT_NEAR(host::ToDouble(type[field::NettoSumme]), net_sum, 0.001);
-    EXPECT_EQ(host::ToText(type[field::ArtStr]), ArtIn(form));
-    if (ArtIn(form) == "einmalig") {
-      EXPECT_EQ(TextOf(form, "cboKuendFrist") + TextOf(form, "cboKuendFrist2"), "00");
+    EXPECT_EQ(host::ToText(type[field::ArtStr]), ArtIn(user));
+    if (ArtIn(user) == "einmalig") {
+      EXPECT_EQ(user.Text("cboKuendFrist") + user.Text("cboKuendFrist2"), "00");
     }
   }
   // "10,50" and "10,5" are one number.
@@ -248,7 +241,7 @@ TEST_F(WalkTest, StoredTypes) {
       ASSERT_TRUE(again.InitEdit());
       ExpectSound(again);
       EXPECT_EQ(ShownIn(again), ShownIn(dialog));
-      EXPECT_EQ(TextOf(again, "cboStatus"), TextOf(dialog, "cboStatus"));
+      EXPECT_EQ(DialogUser(again).Text("cboStatus"), DialogUser(dialog).Text("cboStatus"));
       ExpectStored(again);
     }
     EXPECT_THAT(walk.walker.errors, testing::IsEmpty());
@@ -269,9 +262,9 @@ TEST_F(WalkTest, TypesChangedForOneContract) {
     }
   }
   const auto cells = [this] {
-    std::vector<std::map<std::string, host::Value, std::less<>>> all;
-    for (const Row& row : Types()) all.push_back(row.cells);
-    for (const Row& row : Positions()) all.push_back(row.cells);
+    std::vector<std::string> all;
+    for (const Row& row : Types()) all.push_back(All(row));
+    for (const Row& row : Positions()) all.push_back(All(row));
     return all;
   };
   const auto stored = cells();

@@ -1,6 +1,4 @@
 // Checking and storing a type, and handing it over to memory and back.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "definition_world.h"
 
@@ -68,25 +66,14 @@ TEST_F(SavingTest, ANewTypeIsStoredWithItsPositions) {
     EXPECT_FALSE(user.IsOpen());
   });
   const Row type = world.TheOnly(table::vv_Vertragsdefinitionen);
-  ExpectFields(type, {{field::Status, "freigegeben"},
-                      {field::NoBooking, true},
-                      {field::Typ, "D"},
-                      {field::Bezeichnung, "Wartung"},
-                      {field::Art, 1},
-                      {field::ArtStr, "verlängerbar"},
-                      {field::Dauer, 24},
-                      {field::Verlaengerungsdauer, 36},
-                      {field::Kuendigungsfrist, 3},
-                      {field::KuendigungsfristEinh, "Wochen"},
-                      {field::VerlKuendigungsfrist, 4},
-                      {field::VerlKuendigungsfristEinh, "Monate"},
-                      {field::Zahlungsperiode, 12},
-                      {field::VerlaengerungsZahlungsperiode, 6},
-                      {field::RechnungWann, 1},
-                      {field::WorkflowID, "W3"},
-                      {field::SetztMerkmal, ""},
-                      {field::KuendigungsfristBezug, {}},
-                      {field::NettoSumme, 65.0}});
+  EXPECT_EQ(Written(type),
+            "Art=1, ArtStr=verlängerbar, Bezeichnung=Wartung, Dauer=24, ErfordertMerkmal=, "
+            "ErfordertMerkmalGruppe=, ErfordertWert=, Kuendigungsfrist=3, "
+            "KuendigungsfristEinh=Wochen, NettoSumme=65, NoBooking=True, RechnungWann=1, "
+            "SetztMerkmal=, SetztMerkmalGruppe=, SetztWert=, Status=freigegeben, Typ=D, "
+            "VerlKuendigungsfrist=4, VerlKuendigungsfristEinh=Monate, "
+            "VerlaengerungsZahlungsperiode=6, Verlaengerungsdauer=36, WorkflowID=W3, "
+            "Zahlungsperiode=12");
   ASSERT_EQ(Positions().size(), 2u);
   for (const Row& position : Positions()) EXPECT_EQ(position.parent, type.oid);
 }
@@ -96,19 +83,12 @@ TEST_F(SavingTest, ACreditorTypeHasOnePlaceholder) {
     AddArticle(user, 1);
     user.Enter({{"txtBezeichnung", "Miete"}, {"optKreditor", ""}, {"cmdSave", ""}});
   });
-  ExpectFields(world.TheOnly(table::vv_Definitionspositionen),
-               {{field::Artikel, "Tragen Sie hier die Bezeichnung ein!"},
-                {field::Artikelnummer, "00000000"},
-                {field::Artikelart, "Verbindlichkeit"},
-                {field::Einheit, "Stück"},
-                {field::ArtikelID, "00000000"},
-                {field::Row, "001"},
-                {field::Positionsnummer, ""},
-                {field::Anzahl, 1.0},
-                {field::PreisM60, 0.0},
-                {field::Gruppierungsposition, 0},
-                {field::UStSatz, {}},
-                {field::Erloeskonto, {}}});
+  EXPECT_EQ(Written(world.TheOnly(table::vv_Definitionspositionen)),
+            "Anzahl=1, Artikel=Tragen Sie hier die Bezeichnung ein!, ArtikelID=00000000, "
+            "Artikelart=Verbindlichkeit, Artikelnummer=00000000, Beschreibung=, Einheit=Stück, "
+            "Gruppierung=, Gruppierungsposition=0, NettoOhneRabatt=0, Nettopreis=0, "
+            "Positionsnummer=, Preis=0, PreisM1=0, PreisM12=0, PreisM24=0, PreisM3=0, PreisM36=0, "
+            "PreisM48=0, PreisM6=0, PreisM60=0, Row=001");
   EXPECT_EQ(Types().front()[field::NettoSumme], host::Value(0.0));
 
   OpenEdit([&](DialogUser& user) { user.Click("cmdSave"); });
@@ -122,12 +102,9 @@ TEST_F(SavingTest, ACreditorTypeHasOnePlaceholder) {
 using MemoryTest = SavingTest;
 
 TEST_F(MemoryTest, AChangeForOneContractTouchesNoTable) {
-  const store::Oid type = AddType({{field::Dauer, 18},
-                                   {field::Zahlungsperiode, 6},
-                                   {field::WorkflowID, "W1"},
-                                   {field::ErfordertMerkmalGruppe, "Kunde"},
-                                   {field::ErfordertMerkmal, "Branche"},
-                                   {field::ErfordertWert, "Handel"}});
+  const store::Oid type =
+      AddType(Fields("Dauer=18, Zahlungsperiode=6, WorkflowID=W1, ErfordertMerkmalGruppe=Kunde, "
+                     "ErfordertMerkmal=Branche, ErfordertWert=Handel"));
   AddPosition(type, "P1", "Netz", 10.125, 3);
   const auto types = Types().front().cells;
   const auto positions = Positions().front().cells;

@@ -1,6 +1,4 @@
 // Opening the dialog, and its rules of kind, term, period and notice.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "definition_world.h"
 
@@ -55,11 +53,7 @@ TEST_F(OpeningTest, ANewTypeStandsAtItsStartValues) {
 }
 
 TEST_F(OpeningTest, AStoredTypeMayHoldWhatTheListsDoNot) {
-  AddType({{field::Art, 2},
-           {field::Zahlungsperiode, 18},
-           {field::Status, "veraltet"},
-           {field::RechnungWann, 1},
-           {field::NoBooking, true}});
+  AddType(Fields("Art=2, Zahlungsperiode=18, Status=veraltet, RechnungWann=1, NoBooking=True"));
   OpenEdit([&](DialogUser& user) {
     EXPECT_EQ(user.Caption(), "Vertragstyp [Ändern]");
     EXPECT_EQ(user.Items("cboStatus").size(), 3u);
@@ -92,9 +86,7 @@ TEST(Opening, WithoutTheWorkflowTableLoadingIsReported) {
   support::ContractWorld world(false);
   world.Enter();
   world.screen.ExpectMessage(support::ReporterMessage(
-      "vv_FEditDefinitions.Form_Load",
-      "Fehler &H80041001 in Tessarin\r\n" +
-          embedded::CreateErrorTexts()->Text(embedded::Number(embedded::HostError::UnknownTable))));
+      "vv_FEditDefinitions.Form_Load", Number(embedded::HostError::UnknownTable), "Tessarin"));
   const frmFEditDefinitions dialog(world.module);
   EXPECT_THAT(world.screen.Problems(), testing::IsEmpty());
 }
