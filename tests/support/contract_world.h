@@ -236,10 +236,6 @@ class ContractWorld {
   }
 };
 
-inline ui::Message ReporterMessage(std::string_view procedure, const std::string& text) {
-  return {text, ui::style::kExclamation, "Fehler in " + std::string(procedure)};
-}
-
 // What the reporter shows of an error, with the host's text for its number.
 inline ui::Message ReporterMessage(std::string_view procedure, std::int32_t number,
                                    const std::string& source) {
