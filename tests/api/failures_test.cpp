@@ -91,7 +91,7 @@ TEST(Failures, OfEachOperationInTurnLeaveWhatWasStoredAndReachTheCaller) {
     world.contract->VertragGeschlossenAm = platform::kNoDate;
     world.Article();
     world.Article("sArtikelID=A2, dblAnzahl=1, lPreisDauer=1");
-    world.Goto(table::Artikel, world.hotline);
+    world.Goto(table::Artikel, world.server);
     world.host.EndUnit();
     const auto error = sweep.Run(world.host, [&] { world.Call(); });
     const Tables rows = AllRows(world);
@@ -107,7 +107,7 @@ TEST(Failures, OfEachOperationInTurnLeaveWhatWasStoredAndReachTheCaller) {
     const bool restoring = failed == "FindOid Artikel" || failed == "Indexes.SetCurrent Artikel" ||
                            failed.starts_with("SetCursorFlag");
     if (!restoring) {
-      EXPECT_EQ(world.host.Table(table::Artikel)->Oid(), std::to_string(world.hotline));
+      EXPECT_EQ(world.host.Table(table::Artikel)->Oid(), std::to_string(world.server));
     }
   }
   const std::string failed = " raises 80049999";
