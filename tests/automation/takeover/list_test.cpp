@@ -2,21 +2,26 @@
 // store do to its lines.
 #include "automation/takeover/list.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "automation/company.h"
 #include "automation/formats/csv.h"
 #include "automation/takeover/run.h"
 #include "automation/workspace/ForwardingStore.h"
 #include "platform/Clock.h"
-#include "platform/Error.h"
-#include "support/contract_world.h"
+#include "support/error_of.h"
 
 namespace pactora::takeover {
 namespace {
+
+using support::ErrorOf;
+using testing::StartsWith;
 
 Line OneLine(const std::string& column, const std::string& cell) {
   const List list = ReadList(
@@ -24,36 +29,29 @@ Line OneLine(const std::string& column, const std::string& cell) {
   return list.lines.at(0);
 }
 
-TEST(TakeoverList, NumbersAreTakenInTheGermanFormAloneAndNeverGuessed) {
+TEST(TakeoverList, ValuesAreTakenInTheirFormsAloneAndNeverGuessed) {
   const std::pair<const char*, double> numbers[] = {{"12", 12},
                                                     {"12,5", 12.5},
                                                     {"1.234,56", 1234.56},
                                                     {"1234,56", 1234.56},
                                                     {"12.345.678,9", 12345678.9}};
-  for (const auto& [cell, number] : numbers) {
-    EXPECT_EQ(OneLine("Rabatt", cell).refusal, "") << cell;
-    EXPECT_EQ(OneLine("Rabatt", cell).discount, number) << cell;
-  }
-  for (const char* cell :
-       {"1.5", "1,234.56", "1.234", "1.23,4", "1234.567,8", "12,", ",5", "zwölf", "1 000"})
-    EXPECT_TRUE(OneLine("Rabatt", cell).refusal.starts_with("Spalte Rabatt: „")) << cell;
-}
-
-TEST(TakeoverList, DatesAndBooleansHaveTheirForms) {
-  for (const char* date : {"15.03.2024", "2024-03-15"}) {
+  for (const auto& [cell, number] : numbers) EXPECT_EQ(OneLine("Rabatt", cell).discount, number);
+  for (const char* date : {"15.03.2024", "2024-03-15"})
     EXPECT_EQ(OneLine("GeschlossenAm", date).closed_on, platform::FromCivil(2024, 3, 15)) << date;
-  }
-  for (const char* date : {"31.02.2024", "15/03/2024", "15.3.24", "heute", "30.12.1899"}) {
-    EXPECT_TRUE(OneLine("GeschlossenAm", date).refusal.starts_with("Spalte GeschlossenAm: "))
-        << date;
-  }
-  for (const char* yes : {"ja", "WAHR", "1"})
-    EXPECT_EQ(OneLine("Fremdfakturierung", yes).no_booking, true);
-  for (const char* no : {"nein", "Falsch", "0"}) {
-    EXPECT_EQ(OneLine("Fremdfakturierung", no).no_booking, false);
-  }
-  EXPECT_NE(OneLine("Fremdfakturierung", "x").refusal, "");
-  EXPECT_EQ(OneLine("Fremdfakturierung", "").no_booking, std::nullopt);
+  const std::pair<const char*, std::optional<bool>> booleans[] = {
+      {"ja", true},      {"WAHR", true}, {"1", true},       {"nein", false},
+      {"Falsch", false}, {"0", false},   {"", std::nullopt}};
+  for (const auto& [cell, value] : booleans)
+    EXPECT_EQ(OneLine("Fremdfakturierung", cell).no_booking, value) << cell;
+
+  const std::pair<std::string, std::vector<const char*>> refused[] = {
+      {"Rabatt",
+       {"1.5", "1,234.56", "1.234", "1.23,4", "1234.567,8", "12,", ",5", "zwölf", "1 000"}},
+      {"GeschlossenAm", {"31.02.2024", "15/03/2024", "15.3.24", "heute", "30.12.1899"}},
+      {"Fremdfakturierung", {"x"}}};
+  for (const auto& [column, cells] : refused)
+    for (const char* cell : cells)
+      EXPECT_THAT(OneLine(column, cell).refusal, StartsWith("Spalte " + column + ": \"")) << cell;
 }
 
 TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
@@ -93,38 +91,31 @@ TEST(TakeoverList, AListThatIsNoneIsNamedWithItsPlace) {
        "liste.csv, Zeile 2: kein UTF-8; speichern Sie die Datei als „CSV UTF-8“"},
   };
   for (const auto& [text, fault] : cases) {
-    try {
-      ReadList(text, "liste.csv");
-      ADD_FAILURE() << fault;
-    } catch (const platform::Error& error) {
-      EXPECT_TRUE(error.Description().starts_with(fault)) << error.Description();
-    }
+    const auto error = ErrorOf([&text = text] { ReadList(text, "liste.csv"); });
+    ASSERT_TRUE(error) << fault;
+    EXPECT_THAT(error->Description(), StartsWith(fault));
   }
 }
 
-TEST(TakeoverList, TextBehindAClosingQuoteRefusesItsLineAlone) {
+TEST(TakeoverList, ALineThatIsUnclearIsRefusedAlone) {
   const List list = ReadList(
-      "Adresse;Vertragstyp;Vertragsbeginn;Bearbeitungshinweis\n\"Müller\" GmbH;T;01.01.2024\n"
-      "\"Müller\" \t;T;01.01.2024;\"x\"\r\na;T;01.01.2024;\"ä\nö\";\"ü\"!;\"\"?\n",
+      "Adresse;Vertragstyp;Vertragsbeginn;Bearbeitungshinweis;;\n\"Müller\" GmbH;T;01.01.2024\n"
+      "\"Müller\" \t;T;01.01.2024;\"x\"\r\na;T;01.01.2024;\"ä\nö\";\"ü\"!;\"\"?\n"
+      "a\nb;T;01.01.2024;;x\nc;T;01.01.2024;;;;\n",
       "liste.csv");
-  ASSERT_EQ(list.lines.size(), 3u);
-  EXPECT_EQ(list.lines[0].refusal,
-            "Zeile 2, Spalte 10: hinter dem schließenden Anführungszeichen steht noch Text");
+  const char* const refusals[] = {
+      "Zeile 2, Spalte 10: hinter dem schließenden Anführungszeichen steht noch Text",
+      "",
+      "Zeile 5, Spalte 7: hinter dem schließenden Anführungszeichen steht noch Text",
+      "Spalte Vertragstyp: der Wert fehlt",
+      "mehr Werte als Spalten",
+      ""};
+  ASSERT_EQ(list.lines.size(), std::size(refusals));
+  for (std::size_t i = 0; i < std::size(refusals); ++i)
+    EXPECT_EQ(list.lines[i].refusal, refusals[i]) << list.lines[i].text;
   EXPECT_EQ(list.lines[0].text, "\"Müller\" GmbH;T;01.01.2024");
   EXPECT_NE(list.lines[0].key, list.lines[1].key);
-  EXPECT_EQ(list.lines[1].refusal, "");
   EXPECT_EQ(list.lines[1].address, "Müller");
-  EXPECT_TRUE(list.lines[2].refusal.starts_with("Zeile 5, Spalte 7: ")) << list.lines[2].refusal;
-}
-
-TEST(TakeoverList, ALineWithTooFewOrTooManyValuesIsRefusedAlone) {
-  const List list =
-      ReadList("Adresse;Vertragstyp;Vertragsbeginn;;\na\nb;T;01.01.2024;x\nc;T;01.01.2024;;;\n",
-               "liste.csv");
-  ASSERT_EQ(list.lines.size(), 3u);
-  EXPECT_EQ(list.lines[0].refusal, "Spalte Vertragstyp: der Wert fehlt");
-  EXPECT_EQ(list.lines[1].refusal, "mehr Werte als Spalten");
-  EXPECT_EQ(list.lines[2].refusal, "") << "empty cells at the end say nothing";
 }
 
 struct FailingStore final : workspace::ForwardingStore {
@@ -150,7 +141,7 @@ TEST(TakeoverRun, AnErrorThatTheDialogShowsFailsItsLineOrStopsTheRun) {
   const Run::Count count = run(store::StoreError::Failed);
   EXPECT_EQ(count.failed, 2u);
   EXPECT_EQ(count.refused, 1u);
-  const auto stopped = support::ErrorOf([&] { run(store::StoreError::Locked); });
+  const auto stopped = ErrorOf([&] { run(store::StoreError::Locked); });
   ASSERT_TRUE(stopped);
   EXPECT_EQ(stopped->Number(), Number(store::StoreError::Locked));
 }
