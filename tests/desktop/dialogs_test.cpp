@@ -17,19 +17,16 @@ class DialogsByEvents : public testing::Test {
   // What is done in the next dialog. A dialog comes up within the acts of the one before it.
   template <typename AtWindow, typename Rehearsed>
   void In(const char* dialog, AtWindow at_window, Rehearsed rehearsed) {
-    InWindow(dialog, at_window);
+    steps.Add(dialog, AsUser(at_window));
     rehearsed_.emplace_back(dialog, rehearsed);
   }
   template <typename Acts>
   void In(const char* dialog, Acts acts) {
     In(dialog, acts, acts);
   }
-  void InWindow(const char* dialog, const std::function<void(WindowUser& user)>& acts) {
-    steps.Add(dialog, AsUser(acts));
-  }
   void Call(void (Office::*call)()) {
     RunSteps(steps, [&] { (office.*call)(); });
-    if (!ExpectNext()) return;
+    ExpectNext();
     (rehearsal.*call)();
     EXPECT_EQ(office.saved, rehearsal.saved);
     EXPECT_EQ(office.status_rows, rehearsal.status_rows);
@@ -44,8 +41,8 @@ class DialogsByEvents : public testing::Test {
   WindowSteps steps;
 
  private:
-  bool ExpectNext() {
-    if (rehearsed_.empty()) return false;
+  void ExpectNext() {
+    if (rehearsed_.empty()) return;
     const auto next = rehearsed_.front();
     rehearsed_.pop_front();
     const auto acts = [this, next](DialogUser& user) {
@@ -53,20 +50,21 @@ class DialogsByEvents : public testing::Test {
       next.second(user);
     };
     rehearsal.world.screen.ExpectDialog(next.first, support::AsUser(acts));
-    return true;
   }
 
   std::deque<std::pair<std::string, std::function<void(DialogUser& user)>>> rehearsed_;
 };
 
-TEST_F(DialogsByEvents, ACompleteContract) {
+TEST_F(DialogsByEvents, AContractThatIsTakenOver) {
   const auto fill = [](auto& user) {
     user.Choose("lvwBezeichnung", "Ohne Ende");
     user.Choose("lvwBezeichnung", "Wartung");
     user.Click("ChkAutoNumber");
     user.Retype("txtVertragnummer", "2024-007");
-    user.Pick("DTPVertragBeginn", Day(1, 4, 2024));
+    user.Pick("DTPVertragBeginn", Day(1, 1, 2023));
     user.Retype("cboVerantwortlich", "Clara");
+    user.Click("chkOldContract");
+    user.ChooseRow("lstInvoices", 4);
   };
   const auto at_window = [fill](WindowUser& user) {
     fill(user);
@@ -77,11 +75,10 @@ TEST_F(DialogsByEvents, ACompleteContract) {
     user.Keys("5x");
     user.Click("chkRabattNurErsteLaufzeit");
     EXPECT_EQ(user.Text("txtRabatt"), "12,50");
-    EXPECT_EQ(user.Get("txtRabatt").accessibleDescription(), "rot hervorgehoben");
     user.GoTo("txtMemo");
     user.Keys("Zeile 1");
     user.Key(Qt::Key_Return);
-    user.Keys("Zeile 2");
+    user.Keys("Zeile 2ü");
     user.Key(Qt::Key_Tab);
     user.Key(Qt::Key_Return);
   };
@@ -89,22 +86,11 @@ TEST_F(DialogsByEvents, ACompleteContract) {
     fill(user);
     user.Retype("txtRabatt", "12.5");
     user.Click("chkRabattNurErsteLaufzeit");
-    user.Type("txtMemo", "Zeile 1\nZeile 2");
+    user.Type("txtMemo", "Zeile 1\nZeile 2ü");
     user.Click("cmdOK");
   });
   Call(&Office::NewContract);
   EXPECT_EQ(office.world.Count(table::vv_Vertraege), 1u);
-}
-
-TEST_F(DialogsByEvents, ATakeoverOfARunningContract) {
-  In("frmNewContract", [](auto& user) {
-    user.Choose("lvwBezeichnung", "Wartung");
-    user.Pick("DTPVertragBeginn", Day(1, 1, 2023));
-    user.Click("chkOldContract");
-    user.ChooseRow("lstInvoices", 4);
-    user.Click("cmdOK");
-  });
-  Call(&Office::NewContract);
   EXPECT_EQ(office.status_rows, 2);
 }
 
@@ -137,32 +123,18 @@ TEST_F(DialogsByEvents, AContractType) {
   EXPECT_EQ(office.world.Count(table::vv_Definitionspositionen), 4u);
 }
 
-TEST_F(DialogsByEvents, AMessageOverADialogIsAnsweredAndTheWorkGoesOn) {
-  InWindow("frmFEditDefinitions", [](WindowUser& user) {
-    user.Keys("Leer");
-    user.Key(Qt::Key_Return);
-    EXPECT_TRUE(user.Window().isVisible());
-    user.Key(Qt::Key_Escape);
-  });
-  InWindow("message", [](WindowUser& user) {
-    EXPECT_EQ(user.Window().windowTitle(), "Vertrag ohne Rechnungslegung?");
-    user.Key(Qt::Key_Escape);
-  });
-  Call(&Office::NewType);
-}
-
 TEST_F(DialogsByEvents, TheAccessKeyOfALabelGoesToItsBox) {
-  InWindow("frmNewContract", [](WindowUser& user) {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&user.Window()));
-    for (const auto& [label, box] : {std::pair{"lblRabatt", "txtRabatt"},
-                                     {"lblVertragBeginn", "DTPVertragBeginn"},
-                                     {"lblVerantwortlich", "cboVerantwortlich"},
-                                     {"lblMemo", "txtMemo"}}) {
-      user.AccessKey(user.Get<QLabel>(label).text());
-      EXPECT_EQ(user.Focus(), box);
-    }
-    user.Key(Qt::Key_Escape);
-  });
+  steps.Add("frmNewContract", AsUser([](WindowUser& user) {
+              EXPECT_TRUE(QTest::qWaitForWindowActive(&user.Window()));
+              for (const auto& [label, box] : {std::pair{"lblRabatt", "txtRabatt"},
+                                               {"lblVertragBeginn", "DTPVertragBeginn"},
+                                               {"lblVerantwortlich", "cboVerantwortlich"},
+                                               {"lblMemo", "txtMemo"}}) {
+                user.AccessKey(user.Get<QLabel>(label).text());
+                EXPECT_EQ(user.Focus(), box);
+              }
+              user.Key(Qt::Key_Escape);
+            }));
   RunSteps(steps, [&] { office.NewContract(); });
 }
 
