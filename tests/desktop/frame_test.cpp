@@ -11,14 +11,11 @@
 namespace pactora::desktop {
 namespace {
 
-QImage Drawn(FrameWidget& frame) { return frame.grab(QRect(0, 0, 200, 80)).toImage(); }
-
 // Whether anything but the background stands in the rectangle.
 bool HasInk(const FrameWidget& frame, const QImage& image, const QRect& rectangle) {
-  QImage part = image.copy(rectangle);
-  const QImage drawn = part;
-  part.fill(frame.palette().color(QPalette::Window));
-  return drawn != part;
+  QImage background = image.copy(rectangle);
+  background.fill(frame.palette().color(QPalette::Window));
+  return image.copy(rectangle) != background;
 }
 
 TEST(DrawnFrame, HasItsCaptionInTheLineWithAGapAndLooksDisabled) {
@@ -29,17 +26,18 @@ TEST(DrawnFrame, HasItsCaptionInTheLineWithAGapAndLooksDisabled) {
     QWidget child(&frame);
     frame.setStyle(style.get());
     frame.resize(200, 80);
+    const auto drawn = [&] { return frame.grab(QRect(0, 0, 200, 80)).toImage(); };
     frame.SetCaption("");
     const bool themed = frame.Frame().Themed();
     EXPECT_EQ(themed, std::string(name) == "Fusion");
     const int line = frame.fontMetrics().height() / 2;  // its row of pixels
-    const QImage plain = Drawn(frame);
+    const QImage plain = drawn();
     EXPECT_FALSE(HasInk(frame, plain, QRect(20, 0, 100, line - 1)));
     EXPECT_TRUE(HasInk(frame, plain, QRect(20, line - 1, 100, 4)));
 
     frame.SetCaption("Erstvertrag");
     EXPECT_GE(frame.contentsMargins().top(), frame.fontMetrics().height());
-    const QImage image = Drawn(frame);
+    const QImage image = drawn();
     const int left = themed ? 9 : 4;
     const int margin = themed ? 2 : 1;
     const int right = left + frame.fontMetrics().horizontalAdvance("Erstvertrag");
@@ -50,10 +48,10 @@ TEST(DrawnFrame, HasItsCaptionInTheLineWithAGapAndLooksDisabled) {
 
     frame.SetFrameEnabled(false);
     EXPECT_FALSE(child.isEnabled());
-    EXPECT_NE(Drawn(frame), image);
+    EXPECT_NE(drawn(), image);
     frame.SetFrameEnabled(true);
     EXPECT_TRUE(child.isEnabled());
-    EXPECT_EQ(Drawn(frame), image);
+    EXPECT_EQ(drawn(), image);
   }
 }
 

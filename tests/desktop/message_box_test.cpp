@@ -12,8 +12,8 @@ namespace {
 struct BoxCase {
   std::int32_t style;
   QMessageBox::Icon icon;
-  std::vector<std::string> buttons;
-  std::string chosen;  // by the return key
+  std::vector<const char*> buttons;
+  const char* chosen;  // by the return key
 };
 
 TEST(MessageBoxes, ShowWhatTheMessageSaysAndGiveTheAnswer) {
@@ -31,33 +31,28 @@ TEST(MessageBoxes, ShowWhatTheMessageSaysAndGiveTheAnswer) {
   QtScreen screen{[&] { ++units; }};
   for (const BoxCase& c : cases) {
     SCOPED_TRACE(c.style);
-    const auto show = [&](const std::function<void(QMessageBox & box)>& act) {
-      ui::Answer answer = ui::Answer::Ok;
+    const auto expect = [&](const char* answer, const std::function<void(QMessageBox & box)>& act) {
       WindowSteps steps;
       steps.Add("message", [&](QWidget& window) { act(dynamic_cast<QMessageBox&>(window)); });
       RunSteps(steps, [&] {
-        answer = screen.ShowMessage({"Eins\r\n& zwei", c.style, "Bitte ändern"});
+        EXPECT_EQ(screen.ShowMessage({"Eins\r\n& zwei", c.style, "Bitte ändern"}),
+                  answers.at(answer));
       });
-      return answer;
     };
-    const auto return_key = [&](QMessageBox& box) {
+    expect(c.chosen, [&](QMessageBox& box) {
       EXPECT_EQ(box.text(), "Eins\n& zwei");
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
       EXPECT_EQ(box.windowTitle(), "Bitte ändern");
       EXPECT_EQ(box.icon(), c.icon);
       EXPECT_EQ(box.buttons().size(), static_cast<qsizetype>(c.buttons.size()));
       QTest::keyClick(&box, Qt::Key_Return);
-    };
-    EXPECT_EQ(show(return_key), answers.at(c.chosen));
-    EXPECT_EQ(show([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }),
-              answers.at(c.buttons.back()));
-    for (const std::string& text : c.buttons) {
-      const auto press = [&](QMessageBox& box) {
-        for (QAbstractButton* button : box.buttons()) {
-          if (button->text().remove('&') == text.c_str()) QTest::mouseClick(button, Qt::LeftButton);
-        }
-      };
-      EXPECT_EQ(show(press), answers.at(text));
+    });
+    expect(c.buttons.back(), [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    for (const char* text : c.buttons) {
+      expect(text, [text](QMessageBox& box) {
+        for (QAbstractButton* button : box.buttons())
+          if (button->text().remove('&') == text) QTest::mouseClick(button, Qt::LeftButton);
+      });
     }
   }
   EXPECT_EQ(units, 3 * 3 + 3 * 4);
