@@ -1,7 +1,6 @@
 // What the lists of both doors show.
 #include <gmock/gmock.h>
 
-#include <memory>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -13,23 +12,8 @@ namespace pactora::lists {
 namespace {
 
 using platform::FromCivil;
+using support::TwoAddresses;
 using testing::ElementsAre;
-
-std::unique_ptr<store::RecordStore> TwoAddresses() {
-  return support::StoreWith(R"({"tables": {
-    "Adressen": [
-      {"@oid": "1", "Name": "Muster", "vv_Vertraege": [
-        {"@oid": "8", "Vertragnummer": "2", "VertragEnde": "2024-05-01", "Typ": "K",
-         "vv_VertragsAktivitaeten": [{"@oid": "20", "Betreff": "ohne"},
-           {"@oid": "21", "Betreff": "spät", "Datum": "2024-05-01T09:00:00"}]},
-        {"@oid": "7", "Vertragnummer": "1", "Art": 1, "KuendfristDatum": "2024-05-01", "VertragEnde": "2024-06-30"},
-        {"@oid": "9", "Vertragnummer": "3", "VertragEnde": 0},
-        {"@oid": "10", "Vertragnummer": "4", "VertragEnde": "2024-04-30"}]},
-      {"@oid": "2", "Name": "Probe", "vv_Vertraege": [{"@oid": "11", "Vertragnummer": "5",
-         "vv_VertragsAktivitaeten": [
-           {"@oid": "22", "Betreff": "früh", "Datum": "2024-05-01T08:00:00", "Erledigt": true}]}]}],
-    "vv_Vertragsdefinitionen": [{"ID": "A", "Typ": "D", "Zahlungsperiode": 3}]}})");
-}
 
 // A line for each row, its cells as text.
 std::vector<std::string> Lines(const List& list, platform::Date today, Codes codes,
