@@ -16,8 +16,8 @@
 #include "automation/formats/csv.h"
 #include "automation/formats/errors.h"
 #include "automation/formats/json.h"
-#include "platform/Error.h"
 #include "support/TemporaryFolder.h"
+#include "support/error_of.h"
 
 namespace pactora::formats {
 namespace {
@@ -59,15 +59,13 @@ TEST(Json, WhatIsNoneIsRefusedNamingThePlace) {
       {std::string(100000, '['), "zu tief geschachtelt"},
   };
   for (const auto& [text, message] : cases) {
-    SCOPED_TRACE(text.substr(0, 40));
-    std::istringstream in(text);
-    try {
+    const auto error = support::ErrorOf([&text = text] {
+      std::istringstream in(text);
       ParseJson(in, "x");
-      ADD_FAILURE() << "taken";
-    } catch (const platform::Error& error) {
-      EXPECT_EQ(error.Number(), Number(DoorError::BadInput));
-      EXPECT_THAT(error.Description(), HasSubstr(message));
-    }
+    });
+    ASSERT_TRUE(error) << message;
+    EXPECT_EQ(error->Number(), Number(DoorError::BadInput));
+    EXPECT_THAT(error->Description(), HasSubstr(message));
   }
 }
 
@@ -76,32 +74,23 @@ TEST(Csv, ALineReadsBackWhateverItsCellsHold) {
   EXPECT_EQ(ReadCsv(CsvLine(cells, ';') + "\n", ';').at(0).cells, cells);
 }
 
-TEST(ScratchFile, BecomesItsTargetUnlessSomebodyHasMadeItMeanwhile) {
+TEST(ScratchFile, BecomesItsTargetUnlessThereIsOneAndTakesAwayWhatKilledProgramsLeft) {
   const support::TemporaryFolder folder;
   const std::string target = folder.File("neu.db");
-  const auto contents = [&] {
-    std::ifstream in(target);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-  };
+  const std::string left = target + ".pactora-neu-2147483646";  // no process has that number
+  const std::string at_work = target + ".pactora-neu-" + std::to_string(::getppid());
+  for (const std::string& file : {left, at_work}) std::ofstream(file) << "halb";
   const auto become = [&](const char* text) {
     const ScratchFile scratch(target);
     std::ofstream(scratch.Path()) << text;
     scratch.BecomeTarget();
   };
   become("eins");
-  EXPECT_THROW(become("zwei"), platform::Error);
-  EXPECT_EQ(contents(), "eins");
-}
-
-TEST(ScratchFile, TakesAwayWhatKilledProgramsLeftHalfMade) {
-  const support::TemporaryFolder folder;
-  const std::string target = folder.File("neu.db");
-  const std::string left = target + ".pactora-neu-2147483646";  // no process has that number
-  const std::string at_work = target + ".pactora-neu-" + std::to_string(::getppid());
-  for (const std::string& file : {left, at_work}) std::ofstream(file) << "halb";
-  const ScratchFile scratch(target);
   EXPECT_FALSE(std::filesystem::exists(left));
   EXPECT_TRUE(std::filesystem::exists(at_work));
+  EXPECT_THROW(become("zwei"), platform::Error);
+  std::ifstream in(target);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "eins");
 }
 
 }  // namespace

@@ -175,16 +175,16 @@ TEST(ScriptRun, AFaultComesAtTheNthCallOnThatTableOnce) {
 }
 
 TEST(ExitStatus, IsTheSameForAnOutageWhicheverWayItIsTold) {
-  const std::pair<store::StoreError, workspace::Status> cases[] = {
-      {store::StoreError::Locked, workspace::Status::NotReachable},
-      {store::StoreError::NotReachable, workspace::Status::NotReachable},
-      {store::StoreError::OtherVersion, workspace::Status::NotReachable},
-      {store::StoreError::ReadOnly, workspace::Status::NotReachable},
-      {store::StoreError::NotADatabase, workspace::Status::BadInput},
-      {store::StoreError::Full, workspace::Status::Refused}};
-  for (const auto& [error, status] : cases) {
-    EXPECT_EQ(workspace::StatusOf(error), status);
-    EXPECT_EQ(workspace::StatusOf(platform::Error(store::Number(error), "")), status);
+  using enum store::StoreError;
+  const std::pair<std::vector<store::StoreError>, workspace::Status> cases[] = {
+      {{Locked, NotReachable, OtherVersion, ReadOnly}, workspace::Status::NotReachable},
+      {{NotADatabase}, workspace::Status::BadInput},
+      {{Full}, workspace::Status::Refused}};
+  for (const auto& [errors, status] : cases) {
+    for (const store::StoreError error : errors) {
+      EXPECT_EQ(workspace::StatusOf(error), status);
+      EXPECT_EQ(workspace::StatusOf(platform::Error(store::Number(error), "")), status);
+    }
   }
 }
 
