@@ -10,7 +10,6 @@
 #include "automation/dataset/dataset_export.h"
 #include "automation/dataset/dataset_import.h"
 #include "automation/dataset/dataset_profile.h"
-#include "automation/dataset/sample/sample.h"
 #include "automation/dataset/values.h"
 #include "automation/formats/errors.h"
 #include "automation/formats/json.h"
@@ -76,12 +75,6 @@ INSTANTIATE_TEST_SUITE_P(Stores, DatasetOverStores, testing::ValuesIn(support::S
 TEST_P(DatasetOverStores, AnExportHasEverythingWithAnIndentOfTwo) {
   EXPECT_EQ(Export(*Import(GetParam(), kEverything)),
             formats::Json::parse(kEverything).dump(2) + "\n");
-}
-
-TEST_P(DatasetOverStores, TheSampleSurvivesExportAndImport) {
-  const std::string once = Export(*Import(GetParam(), std::string(SampleDataset())));
-  EXPECT_EQ(Export(*Import(GetParam(), once)), once);
-  EXPECT_THAT(once, HasSubstr("Bäckerei Quendelbach"));
 }
 
 TEST_P(DatasetOverStores, AFileMayHaveItsKeysInAnyOrder) {

@@ -149,7 +149,7 @@ TEST_F(ScriptScreenTest, StopsAtWhatAPersonCouldNotDo) {
       {R"({"select": "cboList", "text": "Tage"})", "„cboList“ hat keinen solchen Eintrag"},
       {R"({"click": "cmdOK", "answers": ["ok"]})",
        "die Antwort „ok“ gibt es in der Meldung nicht: Weg?"},
-      {R"({"click": "cmdCancel"}, {"read": "lblDauer"})", "der Dialog ist geschlossen"},
+      {R"({"close": true}, {"read": "lblDauer"})", "der Dialog ist geschlossen"},
       {R"({"click": "cmdOK", "do": [{"read": "lblDauer"}]})", "der Dialog wurde nicht geöffnet"},
   };
   for (const auto& [action, reason] : cases) {
