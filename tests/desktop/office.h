@@ -56,12 +56,8 @@ inline std::vector<std::string> Written(support::ContractWorld& world) {
         table::vv_VertragsAktivitaeten, table::Adressmerkmale, table::KELM_Nummern,
         table::vv_Vertragsdefinitionen, table::vv_Definitionspositionen}) {
     for (const support::Row& row : world.Rows(name)) {
-      std::string line(name);
-      line += " " + std::to_string(row.parent) + "/" + std::to_string(row.oid);
-      for (const auto& [field_name, value] : row.cells) {
-        if (!value.IsEmpty()) line += " " + field_name + "=" + support::Shown(value);
-      }
-      lines.push_back(line);
+      const std::string oids = std::to_string(row.parent) + "/" + std::to_string(row.oid);
+      lines.push_back(std::string(name) + " " + oids + " " + support::All(row));
     }
   }
   return lines;

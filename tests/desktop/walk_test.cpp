@@ -62,15 +62,9 @@ bool IsNameless(const WindowUser& user, const QWidget& widget) {
   return widget.objectName().contains(box) && !labelled && widget.accessibleName().isEmpty();
 }
 
-bool IsReadable(const QPalette& palette) {
-  return std::ranges::all_of(
-      std::vector{std::pair{QPalette::WindowText, QPalette::Window},
-                  {QPalette::Text, QPalette::Base},
-                  {QPalette::ButtonText, QPalette::Button}},
-      [&](const auto& pair) {
-        return std::abs(palette.color(QPalette::Active, pair.first).lightness() -
-                        palette.color(QPalette::Active, pair.second).lightness()) > 90;
-      });
+bool IsReadable(const QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground) {
+  return std::abs(palette.color(QPalette::Active, text).lightness() -
+                  palette.color(QPalette::Active, ground).lightness()) > 90;
 }
 
 // The largest dialog has more captions than the alphabet has letters for them. Only an
@@ -118,11 +112,9 @@ void ExpectTabStops(WindowUser& user) {
     const bool stop =
         qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget) ||
         qobject_cast<const QCheckBox*>(widget) || qobject_cast<const QPushButton*>(widget);
-    const std::string name = widget->objectName().toStdString();
-    if (!stop || !widget->isVisible() || !widget->isEnabled()) continue;
-    EXPECT_TRUE(name.ends_with("_edit") || name.ends_with("_tick") ||
-                std::ranges::count(stops, name) > 0)
-        << name << " is never reached";
+    const bool part_of_date = widget->objectName().contains(QRegularExpression("_(edit|tick)$"));
+    if (!stop || part_of_date || !widget->isVisible() || !widget->isEnabled()) continue;
+    EXPECT_THAT(stops, testing::Contains(widget->objectName().toStdString()));
   }
 }
 
@@ -131,7 +123,10 @@ void ExpectAllWell(WindowUser& user) {
   for (QWidget* widget : Widgets(user)) {
     SCOPED_TRACE(widget->objectName().toStdString());
     EXPECT_FALSE(IsNameless(user, *widget));
-    EXPECT_TRUE(IsReadable(widget->palette()));
+    const QPalette& palette = widget->palette();
+    EXPECT_TRUE(IsReadable(palette, QPalette::WindowText, QPalette::Window));
+    EXPECT_TRUE(IsReadable(palette, QPalette::Text, QPalette::Base));
+    EXPECT_TRUE(IsReadable(palette, QPalette::ButtonText, QPalette::Button));
     if (!widget->isVisible()) continue;
     EXPECT_FALSE(IsCut(*widget)) << widget->width() << " x " << widget->height();
     if (!qobject_cast<QLabel*>(widget) && widget->focusPolicy() == Qt::NoFocus) continue;
