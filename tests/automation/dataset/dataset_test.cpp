@@ -132,10 +132,10 @@ TEST_P(DatasetOverStores, AnImportThatFailsLeavesNothing) {
     const DatasetSurvey survey = SurveyDataset(source);
     const auto store =
         GetParam().create(schema::ContractCatalog(true), workspace::DefaultProfile("FIRMA"));
-    const auto pause = [rows = 0]() mutable {
+    const auto at_row = [rows = 0]() mutable {
       if (++rows == 4) formats::Raise(formats::DoorError::BadInput, "abgebrochen");
     };
-    const auto error = ErrorOf([&] { ImportDataset(*store, source, survey, "NEU", pause); });
+    const auto error = ErrorOf([&] { ImportDataset(*store, source, survey, "NEU", at_row); });
     ASSERT_TRUE(error) << text;
     EXPECT_EQ(error->Number(), Number(formats::DoorError::BadInput)) << error->Description();
     EXPECT_THAT(error->Description(), HasSubstr(fault));

@@ -256,11 +256,11 @@ TEST(ScriptRun, AFailureOfTheWholeDatabaseIsNotedInWhateverWayItIsToldButNotAReh
       {"select": "lvwBezeichnung", "text": "Wartung Server"}, {"click": "cmdOK"}]})",
                                 failing(SampleCompany(), store::StoreError::Locked));
   EXPECT_THAT(messages.result.problems, IsEmpty());
-  EXPECT_EQ(messages.result.outage, store::StoreError::Locked);
+  EXPECT_EQ(messages.result.fatal_error, store::StoreError::Locked);
   const Ran rehearsed =
       RunSteps(R"({"fault": {"op": "StoreNew", "number": "0x80041020"}}, )" + kGoto + kCall);
   EXPECT_THAT(rehearsed.result.problems, SizeIs(1));
-  EXPECT_EQ(rehearsed.result.outage, std::nullopt);
+  EXPECT_EQ(rehearsed.result.fatal_error, std::nullopt);
 
   // Nothing remains of what could not be committed, and the lost number is drawn again.
   const Ran ran =

@@ -98,7 +98,7 @@ TEST_F(TakeoverJobs, AnAddressOrTypeIsNotGuessed) {
   const std::string twins = folder.File("zwillinge.db");
   Import(twins, Sample("\"Stellfläche Rechenzentrum\"", "\"Wartung Server\""));
   EXPECT_THAT(Messages(twins),
-              testing::Each("Spalte Vertragstyp: \"Wartung Server\" gibt es mehrmals"));
+              testing::Each("Spalte Vertragstyp: „Wartung Server“ gibt es mehrmals"));
   std::ofstream out(folder.File("liste.csv"));
   out << "Adresse;Vertragstyp;Vertragsbeginn\n";
   for (const char* address : {"x", "1", "5", "Muster", "4", "9"})

@@ -51,7 +51,7 @@ TEST(TakeoverList, ValuesAreTakenInTheirFormsAloneAndNeverGuessed) {
       {"Fremdfakturierung", {"x"}}};
   for (const auto& [column, cells] : refused)
     for (const char* cell : cells)
-      EXPECT_THAT(OneLine(column, cell).refusal, StartsWith("Spalte " + column + ": \"")) << cell;
+      EXPECT_THAT(OneLine(column, cell).refusal, StartsWith("Spalte " + column + ": „")) << cell;
 }
 
 TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
