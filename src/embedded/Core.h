@@ -42,6 +42,7 @@ class Core : public std::enable_shared_from_this<Core> {
 
   void EndUnit();
   void DropUnit();
+  void DropToSavepoint();
   void Close();
 
   // A handle on one of the core's objects that keeps the core alive.
@@ -59,6 +60,8 @@ class Core : public std::enable_shared_from_this<Core> {
 
  private:
   [[noreturn]] static void RaiseClosed();
+  // What was read may not be there any more.
+  void ForgetAll();
 
   std::unique_ptr<store::RecordStore> store_;
   schema::Catalog catalog_;

@@ -42,6 +42,15 @@ void Core::EndUnit() {
 
 void Core::DropUnit() {
   store_->Rollback();
+  ForgetAll();
+}
+
+void Core::DropToSavepoint() {
+  store_->RollbackToSavepoint();
+  ForgetAll();
+}
+
+void Core::ForgetAll() {
   for (const auto& table : tables_) table->Forget();
   profile_->Reload();
 }
@@ -67,6 +76,10 @@ std::shared_ptr<host::HostTable> Host::Table(std::string_view name) {
 void Host::EndUnit() { core_->EndUnit(); }
 
 void Host::DropUnit() { core_->DropUnit(); }
+
+void Host::SetSavepoint() { core_->Store().SetSavepoint(); }
+
+void Host::DropToSavepoint() { core_->DropToSavepoint(); }
 
 void Host::SetProbe(OperationProbe* probe) { core_->probe = probe; }
 

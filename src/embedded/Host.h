@@ -65,14 +65,19 @@ class Host {
   std::shared_ptr<host::HostTable> Table(std::string_view name);
 
   // Ends the unit of work: what was stored since the last call becomes durable.
-  // Called whenever the program waits for a person or returns to its caller. On an
-  // error nothing of the unit remains, all tables are at Eof, and the error is
-  // raised.
+  // Called by the doors: whenever the program waits for a person or has carried out a
+  // step, in bulk after a group of contracts. On an error nothing of the unit remains, all tables
+  // are at Eof, and the error is raised.
   void EndUnit();
 
   // Drops what was stored since the last EndUnit and reads the profile again; all
   // tables are at Eof.
   void DropUnit();
+
+  // Marks this moment of the unit, which it opens if none is open. DropToSavepoint drops
+  // what was stored since and otherwise does what DropUnit does; the unit goes on.
+  void SetSavepoint();
+  void DropToSavepoint();
 
   // Null switches it off. The probe must outlive its use.
   void SetProbe(OperationProbe* probe);

@@ -81,8 +81,14 @@ class RecordStore {
   // Makes the unit's writes durable. Does nothing when no unit is open. On an
   // error nothing of the unit remains.
   virtual void Commit() = 0;
-  // Drops the unit's writes.
+  // Drops the unit's writes; numbers that it gave out are given out again.
   virtual void Rollback() = 0;
+  // Marks this moment of the unit, in place of the one that was marked before, and
+  // opens a unit if none is open. Commit and Rollback end the mark with the unit.
+  virtual void SetSavepoint() = 0;
+  // Drops what the unit wrote since that moment; the mark stays. Requires: the unit
+  // that is open has one. Raises StoreError::UnitLost when the storage gave up the unit.
+  virtual void RollbackToSavepoint() = 0;
 
   // What the database knows besides rows; see store/Profile.h. Writes belong to
   // the unit of work like those of rows.

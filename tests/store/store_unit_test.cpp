@@ -52,6 +52,31 @@ TEST_P(StoreUnit, TheProfileComesBackAsItWasWrittenAndRollbackTakesItBack) {
   EXPECT_EQ(Text(store_->ReadProfile()), Text(other));
 }
 
+TEST_P(StoreUnit, ASavepointTakesBackWhatCameAfterItAndTheNumbersToo) {
+  const auto write = [&](const char* value) {
+    store_->WriteSetting({SettingScope::Database, "", "x", value});
+    return InsertedOid(*store_, table::Adressen);
+  };
+  const Oid lost = write("verloren");
+  store_->Rollback();
+  EXPECT_EQ(write("eins"), lost) << "a number is given out again";
+  store_->SetSavepoint();
+  const Oid second = write("zwei");
+  store_->RollbackToSavepoint();
+  EXPECT_EQ(write("drei"), second);
+  store_->RollbackToSavepoint();
+  EXPECT_EQ(Children(table::Adressen, 0), std::vector<Oid>({lost}));
+  EXPECT_EQ(store_->ReadProfile().settings.back().value, host::Value("eins"));
+  EXPECT_EQ(write("vier"), second);
+  store_->SetSavepoint();
+  write("fünf");
+  store_->RollbackToSavepoint();
+  EXPECT_TRUE(store_->InUnit());
+  store_->Commit();
+  EXPECT_EQ(Children(table::Adressen, 0), std::vector<Oid>({lost, second}));
+  EXPECT_EQ(store_->ReadProfile().settings.back().value, host::Value("vier"));
+}
+
 TEST_P(StoreUnit, ASettingIsReplacedInPlaceWhateverItsCaseOrAddedLast) {
   Profile expected = SampleProfile();
   expected.settings[1] = {SettingScope::PersistVar, "", "LT_EINHEIT", "Stück"};

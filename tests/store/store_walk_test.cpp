@@ -2,6 +2,7 @@
 // The model is right, not one of the stores.
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <random>
 
 #include "store/StoreSuite.h"
@@ -28,6 +29,7 @@ class StoreWalk : public StoreSuite {
     random_.seed(seed);
     model_.clear();
     committed_.clear();
+    marked_.reset();
     for (step_ = 0; step_ < steps && !HasFailure(); ++step_) Step();
     ASSERT_FALSE(HasFailure()) << "seed " << seed << ", step " << step_;
   }
@@ -220,10 +222,21 @@ class StoreWalk : public StoreSuite {
       case 0:
         store_->Commit();
         committed_ = model_;
+        marked_.reset();
         break;
       case 1:
         store_->Rollback();
         model_ = committed_;
+        marked_.reset();
+        break;
+      case 2:
+        store_->SetSavepoint();
+        marked_ = model_;
+        break;
+      case 3:
+        if (!marked_) break;
+        store_->RollbackToSavepoint();
+        model_ = *marked_;
         break;
       default:
         if (action < 35) {
@@ -244,6 +257,7 @@ class StoreWalk : public StoreSuite {
   int step_ = 0;
   Model model_;
   Model committed_;
+  std::optional<Model> marked_;
 };
 
 TEST_P(StoreWalk, AgreesWithAPlainModelAtEveryStep) {

@@ -47,6 +47,8 @@ class ForwardingStore : public store::RecordStore {
   bool InUnit() const override { return store_->InUnit(); }
   void Commit() override { store_->Commit(); }
   void Rollback() override { store_->Rollback(); }
+  void SetSavepoint() override { store_->SetSavepoint(); }
+  void RollbackToSavepoint() override { store_->RollbackToSavepoint(); }
   store::Profile ReadProfile() override { return store_->ReadProfile(); }
   void WriteProfile(const store::Profile& profile) override { store_->WriteProfile(profile); }
   void WriteSetting(const store::Setting& setting) override { store_->WriteSetting(setting); }

@@ -1,7 +1,8 @@
 #include "store/memory/MemoryStore.h"
 
 #include <algorithm>
-#include <optional>
+#include <map>
+#include <memory>
 #include <set>
 #include <unordered_map>
 #include <utility>
@@ -43,10 +44,14 @@ Siblings::const_iterator Behind(const Siblings& rows, std::int64_t order) {
                           [](std::int64_t value, const auto& row) { return value < row.first; });
 }
 
+// A parent and the values of its unique fields.
+using UniqueKey = std::pair<Oid, std::string>;
+
 struct TableRows {
   std::unordered_map<Oid, std::unique_ptr<Record>> by_oid;
   std::unordered_map<Oid, Siblings> by_parent;
   std::vector<RowsByKey> by_key;
+  std::map<UniqueKey, Oid> by_unique_fields;  // empty for a table that has none
 };
 
 // What a write of the open unit replaced; null for a row that was inserted.
@@ -61,7 +66,7 @@ class MemoryStore final : public RecordStore {
   MemoryStore(schema::Catalog catalog, Profile profile)
       : catalog_(std::move(catalog)),
         tables_(catalog_.tables.size()),
-        profile_(std::move(profile)) {
+        profile_(std::make_shared<const Profile>(std::move(profile))) {
     for (TableId table = 0; table < tables_.size(); ++table) {
       for (IndexId index = 0; index < catalog_.tables[table].indexes.size(); ++index) {
         tables_[table].by_key.emplace_back(KeyLess{index});
@@ -108,6 +113,7 @@ class MemoryStore final : public RecordStore {
   }
 
   void Insert(TableId table, Record& record) override {
+    EnterUnit();
     const auto parent_table = catalog_.tables[table].parent;
     if (parent_table && Find(*parent_table, record.parent) == nullptr) {
       Raise(StoreError::Failed, "der übergeordnete Datensatz fehlt");
@@ -124,6 +130,7 @@ class MemoryStore final : public RecordStore {
   }
 
   bool Update(TableId table, Record& record) override {
+    EnterUnit();
     const Record* row = Find(table, record.oid);
     if (row == nullptr || row->version != record.version) return false;
     CheckUnique(table, record);
@@ -137,6 +144,7 @@ class MemoryStore final : public RecordStore {
   }
 
   void UpdateKeys(TableId table, Oid oid, const std::vector<std::string>& keys) override {
+    EnterUnit();
     const Record* row = Find(table, oid);
     if (row == nullptr) return;
     auto changed = std::make_unique<Record>(*row);
@@ -145,6 +153,7 @@ class MemoryStore final : public RecordStore {
   }
 
   bool Erase(TableId table, Oid oid, std::int64_t version) override {
+    EnterUnit();
     const Record* row = Find(table, oid);
     if (row == nullptr || row->version != version) return false;
     for (const std::size_t child : catalog_.tables[table].children) {
@@ -154,38 +163,42 @@ class MemoryStore final : public RecordStore {
     return true;
   }
 
-  void LockForUpdate() override { in_unit_ = true; }
+  void LockForUpdate() override { EnterUnit(); }
   bool InUnit() const override { return in_unit_; }
 
   void Commit() override { EndUnit(); }
 
   void Rollback() override {
-    for (auto undo = undos_.rbegin(); undo != undos_.rend(); ++undo) {
-      if (Find(undo->table, undo->oid) != nullptr) Unlink(undo->table, undo->oid);
-      if (undo->before != nullptr) Link(undo->table, std::move(undo->before));
-    }
-    if (profile_before_) profile_ = std::move(*profile_before_);
+    if (in_unit_) UndoTo(begin_);
     EndUnit();
   }
 
-  Profile ReadProfile() override { return profile_; }
+  void SetSavepoint() override {
+    EnterUnit();
+    savepoint_ = {undos_.size(), last_number_, profile_};
+  }
+
+  void RollbackToSavepoint() override { UndoTo(savepoint_); }
+
+  Profile ReadProfile() override { return *profile_; }
 
   void WriteProfile(const Profile& profile) override {
-    RememberProfile();
-    profile_ = profile;
+    EnterUnit();
+    profile_ = std::make_shared<const Profile>(profile);
   }
 
   void WriteSetting(const Setting& setting) override {
-    RememberProfile();
-    for (Setting& known : profile_.settings) {
-      if (known.scope == setting.scope &&
-          platform::EqualsIgnoringCase(known.owner, setting.owner) &&
-          platform::EqualsIgnoringCase(known.name, setting.name)) {
-        known = setting;
-        return;
-      }
-    }
-    profile_.settings.push_back(setting);
+    Profile profile = *profile_;
+    const auto known = std::ranges::find_if(profile.settings, [&](const Setting& other) {
+      return other.scope == setting.scope &&
+             platform::EqualsIgnoringCase(other.owner, setting.owner) &&
+             platform::EqualsIgnoringCase(other.name, setting.name);
+    });
+    if (known == profile.settings.end())
+      profile.settings.push_back(setting);
+    else
+      *known = setting;
+    WriteProfile(profile);
   }
 
   // Nobody else writes here.
@@ -197,19 +210,35 @@ class MemoryStore final : public RecordStore {
     return found == tables_[table].by_oid.end() ? nullptr : found->second.get();
   }
 
-  void CheckUnique(TableId table, const Record& record) const {
-    const auto& fields = catalog_.tables[table].unique_fields;
-    if (fields.empty()) return;
-    const auto siblings = tables_[table].by_parent.find(record.parent);
-    if (siblings == tables_[table].by_parent.end()) return;
-    for (const auto& [order, row] : siblings->second) {
-      const auto equal = [&, other = row](std::size_t field) {
-        return other->cells[field] == record.cells[field];
-      };
-      if (row->oid != record.oid && std::all_of(fields.begin(), fields.end(), equal)) {
-        Raise(StoreError::DuplicateKey);
-      }
+  UniqueKey UniqueKeyOf(TableId table, const Record& record) const {
+    UniqueKey key{record.parent, {}};
+    for (const std::size_t field : catalog_.tables[table].unique_fields) {
+      const host::Value& cell = record.cells[field];
+      key.second += cell.IsEmpty() ? "-" : "=" + host::ToText(cell);
+      key.second += '\0';
     }
+    return key;
+  }
+
+  void CheckUnique(TableId table, const Record& record) const {
+    if (catalog_.tables[table].unique_fields.empty()) return;
+    const auto& known = tables_[table].by_unique_fields;
+    const auto found = known.find(UniqueKeyOf(table, record));
+    if (found != known.end() && found->second != record.oid) Raise(StoreError::DuplicateKey);
+  }
+
+  void AddKeys(TableId table, const Record& row) {
+    TableRows& rows = tables_[table];
+    for (RowsByKey& by_key : rows.by_key) by_key.insert(&row);
+    if (!catalog_.tables[table].unique_fields.empty())
+      rows.by_unique_fields[UniqueKeyOf(table, row)] = row.oid;
+  }
+
+  void RemoveKeys(TableId table, const Record& row) {
+    TableRows& rows = tables_[table];
+    for (RowsByKey& by_key : rows.by_key) by_key.erase(&row);
+    if (!catalog_.tables[table].unique_fields.empty())
+      rows.by_unique_fields.erase(UniqueKeyOf(table, row));
   }
 
   void Link(TableId table, std::unique_ptr<Record> record) {
@@ -217,7 +246,7 @@ class MemoryStore final : public RecordStore {
     const Record* row = record.get();
     Siblings& siblings = rows.by_parent[row->parent];
     siblings.insert(Behind(siblings, row->order), {row->order, row});
-    for (RowsByKey& by_key : rows.by_key) by_key.insert(row);
+    AddKeys(table, *row);
     rows.by_oid[row->oid] = std::move(record);
   }
 
@@ -226,7 +255,7 @@ class MemoryStore final : public RecordStore {
     const auto found = rows.by_oid.find(oid);
     std::unique_ptr<Record> record = std::move(found->second);
     rows.by_oid.erase(found);
-    for (RowsByKey& by_key : rows.by_key) by_key.erase(record.get());
+    RemoveKeys(table, *record);
     Siblings& siblings = rows.by_parent[record->parent];
     siblings.erase(std::prev(Behind(siblings, record->order)));
     return record;
@@ -236,38 +265,54 @@ class MemoryStore final : public RecordStore {
     TableRows& rows = tables_[table];
     std::unique_ptr<Record>& place = rows.by_oid[changed->oid];
     Siblings& siblings = rows.by_parent[changed->parent];
-    for (RowsByKey& by_key : rows.by_key) by_key.erase(place.get());
+    RemoveKeys(table, *place);
     std::swap(place, changed);
     const auto behind = Behind(siblings, place->order) - siblings.cbegin();
     siblings[static_cast<std::size_t>(behind - 1)].second = place.get();
-    for (RowsByKey& by_key : rows.by_key) by_key.insert(place.get());
+    AddKeys(table, *place);
     Remember(table, place->oid, std::move(changed));
   }
 
+  // A moment of the unit that the store can go back to.
+  struct Moment {
+    std::size_t undos = 0;
+    std::int64_t last_number = 0;
+    std::shared_ptr<const Profile> profile;
+  };
+
+  // Before the first write of a unit.
+  void EnterUnit() {
+    if (!std::exchange(in_unit_, true)) begin_ = {0, last_number_, profile_};
+  }
+
   void Remember(TableId table, Oid oid, std::unique_ptr<Record> before) {
-    in_unit_ = true;
     undos_.push_back({table, oid, std::move(before)});
   }
 
-  void RememberProfile() {
-    in_unit_ = true;
-    if (!profile_before_) profile_before_ = profile_;
+  void UndoTo(const Moment& moment) {
+    for (; undos_.size() > moment.undos; undos_.pop_back()) {
+      Undo& undo = undos_.back();
+      if (Find(undo.table, undo.oid) != nullptr) Unlink(undo.table, undo.oid);
+      if (undo.before != nullptr) Link(undo.table, std::move(undo.before));
+    }
+    last_number_ = moment.last_number;
+    profile_ = moment.profile;
   }
 
   void EndUnit() {
     undos_.clear();
-    profile_before_.reset();
     in_unit_ = false;
   }
 
   schema::Catalog catalog_;
   std::vector<TableRows> tables_;
-  Profile profile_;
+  std::shared_ptr<const Profile> profile_;
   std::int64_t last_number_ = 0;  // the last oid or order given out
 
   bool in_unit_ = false;
   std::vector<Undo> undos_;
-  std::optional<Profile> profile_before_;
+  Moment begin_;      // of the unit
+  Moment savepoint_;  // the last one marked in it
 };
 
 }  // namespace

@@ -109,6 +109,9 @@ SqliteRecordStore::SqliteRecordStore(std::unique_ptr<Connection> connection,
       write_last_number_(*connection_, "UPDATE pactora_database SET last_number = ?1"),
       commit_(*connection_, "COMMIT"),
       rollback_(*connection_, "ROLLBACK"),
+      savepoint_(*connection_, "SAVEPOINT pactora"),
+      rollback_to_savepoint_(*connection_, "ROLLBACK TO pactora"),
+      release_savepoint_(*connection_, "RELEASE pactora"),
       data_version_(*connection_, "PRAGMA data_version") {}
 
 bool SqliteRecordStore::Find(Statement& statement, TableId table, Record& record) {
@@ -247,12 +250,26 @@ void SqliteRecordStore::Commit() {
     Rollback();
     throw;
   }
-  in_unit_ = false;
+  in_unit_ = has_savepoint_ = false;
 }
 
 void SqliteRecordStore::Rollback() {
-  in_unit_ = false;
+  in_unit_ = has_savepoint_ = false;
   if (connection_->InTransaction()) rollback_.Step();
+}
+
+void SqliteRecordStore::SetSavepoint() {
+  EnterUnit();
+  if (has_savepoint_) release_savepoint_.Step();
+  savepoint_.Step();
+  has_savepoint_ = true;
+  savepoint_last_number_ = last_number_;
+}
+
+void SqliteRecordStore::RollbackToSavepoint() {
+  EnterUnit();
+  rollback_to_savepoint_.Step();
+  last_number_ = savepoint_last_number_;
 }
 
 Profile SqliteRecordStore::ReadProfile() {

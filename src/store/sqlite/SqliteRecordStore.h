@@ -34,6 +34,8 @@ class SqliteRecordStore final : public RecordStore {
   bool InUnit() const override { return in_unit_; }
   void Commit() override;
   void Rollback() override;
+  void SetSavepoint() override;
+  void RollbackToSavepoint() override;
 
   Profile ReadProfile() override;
   void WriteProfile(const Profile& profile) override;
@@ -61,13 +63,18 @@ class SqliteRecordStore final : public RecordStore {
   Statement write_last_number_;
   Statement commit_;
   Statement rollback_;
+  Statement savepoint_;
+  Statement rollback_to_savepoint_;
+  Statement release_savepoint_;
   Statement data_version_;
 
   bool in_unit_ = false;
+  bool has_savepoint_ = false;
   // The greatest oid or order ever given out or taken in, in all tables. Kept in
   // the file, but only read and written once in a unit.
   std::int64_t last_number_ = 0;
   std::int64_t saved_last_number_ = 0;
+  std::int64_t savepoint_last_number_ = 0;
 };
 
 }  // namespace pactora::store::sqlite
