@@ -150,6 +150,9 @@ int Main(int argc, char** argv) {
   }
 
   CatchInterrupt();
+  workspace::ReportMigrationTo([](const std::string& database) {
+    fmt::print(stderr, "{}: die Datenbank hat jetzt die Struktur dieser Version\n", database);
+  });
   workspace::GiveUpWaitingWhen([](std::chrono::milliseconds) { return InterruptAsked(); });
   const Status status = WithOutputWritten(run());
   return static_cast<int>(status != Status::Done && InterruptAsked() ? Status::Interrupted

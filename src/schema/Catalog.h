@@ -55,7 +55,7 @@ struct Table {
 };
 
 struct Catalog {
-  std::int32_t version = 1;           // of the structure, stored in database files
+  std::int32_t version = 2;           // of the structure, stored in database files
   std::vector<schema::Table> tables;  // a parent before its children
   bool workflow_add_on = true;
   NameLookup table_lookup;

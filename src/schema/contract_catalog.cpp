@@ -32,7 +32,8 @@ constexpr FieldRow Date(std::string_view name) { return {name, FieldType::Date};
 constexpr FieldRow Boolean(std::string_view name) { return {name, FieldType::Boolean}; }
 constexpr FieldRow Document(std::string_view name) { return {name, FieldType::Document}; }
 
-constexpr FieldRow kAddress[] = {Text(field::Name, kNameSize)};
+constexpr FieldRow kAddress[] = {Text(field::Name, kNameSize), Text(field::Nummer, kNameSize),
+                                 Text(field::Anschrift, kFreeTextSize)};
 
 constexpr FieldRow kAddressAttribute[] = {
     Text(field::Gruppe, kNameSize), Text(field::Merkmal, kNameSize),
@@ -186,6 +187,11 @@ constexpr FieldRow kClient[] = {Text(field::TessarinName, kNameSize)};
 constexpr FieldRow kCounter[] = {Text(field::Tabelle, kNameSize), Text(field::Feld, kNameSize),
                                  Text(field::Nummer, kNumberSize)};
 
+constexpr FieldRow kContractKey[] = {
+    Text(field::Schluessel, kNameSize), Text(field::Pruefsumme, kNameSize),
+    Text(field::Liste, kNameSize),      Text(field::Vertragnummer, kNumberSize),
+    Text(field::VertragOid, kIdSize),   Date(field::Zeitpunkt)};
+
 // A table whose fields are those of the row lists, one list after the other.
 Table MakeTable(std::string_view name, std::initializer_list<std::span<const FieldRow>> lists) {
   Table table;
@@ -226,7 +232,9 @@ void SetId(Table& table, std::string_view field_name) {
 void AddAddresses(Catalog& catalog) {
   const std::size_t addresses = catalog.Add(MakeTable(table::Adressen, {kAddress}), {});
   catalog.Add(MakeTable(table::Adressmerkmale, {kAddressAttribute}), addresses);
-  const std::size_t contracts = catalog.Add(MakeTable(table::vv_Vertraege, {kContract}), addresses);
+  Table contract = MakeTable(table::vv_Vertraege, {kContract});
+  AddIndex(contract, index::Vertragnummer, {field::Vertragnummer});
+  const std::size_t contracts = catalog.Add(std::move(contract), addresses);
   const std::size_t terms = catalog.Add(MakeTable(table::vv_Vertragsstaende, {kTerm}), contracts);
   catalog.Add(MakeTable(table::vv_Vertragspositionen, {kPosition, kContractPosition}), terms);
   catalog.Add(MakeTable(table::vv_VertragsAktivitaeten, {kAppointment}), contracts);
@@ -288,6 +296,14 @@ void AddCounters(Catalog& catalog) {
   catalog.Add(std::move(counters), position);
 }
 
+// What callers entered in bulk, by their own keys.
+void AddContractKeys(Catalog& catalog) {
+  Table keys = MakeTable(table::Vertragsschluessel, {kContractKey});
+  AddIndex(keys, index::Schluessel, {field::Schluessel});
+  keys.unique_fields = {Position(keys, field::Schluessel)};
+  catalog.Add(std::move(keys), {});
+}
+
 }  // namespace
 
 Catalog ContractCatalog(bool workflow_add_on) {
@@ -299,6 +315,7 @@ Catalog ContractCatalog(bool workflow_add_on) {
   AddAttributes(catalog);
   if (workflow_add_on) AddWorkflows(catalog);
   AddCounters(catalog);
+  AddContractKeys(catalog);
   return catalog;
 }
 

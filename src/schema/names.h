@@ -26,6 +26,7 @@ inline constexpr std::string_view WerteMerkmalAdressen = "WerteMerkmalAdressen";
 inline constexpr std::string_view KELDO_Vorgaenge = "KELDO_Vorgaenge";
 inline constexpr std::string_view KELM_Mandanten = "KELM_Mandanten";
 inline constexpr std::string_view KELM_Nummern = "KELM_Nummern";
+inline constexpr std::string_view Vertragsschluessel = "Vertragsschluessel";
 }  // namespace table
 
 namespace field {
@@ -127,6 +128,12 @@ inline constexpr std::string_view voreinstellungaenderbar = "voreinstellungaende
 inline constexpr std::string_view TessarinName = "TessarinName";
 inline constexpr std::string_view Tabelle = "Tabelle";
 inline constexpr std::string_view Feld = "Feld";
+inline constexpr std::string_view Anschrift = "Anschrift";
+inline constexpr std::string_view Schluessel = "Schluessel";
+inline constexpr std::string_view Pruefsumme = "Pruefsumme";
+inline constexpr std::string_view Liste = "Liste";
+inline constexpr std::string_view VertragOid = "VertragOid";
+inline constexpr std::string_view Zeitpunkt = "Zeitpunkt";
 }  // namespace field
 
 namespace index {
@@ -139,6 +146,8 @@ inline constexpr std::string_view MerkmalgruppeIDMerkmal = "MerkmalgruppeIDMerkm
 inline constexpr std::string_view MerkmalIDWert = "MerkmalIDWert";
 inline constexpr std::string_view tessarinName = "tessarinName";
 inline constexpr std::string_view Tabelle_Feld = "Tabelle_Feld";
+inline constexpr std::string_view Vertragnummer = "Vertragnummer";
+inline constexpr std::string_view Schluessel = "Schluessel";
 }  // namespace index
 
 // The expressions of the host that the add-on evaluates.

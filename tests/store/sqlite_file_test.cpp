@@ -83,7 +83,7 @@ TEST_F(SqliteFile, AForeignOrDamagedFileIsRefusedAndLeftAlone) {
        StoreError::NotADatabase},
       {"a plain SQLite database", [&] { RunSql("PRAGMA application_id = 0"); },
        StoreError::NotADatabase},
-      {"a newer structure", [&] { RunSql("PRAGMA user_version = 2"); }, StoreError::OtherVersion},
+      {"a newer structure", [&] { RunSql("PRAGMA user_version = 3"); }, StoreError::OtherVersion},
       {"an older structure", [&] { RunSql("PRAGMA user_version = 0"); }, StoreError::OtherVersion},
       {"half a file", [&] { fs::resize_file(path_, fs::file_size(path_) / 2); },
        StoreError::NotADatabase},

@@ -40,7 +40,13 @@ void RequireAvailable(const std::string& name) {
 #endif
 }
 
+std::function<void(const std::string&)> report_migration;
+
 }  // namespace
+
+void ReportMigrationTo(std::function<void(const std::string& name)> report) {
+  report_migration = std::move(report);
+}
 
 std::string DefaultDatabaseName(const std::string& name) {
   if (name == kMemoryName || IsServer(name)) return "PACTORA";
@@ -68,6 +74,9 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
   if (name != kMemoryName) {
     store::OpenOptions options;
     options.mode = access;
+    options.on_migrated = [&] {
+      if (report_migration) report_migration(name);
+    };
     return Naming(name, [&] {
       if (!DatabaseExists(name))
         store::Raise(store::StoreError::NotReachable, "die Datei gibt es nicht");

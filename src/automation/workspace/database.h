@@ -34,6 +34,10 @@ store::Profile DefaultProfile(const std::string& name);
 // Whether a database or another file has that name; false for ":memory:".
 bool DatabaseExists(const std::string& name);
 
+// From now on called with the name of each file whose earlier structure has been brought to
+// today's when it was opened.
+void ReportMigrationTo(std::function<void(const std::string& name)> report);
+
 // asked is called about twenty times a second while a database waits for other users,
 // on the waiting thread, with the time since the wait began. Once it returns true, the
 // wait ends and raises StoreError::Locked. asked must not use that database.

@@ -20,7 +20,7 @@ std::unique_ptr<store::RecordStore> Open(const std::string& database) {
     formats::Raise(DoorError::BadInput,
                    database + ": die Fenster brauchen eine Datenbank, die bleibt");
   // A write-protected database can still be read.
-  return workspace::OpenDatabase(database, workspace::Access::Read);
+  return workspace::OpenDatabase(database, workspace::Access::Any);
 }
 
 }  // namespace

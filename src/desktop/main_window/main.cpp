@@ -14,6 +14,8 @@
 
 #include "automation/formats/errors.h"
 #include "automation/workspace/exit_status.h"
+#include "automation/workspace/database.h"
+#include "desktop/MessageBox.h"
 #include "desktop/appearance.h"
 #include "desktop/main_window/MainWindow.h"
 #include "desktop/main_window/OpenDatabase.h"
@@ -104,6 +106,13 @@ int Main(int argc, char** argv) {
   QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Pactora"),
                      QStringLiteral("desktop"));
   WaitBox wait_box;
+  workspace::ReportMigrationTo([](const std::string& database) {
+    ShowMessageBox(
+        {database + ": die Datenbank hat jetzt die Struktur dieser Version. Frühere Versionen "
+                    "des Programms können sie nicht mehr öffnen.",
+         ui::style::kInformation, "Pactora"},
+        nullptr);
+  });
   Program program(settings, locale);
   try {
     program.Open(argv[1]);

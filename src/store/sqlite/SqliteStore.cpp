@@ -2,6 +2,7 @@
 
 #include "store/errors.h"
 #include "store/sqlite/SqliteRecordStore.h"
+#include "store/sqlite/opening.h"
 #include "store/sqlite/profile.h"
 #include "store/sqlite/structure.h"
 
@@ -28,19 +29,6 @@ std::unique_ptr<RecordStore> Create(const std::string& path, const schema::Catal
   return std::make_unique<SqliteRecordStore>(std::move(connection), catalog);
 }
 
-// A copy of the file's content in memory.
-std::unique_ptr<Connection> CopyToMemory(const Connection& file) {
-  auto memory =
-      std::make_unique<Connection>(sqlite::kInMemory, Access::ReadWrite, kDefaultLockTimeout);
-  sqlite3_backup* const backup =
-      sqlite3_backup_init(memory->Handle(), "main", file.Handle(), "main");
-  if (backup == nullptr) memory->Fail(sqlite3_extended_errcode(memory->Handle()));
-  const int code = sqlite3_backup_step(backup, -1);
-  sqlite3_backup_finish(backup);
-  if (code != SQLITE_DONE) memory->Fail(code);
-  return memory;
-}
-
 }  // namespace
 
 std::unique_ptr<RecordStore> CreateSqlite(const std::string& path, const schema::Catalog& catalog,
@@ -54,14 +42,8 @@ std::unique_ptr<RecordStore> CreateSqliteInMemory(const schema::Catalog& catalog
 }
 
 std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptions& options) {
-  const bool rehearsal = options.mode == OpenMode::Rehearsal;
-  const Access access = rehearsal ? Access::ReadOnly : Access::ReadWrite;
-  auto connection = std::make_unique<Connection>(path, access, options.lock_timeout);
+  auto connection = sqlite::OpenConnection(path, options);
   schema::Catalog catalog = sqlite::ReadCatalog(*connection);
-  if (options.mode == OpenMode::Write && sqlite3_db_readonly(connection->Handle(), "main") == 1)
-    Raise(StoreError::ReadOnly);
-  if (rehearsal || options.mode == OpenMode::Snapshot) connection = CopyToMemory(*connection);
-  connection->SetUp();
   return std::make_unique<SqliteRecordStore>(std::move(connection), std::move(catalog));
 }
 

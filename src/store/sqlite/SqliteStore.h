@@ -7,6 +7,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,6 +24,8 @@ inline constexpr std::chrono::milliseconds kDefaultLockTimeout = std::chrono::se
 struct OpenOptions {
   std::chrono::milliseconds lock_timeout = kDefaultLockTimeout;
   OpenMode mode = OpenMode::Write;
+  // Called when a file of an earlier structure has been brought to today's.
+  std::function<void()> on_migrated = {};
 };
 
 // Makes a new database in the file, whole or not at all, and opens it. catalog
@@ -35,10 +38,11 @@ std::unique_ptr<RecordStore> CreateSqlite(const std::string& path, const schema:
 std::unique_ptr<RecordStore> CreateSqliteInMemory(const schema::Catalog& catalog,
                                                   const Profile& profile);
 
-// Opens an existing database with the catalogue that it was made with. Raises
-// StoreError::NotReachable, NotADatabase, OtherVersion, Locked or ReadOnly. A unit of work
-// that was broken off by a crash is rolled back first, except for a rehearsal,
-// which writes nothing and raises StoreError::NotReachable then.
+// Opens an existing database. One of an earlier structure is migrated, whole or not at all,
+// where it is opened to write; otherwise a copy in memory is. Raises StoreError::NotReachable,
+// NotADatabase, OtherVersion, Locked or ReadOnly. A unit of work that was broken off by a crash is
+// rolled back first, except for a rehearsal, which writes nothing and raises
+// StoreError::NotReachable then.
 std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptions& options = {});
 
 // Examines the whole file: its pages and indexes, the references between rows,

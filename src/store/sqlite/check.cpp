@@ -5,6 +5,7 @@
 #include "store/errors.h"
 #include "store/sqlite/SqliteStore.h"
 #include "store/sqlite/Statement.h"
+#include "store/sqlite/opening.h"
 #include "store/sqlite/structure.h"
 
 namespace pactora::store {
@@ -111,9 +112,12 @@ class Examination {
 
 std::vector<std::string> CheckSqlite(const std::string& path,
                                      std::chrono::milliseconds lock_timeout) {
-  Connection connection(path, sqlite::Access::ReadWrite, lock_timeout);
+  OpenOptions options;
+  options.lock_timeout = lock_timeout;
+  options.mode = OpenMode::Snapshot;
+  const auto copy = sqlite::OpenConnection(path, options);
+  Connection& connection = *copy;
   const schema::Catalog catalog = sqlite::ReadCatalog(connection);
-  connection.Run("BEGIN");  // all of it at one moment
   Examination examination(connection);
   try {
     examination.Pages();

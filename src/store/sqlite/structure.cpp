@@ -165,14 +165,6 @@ bool IsBlank(const Connection& connection) {
 }
 
 schema::Catalog ReadCatalog(const Connection& connection) {
-  if (Number(connection, "PRAGMA application_id") != kApplicationId) {
-    Raise(StoreError::NotADatabase);
-  }
-  const std::int64_t version = Number(connection, "PRAGMA user_version");
-  const std::int32_t known = schema::Catalog().version;
-  if (version != known) {
-    Raise(StoreError::OtherVersion, std::to_string(version) + " statt " + std::to_string(known));
-  }
   return schema::ContractCatalog(
       Number(connection, "SELECT workflow_add_on FROM pactora_database") != 0);
 }

@@ -41,8 +41,7 @@ void CreateStructure(Connection& connection, const schema::Catalog& catalog);
 // Whether nothing was ever made in the file.
 bool IsBlank(const Connection& connection);
 
-// The catalogue that the database was made with. Raises StoreError::NotADatabase
-// or OtherVersion.
+// The catalogue of a database of today's structure. Raises StoreError::NotADatabase.
 schema::Catalog ReadCatalog(const Connection& connection);
 
 }  // namespace pactora::store::sqlite

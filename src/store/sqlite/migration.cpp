@@ -1,0 +1,98 @@
+#include "store/sqlite/migration.h"
+
+#include <string>
+
+#include "schema/Catalog.h"
+#include "store/errors.h"
+#include "store/rows.h"
+#include "store/sqlite/Statement.h"
+#include "store/sqlite/structure.h"
+
+namespace pactora::store::sqlite {
+namespace {
+
+std::int32_t Number(const Connection& connection, const char* sql) {
+  Statement statement(connection, sql);
+  return statement.Step() ? static_cast<std::int32_t>(statement.Integer(0)) : 0;
+}
+
+// Version 2 knows what was entered in bulk, finds contracts by their number, and keeps
+// number and postal address of a customer. The statements stay as they are whatever
+// later versions change.
+constexpr const char* kToVersion2 = R"sql(
+ALTER TABLE "Adressen" ADD COLUMN "Nummer" TEXT;
+ALTER TABLE "Adressen" ADD COLUMN "Anschrift" TEXT;
+ALTER TABLE "vv_Vertraege" ADD COLUMN "key_Vertragnummer" TEXT NOT NULL DEFAULT '';
+CREATE TABLE "Vertragsschluessel" (
+  oid INTEGER PRIMARY KEY,
+  ord INTEGER NOT NULL,
+  version INTEGER NOT NULL,
+  "Schluessel" TEXT,
+  "Pruefsumme" TEXT,
+  "Liste" TEXT,
+  "Vertragnummer" TEXT,
+  "VertragOid" TEXT,
+  "Zeitpunkt" REAL,
+  "key_Schluessel" TEXT NOT NULL);
+CREATE UNIQUE INDEX "Vertragsschluessel_order" ON "Vertragsschluessel" (ord);
+CREATE INDEX "Vertragsschluessel_key_Schluessel" ON "Vertragsschluessel" ("key_Schluessel", ord);
+CREATE UNIQUE INDEX "Vertragsschluessel_unique"
+  ON "Vertragsschluessel" (ifnull("Schluessel", x'00'));
+CREATE VIEW "Vertragsschluessel_lesbar" AS
+  SELECT oid, "Schluessel", "Pruefsumme", "Liste", "Vertragnummer", "VertragOid",
+    CASE WHEN "Zeitpunkt" = 0 THEN '' ELSE date(CAST("Zeitpunkt" AS INTEGER) + 2415018.5) ||
+      strftime(' %H:%M:%S', 2415018.5 + abs("Zeitpunkt" - CAST("Zeitpunkt" AS INTEGER))) END
+      AS "Zeitpunkt"
+  FROM "Vertragsschluessel" ORDER BY ord;
+)sql";
+
+void FillContractNumberKeys(Connection& connection) {
+  Statement read(connection, "SELECT oid, ifnull(\"Vertragnummer\", '') FROM \"vv_Vertraege\"");
+  Statement write(connection,
+                  "UPDATE \"vv_Vertraege\" SET \"key_Vertragnummer\" = ?2 WHERE oid = ?1");
+  while (read.Step()) {
+    const std::string key = FoldKey(read.Text(1));
+    write.Bind(1, read.Integer(0));
+    write.Bind(2, std::string_view(key));
+    write.Step();
+  }
+}
+
+void ToVersion2(Connection& connection) {
+  connection.Run(kToVersion2);
+  FillContractNumberKeys(connection);
+  // Filled first: one pass over the table instead of a place for each row.
+  connection.Run(
+      "CREATE INDEX \"vv_Vertraege_key_Vertragnummer\" ON \"vv_Vertraege\" "
+      "(\"key_Vertragnummer\", ord)");
+  connection.Run("PRAGMA user_version = 2");
+}
+
+}  // namespace
+
+std::int32_t ReadVersion(const Connection& connection) {
+  if (Number(connection, "PRAGMA application_id") != kApplicationId)
+    Raise(StoreError::NotADatabase);
+  const std::int32_t version = Number(connection, "PRAGMA user_version");
+  const std::int32_t known = schema::Catalog().version;
+  if (version < 1 || version > known)
+    Raise(StoreError::OtherVersion, std::to_string(version) + " statt " + std::to_string(known));
+  return version;
+}
+
+bool IsOfEarlierVersion(const Connection& connection) {
+  return ReadVersion(connection) < schema::Catalog().version;
+}
+
+void Migrate(Connection& connection) {
+  connection.Run("BEGIN EXCLUSIVE");
+  try {
+    if (ReadVersion(connection) == 1) ToVersion2(connection);
+    connection.Run("COMMIT");
+  } catch (...) {
+    if (connection.InTransaction()) connection.Run("ROLLBACK");
+    throw;
+  }
+}
+
+}  // namespace pactora::store::sqlite

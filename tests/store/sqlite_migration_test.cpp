@@ -1,0 +1,119 @@
+// Files of the structure before this one: what they hold is kept, and they are
+// migrated whole or not at all.
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <random>
+#include <thread>
+
+#include "store/SqliteFile.h"
+
+namespace pactora::store {
+namespace {
+
+namespace field = schema::field;
+namespace index = schema::index;
+namespace table = schema::table;
+
+class SqliteMigration : public SqliteFile {
+ protected:
+  // A file as version 1 left it, with so many contracts under an address.
+  void CreateVersion1(int contracts) {
+    {
+      const auto store = Create();
+      const Oid address = AddAddress(*store, "Muster");
+      for (int i = 1; i <= contracts; ++i)
+        InsertedOid(*store, table::vv_Vertraege, address,
+                    {{field::Vertragnummer, "ä" + std::to_string(i)}}, {"Ä" + std::to_string(i)});
+      store->Commit();
+    }
+    RunSql(R"sql(
+DROP VIEW "Vertragsschluessel_lesbar";
+DROP TABLE "Vertragsschluessel";
+DROP INDEX "vv_Vertraege_key_Vertragnummer";
+ALTER TABLE "vv_Vertraege" DROP COLUMN "key_Vertragnummer";
+ALTER TABLE "Adressen" DROP COLUMN "Nummer";
+ALTER TABLE "Adressen" DROP COLUMN "Anschrift";
+PRAGMA user_version = 1;)sql");
+  }
+  // Tables with the names and types of their columns, indexes and views with theirs.
+  std::string Structure() {
+    return Query(
+        "SELECT group_concat(line, char(10)) FROM (SELECT t.name || ' ' || c.name || ' ' || c.type "
+        "AS line FROM sqlite_schema t, pragma_table_info(t.name) c UNION "
+        "SELECT i.type || ' ' || i.name || ' ' || i.tbl_name FROM sqlite_schema i ORDER BY 1)");
+  }
+  std::string Version() { return Query("SELECT user_version FROM pragma_user_version"); }
+
+  // The contract of that number, found by its index.
+  static Oid FindContract(RecordStore& store, const std::string& key) {
+    Record row;
+    const TableId contracts = TableOf(store, table::vv_Vertraege);
+    const IndexId number = IndexOf(store, table::vv_Vertraege, index::Vertragnummer);
+    return store.NextByKey(contracts, number, key, 0, row) && row.keys[number] == key ? row.oid : 0;
+  }
+};
+
+TEST_F(SqliteMigration, AnEarlierFileBecomesOneOfTodayWhenItIsOpenedToWrite) {
+  Create();
+  const std::string structure = Structure();
+  std::filesystem::remove(path_);
+  CreateVersion1(3);
+  int migrated = 0;
+  const auto open = [&](OpenMode mode) {
+    OpenOptions options;
+    options.mode = mode;
+    options.on_migrated = [&] { ++migrated; };
+    const auto store = OpenSqlite(path_, options);
+    EXPECT_NE(FindContract(*store, "Ä2"), 0);
+    if (mode == OpenMode::Read)
+      EXPECT_EQ(ErrorNumberOf([&] { AddAddress(*store, "x"); }), Number(StoreError::ReadOnly));
+    else
+      AddAddress(*store, "Neu");
+  };
+  const std::string before = BytesOf(path_);
+  for (const OpenMode mode : {OpenMode::Read, OpenMode::Snapshot, OpenMode::Rehearsal}) open(mode);
+  EXPECT_EQ(CheckSqlite(path_), std::vector<std::string>());
+  EXPECT_EQ(BytesOf(path_), before);
+  EXPECT_EQ(migrated, 0);
+  open(OpenMode::Write);
+  open(OpenMode::Any);
+  EXPECT_EQ(migrated, 1);
+  EXPECT_EQ(Structure(), structure);
+  EXPECT_EQ(CheckSqlite(path_), std::vector<std::string>());
+  EXPECT_EQ(Query("SELECT count(*) FROM Adressen"), "3");
+}
+
+TEST_F(SqliteMigration, KilledAtAnyMomentItIsWholeOrNotBegun) {
+  constexpr int kContracts = 3000;
+  std::mt19937 random(20261124);
+  CreateVersion1(kContracts);
+  const std::string earlier = BytesOf(path_);
+  int begun = 0;
+  for (int round = 0; round < 20; ++round) {
+    WriteBytes(path_, earlier);
+    std::filesystem::remove(path_ + "-journal");
+    const pid_t child = fork();
+    if (child == 0) {
+      Open();
+      _exit(0);
+    }
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 60000));
+    kill(child, SIGKILL);
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (WIFSIGNALED(status) && std::filesystem::exists(path_ + "-journal")) ++begun;
+    OpenOptions options;
+    bool migrated = false;
+    options.on_migrated = [&] { migrated = true; };
+    const auto store = OpenSqlite(path_, options);
+    EXPECT_EQ(Version(), "2");
+    EXPECT_NE(FindContract(*store, "Ä" + std::to_string(kContracts)), 0);
+    EXPECT_TRUE(migrated || WIFEXITED(status) || BytesOf(path_) != earlier);
+  }
+  EXPECT_GT(begun, 0) << "no kill hit a migration";
+}
+
+}  // namespace
+}  // namespace pactora::store
