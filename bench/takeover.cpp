@@ -1,12 +1,13 @@
 #include "takeover.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
+#include "automation/bulk/report.h"
 #include "automation/dataset/dataset_import.h"
 #include "automation/dataset/sample/sample.h"
 #include "automation/takeover/list.h"
-#include "automation/takeover/report.h"
 #include "automation/takeover/run.h"
 
 namespace pactora::bench {
@@ -31,7 +32,7 @@ std::unique_ptr<store::RecordStore> Filled(std::unique_ptr<store::RecordStore> s
 
 struct TakeoverOffice::Parts {
   explicit Parts(std::unique_ptr<store::RecordStore> store)
-      : run(Filled(std::move(store)), clock) {}
+      : run(Filled(std::move(store)), clock, "bench", false) {}
 
   platform::FixedClock clock{platform::FromCivil(2026, 3, 15)};
   takeover::List list = takeover::ReadList(List(), "list");
@@ -44,11 +45,13 @@ TakeoverOffice::TakeoverOffice(std::unique_ptr<store::RecordStore> store)
 TakeoverOffice::~TakeoverOffice() = default;
 
 void TakeoverOffice::TakeOver() {
-  takeover::Report report;
-  const auto count = parts_->run.CarryOut(parts_->list, report, "bench", [] {});
-  parts_->run.Finish(report);
-  if (count.created == kLines) return;
-  std::cerr << report.Text();
+  // Keys that no earlier call has entered.
+  for (takeover::Line& line : parts_->list.lines) line.key += '+';
+  std::vector<bulk::ReportLine> lines;
+  parts_->run.CarryOut(parts_->list, lines, [] {});
+  const auto is_created = [](const auto& line) { return line.outcome == bulk::Outcome::Created; };
+  if (std::ranges::all_of(lines, is_created)) return;
+  std::cerr << bulk::TextOf(lines);
   std::exit(1);
 }
 

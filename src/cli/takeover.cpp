@@ -5,8 +5,8 @@
 #include <memory>
 #include <optional>
 
+#include "automation/bulk/report.h"
 #include "automation/takeover/job.h"
-#include "automation/takeover/report.h"
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -27,7 +27,7 @@ void PrintJson(const takeover::Job& job, dataset::WrittenRows& written) {
   formats::JsonWriter out(std::cout, formats::JsonWriter::Layout::OneLine);
   out.BeginObject();
   out.Key("lines");
-  job.WriteReport(out);
+  bulk::Write(out, job.Lines());
   out.Key("tables");
   written.Write(out);
   out.EndObject();
@@ -38,7 +38,7 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   takeover::Job job(arguments.order);
   const auto clock = ClockFor(arguments.today);
   ProgressBar bar(job.Size());
-  takeover::Run::Count count;
+  bulk::Count count;
   try {
     const auto after_line = [&] {
       bar.Advance();
@@ -61,7 +61,7 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   }
   bar.Clear();
   if (arguments.order.rehearsal) {
-    if (!arguments.json) std::cout << job.ReportText();
+    if (!arguments.json) std::cout << bulk::TextOf(job.Lines());
     fmt::print(stderr, "{}\n", workspace::kRehearsed);
   }
   fmt::print(stderr, "{}\n", count.Text());
@@ -87,8 +87,8 @@ void AddTakeover(CLI::App& app, Run& run) {
       ->group("Argumente");
   command
       ->add_option("--report", arguments->order.report,
-                   "Der Bericht: was aus jeder Zeile wurde; mit ihm wird eine unterbrochene "
-                   "Übernahme fortgesetzt. Abgelehnte Zeilen stehen in BERICHT.abgelehnt.csv")
+                   "Der Bericht: was aus jeder Zeile wurde. Abgelehnte Zeilen stehen in "
+                   "BERICHT.abgelehnt.csv")
       ->required()
       ->type_name("BERICHT")
       ->group(kOptionGroup);

@@ -10,12 +10,15 @@ class Clock {
   virtual ~Clock() = default;
   // The current day in local time, without a time of day.
   virtual Date Today() const = 0;
+  // The same with the time of day, as far as the clock knows it.
+  virtual Date Now() const { return Today(); }
 };
 
 // The machine's own calendar.
 class SystemClock final : public Clock {
  public:
   Date Today() const override;
+  Date Now() const override;
 };
 
 // A day that stays what it was set to: rehearsals and tests.

@@ -31,16 +31,32 @@ List ReadListFile(const std::string& path) {
   return ReadList(ReadAll(source), source.name);
 }
 
-bool IsRejected(Outcome outcome) {
-  return outcome == Outcome::Refused || outcome == Outcome::Failed;
+// What the database and the report call the list.
+std::string NameOf(const std::string& list) {
+  if (list == formats::kStandardStream) return "Standardeingabe";
+  return std::filesystem::path(list).filename().string();
+}
+
+// Whether the file holds anything but lines of the list.
+bool HasOtherLines(const std::string& file, const List& list) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(file, ignored)) return false;
+  std::unordered_set<std::string_view> known;
+  for (const Line& line : list.lines) known.insert(line.text);
+  try {
+    const auto is_other = [&](const Line& line) { return !known.contains(line.text); };
+    return std::ranges::any_of(ReadListFile(file).lines, is_other);
+  } catch (const platform::Error& error) {
+    if (error.Number() != Number(formats::DoorError::BadInput)) throw;
+    return true;
+  }
 }
 
 // The order; raises where one file is named for two purposes.
 const Order& Checked(const Order& order) {
   if (order.report == formats::kStandardStream)
-    formats::Raise(
-        formats::DoorError::BadInput,
-        "der Bericht muss eine Datei sein: mit ihm wird eine unterbrochene Übernahme fortgesetzt");
+    formats::Raise(formats::DoorError::BadInput,
+                   "der Bericht muss eine Datei sein, die Standardausgabe ist es nicht");
   const std::string rejected = RejectedFile(order.report);
   workspace::RequireOutside(order.database, order.report);
   workspace::RequireOutside(order.database, rejected);
@@ -64,80 +80,57 @@ std::string UsualReport(const std::string& list) {
 Job::Job(const Order& order)
     : order_(Checked(order)),
       list_(ReadListFile(order_.list)),
-      report_(order_.report),
-      list_is_rejected_(order_.list != formats::kStandardStream &&
-                        formats::IsSameFile(order_.list, RejectedFile(order_.report))) {
-  // Only a file that a run of this report wrote may be replaced.
-  if (list_is_rejected_ && !report_.Resumed())
-    formats::Raise(
-        formats::DoorError::BadInput,
-        order_.list +
-            ": hierhin kommen die abgelehnten Zeilen; geben Sie der Liste einen anderen Namen");
-}
+      earlier_(bulk::ReadEarlierReport(order_.report)) {}
 
-Run::Count Job::CarryOut(const platform::Clock& clock, const std::function<void()>& after_line,
-                         const std::function<void(dataset::WrittenRows&)>& show) {
+bulk::Count Job::CarryOut(const platform::Clock& clock, const std::function<void()>& after_line,
+                          const std::function<void(dataset::WrittenRows&)>& show) {
   return workspace::Naming(order_.database, [&] {
     auto store =
         workspace::OpenDatabase(order_.database, order_.rehearsal ? workspace::Access::Rehearsal
                                                                   : workspace::Access::Write);
     dataset::WrittenRows* written = nullptr;
     if (show) written = &dataset::WrittenRows::Watch(store);
-    Run run(std::move(store), clock);
-    const OldRejected old = ReadOldRejected();
-    order_.rehearsal ? formats::RequireWritable(order_.report) : report_.Open();
-    const std::string name =
-        std::filesystem::weakly_canonical(std::filesystem::absolute(order_.report)).string();
-    const Run::Count count = run.CarryOut(list_, report_, name, after_line);
-    if (!order_.rehearsal) WriteRejected(old);
-    run.Finish(report_);
+    Run run(std::move(store), clock, NameOf(order_.list), !order_.rehearsal);
+    run.AdoptEarlier(earlier_);
+    try {
+      run.CarryOut(list_, lines_, after_line);
+    } catch (...) {
+      try {
+        WriteReport();
+      } catch (const platform::Error&) {
+        // What stopped the run is the message.
+      }
+      throw;
+    }
+    WriteReport();
+    if (!order_.rehearsal) WriteRejected();
     if (show) show(*written);
+    bulk::Count count;
+    for (const bulk::ReportLine& line : lines_) count.Add(line.outcome);
     return count;
   });
 }
 
-// A file of rejected lines is known by them: the report says that they were.
-Job::OldRejected Job::ReadOldRejected() const {
-  const std::string file = RejectedFile(order_.report);
-  OldRejected old = OldRejected::Known;
-  std::error_code ignored;
-  if (list_is_rejected_ || !std::filesystem::exists(file, ignored)) return old;
-  std::unordered_set<std::string_view> of_list;
-  for (const Line& line : list_.lines) of_list.insert(line.text);
-  bool is_mine = true;
-  try {
-    for (const Line& line : ReadListFile(file).lines) {
-      is_mine = is_mine && report_.WasRejected(line.key);
-      if (!of_list.contains(line.text)) old = OldRejected::Changed;
-    }
-  } catch (const platform::Error& error) {
-    if (error.Number() != Number(formats::DoorError::BadInput)) throw;
-    is_mine = false;
-  }
-  if (!is_mine)
-    formats::Raise(
-        formats::DoorError::BadInput,
-        file +
-            ": hierhin kommen die abgelehnten Zeilen, es steht aber schon anderes da; geben "
-            "Sie dieser Datei einen anderen Namen");
-  return old;
+void Job::WriteReport() const {
+  if (!order_.rehearsal) formats::ReplaceFile(order_.report, bulk::TextOf(lines_));
 }
 
-void Job::WriteRejected(OldRejected old) {
+void Job::WriteRejected() {
   const std::string file = RejectedFile(order_.report);
+  std::vector<const Line*> rejected;
+  std::unordered_map<std::size_t, const Line*> lines;
+  for (const Line& line : list_.lines) lines[line.line] = &line;
+  for (const bulk::ReportLine& line : lines_)
+    if (IsRejected(line.outcome)) rejected.push_back(lines.at(line.line));
+
   std::error_code failed;
-  if (old == OldRejected::Changed) {
+  if (HasOtherLines(file, list_) && !formats::IsSameFile(file, order_.list)) {
     kept_ = file + "~";
     for (int i = 2; std::filesystem::exists(kept_, failed); ++i)
       kept_ = fmt::format("{}~{}", file, i);
     std::filesystem::rename(file, kept_, failed);
     if (failed) formats::RaiseUnwritable(kept_);
   }
-  std::unordered_map<std::size_t, const Line*> lines;
-  for (const Line& line : list_.lines) lines[line.line] = &line;
-  std::vector<const Line*> rejected;
-  for (const ReportLine& line : report_.Lines())
-    if (IsRejected(line.outcome)) rejected.push_back(lines.at(line.line));
   if (rejected.empty())
     std::filesystem::remove(file, failed);
   else
@@ -147,8 +140,8 @@ void Job::WriteRejected(OldRejected old) {
 std::vector<std::string> Job::FilesLeft() const {
   std::vector<std::string> left;
   const std::string rejected = RejectedFile(order_.report);
-  const auto is_rejected = [](const ReportLine& line) { return IsRejected(line.outcome); };
-  if (!order_.rehearsal && std::ranges::any_of(report_.Lines(), is_rejected))
+  const auto is_rejected = [](const bulk::ReportLine& line) { return IsRejected(line.outcome); };
+  if (!order_.rehearsal && std::ranges::any_of(lines_, is_rejected))
     left.push_back(fmt::format(
         "Abgelehnte Zeilen stehen in {}; verbessert sind sie die nächste Liste", rejected));
   if (!kept_.empty())

@@ -2,8 +2,8 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <map>
+#include <utility>
 
 #include "automation/formats/csv.h"
 #include "automation/formats/errors.h"
@@ -16,27 +16,32 @@
 #include "store/errors.h"
 
 namespace pactora::takeover {
+
+using bulk::Outcome;
+using bulk::ReportedContract;
+using bulk::ReportLine;
+
 namespace {
 
-// The database setting that remembers contracts: a line each with the report, the
-// key and the contract number.
+// The setting in which earlier releases remembered contracts that their report might lack: a
+// line each with the report, the key and the contract number.
 constexpr std::string_view kRememberedSetting = "Uebernahmelisten";
-// So many contracts are remembered before the report is made safe.
-constexpr std::size_t kMostRemembered = 50;
 
 store::TableId AddressTable(const store::RecordStore& store) {
   return store.Catalog().Table(schema::table::Adressen);
 }
 
-const schema::Table& Contracts(const schema::Catalog& catalog) {
-  return catalog.tables[catalog.Table(schema::table::vv_Vertraege)];
-}
-
 }  // namespace
 
-Run::Run(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock)
-    : session_(std::move(store), driver_, clock) {
-  const schema::Table& contracts = Contracts(session_.Store().Catalog());
+Run::Run(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock,
+         std::string list_name, bool gives_way)
+    : session_(std::move(store), driver_, clock),
+      clock_(clock),
+      list_name_(std::move(list_name)),
+      keys_(session_.Store()),
+      group_(session_.Host(), gives_way) {
+  const schema::Catalog& catalog = session_.Store().Catalog();
+  const schema::Table& contracts = catalog.tables[catalog.Table(schema::table::vv_Vertraege)];
   const auto number = contracts.FindField(schema::field::Vertragnummer);
   number_size_ = static_cast<std::size_t>(contracts.fields[number.value()].size);
   ReadAddresses();
@@ -66,128 +71,78 @@ Run::FoundAddress Run::FindAddress(const std::string& name) const {
   return {named->second.front(), {}};
 }
 
-Run::Count Run::CarryOut(const List& list, Report& report, const std::string& report_name,
-                         const std::function<void()>& after_line) {
-  report_name_ = report_name;
-  ReadContracts(report);
-  const std::vector<Remembered> mine = ReadRemembered();
-  // Without the report this list begins from the start.
-  if (report.Resumed()) kept_ = mine;
-  for (const Remembered& contract : kept_)
-    if (report.CreatedFor(contract.key) == nullptr)
-      report.AddEarlier(contract.key, contract.number);
-  Count count;
-  std::map<std::string_view, const Line*> first_of_key;
-  for (const Line& line : list.lines) {
-    // The key of an unclear line is not known; it is refused.
-    const ReportLine result =
-        line.unclear ? Enter(line)
-                     : Take(line, *first_of_key.try_emplace(line.key, &line).first->second, report);
-    report.Add(result);
-    switch (result.outcome) {
-      case Outcome::Created:
-        ++count.created;
-        break;
-      case Outcome::Skipped:
-        ++count.skipped;
-        break;
-      case Outcome::Refused:
-        ++count.refused;
-        break;
-      case Outcome::Failed:
-        ++count.failed;
-        break;
+void Run::AdoptEarlier(const std::vector<ReportedContract>& reported) {
+  for (const auto& contracts : {reported, TakeRemembered()})
+    for (const ReportedContract& contract : contracts) {
+      const store::Oid oid = keys_.ContractOf(contract.number);
+      if (oid != 0 && !keys_.Find(contract.key))
+        keys_.Add(contract.key, {{}, {}, contract.number, oid}, clock_.Now());
     }
-    after_line();
-  }
-  return count;
+  group_.End();
 }
 
-ReportLine Run::Take(const Line& line, const Line& first, Report& report) {
+std::vector<ReportedContract> Run::TakeRemembered() {
+  host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
+  if (!settings.Exists(kRememberedSetting)) return {};
+  const std::string text = host::ToText(settings.Item(kRememberedSetting).Value());
+  std::vector<ReportedContract> contracts;
+  for (const formats::CsvRow& row : formats::ReadCsv(text, formats::kSeparator))
+    if (row.cells.size() == 3) contracts.push_back({row.cells[1], row.cells[2]});
+  if (!text.empty()) settings.Item(kRememberedSetting).SetValue(std::string());
+  return contracts;
+}
+
+void Run::CarryOut(const List& list, std::vector<ReportLine>& done,
+                   const std::function<void()>& after_line) {
+  std::map<std::string_view, const Line*> first_of_key;
+  std::vector<ReportLine> of_group;
+  const auto end_group = [&] {
+    group_.End();
+    done.insert(done.end(), of_group.begin(), of_group.end());
+    for (std::size_t left = std::exchange(of_group, {}).size(); left > 0; --left) after_line();
+  };
+  try {
+    for (const Line& line : list.lines) {
+      // The key of an unclear line is not known; it is refused.
+      of_group.push_back(
+          line.unclear ? Enter(line)
+                       : Take(line, *first_of_key.try_emplace(line.key, &line).first->second));
+      if (group_.IsFull()) end_group();
+    }
+    end_group();
+  } catch (...) {
+    group_.Drop();
+    throw;
+  }
+}
+
+ReportLine Run::Take(const Line& line, const Line& first) {
   if (first.values != line.values)
-    return {line.line,
-            line.key,
-            Outcome::Refused,
-            {},
-            fmt::format("der Schlüssel steht schon in Zeile {}", first.line)};
-  if (const std::string* number = report.CreatedFor(line.key)) {
-    ReportLine result = AgainOrAnother(line, report, *number);
-    if (&first != &line && result.outcome == Outcome::Skipped)
-      result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
-    return result;
-  }
-  if (const Remembered* contract = Recovered(line.key))
-    return {line.line, line.key, Outcome::Created, contract->number, {}};
-  if (recent_.size() >= kMostRemembered) {
-    report.Sync();
-    recent_.clear();
-  }
+    return {line.line, line.key, Outcome::Refused,
+            {},        {},       fmt::format("der Schlüssel steht schon in Zeile {}", first.line)};
+  if (const auto entered = keys_.Find(line.key)) return TakeKnown(line, first, *entered);
   return Enter(line);
 }
 
-std::string Run::Count::Text() const {
-  const std::string failures = failed == 0 ? std::string() : fmt::format("{} Fehler, ", failed);
-  return fmt::format("{} angelegt, {} abgelehnt, {}{} übersprungen", created, refused, failures,
-                     skipped);
-}
-
-void Run::Finish(Report& report) {
-  report.Finish();
-  recent_.clear();
-  kept_.clear();
-  // Read and written in one unit, so that no other run writes in between.
-  session_.Store().LockForUpdate();
-  WriteRemembered();
-  session_.Host().EndUnit();
-}
-
-void Run::ReadContracts(const Report& report) {
-  store::RecordStore& store = session_.Store();
-  const schema::Table& schema = Contracts(store.Catalog());
-  workspace::ForEachRow(
-      store, store.Catalog().Table(schema.name), [&](const store::Record& record) {
-        const store::RowView row(schema, record);
-        contracts_.emplace(row.Text(schema::field::Vertragnummer),
-                           Known{record.parent, row.Text(schema::field::Bezeichnung),
-                                 host::ToDate(row[schema::field::VertragBeginn])});
-        return true;
-      });
-  const auto is_gone = [&](const ReportLine& line) { return !contracts_.contains(line.number); };
-  if (!report.Earlier().empty() && std::ranges::all_of(report.Earlier(), is_gone))
-    formats::Raise(formats::DoorError::BadInput,
-                   report.Path() +
-                       ": der Bericht gehört zu einer anderen Datenbank, keinen seiner Verträge "
-                       "gibt es in dieser");
-}
-
-const Run::Remembered* Run::Recovered(const std::string& key) const {
-  const auto found = std::find_if(kept_.begin(), kept_.end(),
-                                  [&](const Remembered& contract) { return contract.key == key; });
-  return found == kept_.end() ? nullptr : &*found;
-}
-
-ReportLine Run::AgainOrAnother(const Line& line, const Report& report,
-                               const std::string& number) const {
-  ReportLine result{line.line, line.key, Outcome::Skipped, number, {}};
-  const auto [first, end] = contracts_.equal_range(number);
-  if (first == end) result.message = "den Vertrag gibt es nicht mehr";
-  if (!report.WasDoubled(line.key)) return result;
-  // Two lines of one list had the key: this may be the one that was not entered.
-  const std::optional<store::Oid> address = FindAddress(line.address).oid;
-  const bool is_the_one = std::any_of(first, end, [&](const auto& entry) {
-    const Known& contract = entry.second;
-    return contract.address == address && contract.type == line.type &&
-           contract.begin == line.begin;
-  });
-  if (is_the_one) return result;
-  result.outcome = Outcome::Refused;
-  result.number.clear();
-  result.message = fmt::format("der Schlüssel gehört schon zu Vertrag {}", number);
+ReportLine Run::TakeKnown(const Line& line, const Line& first,
+                          const bulk::EnteredContract& entered) {
+  ReportLine result{line.line, line.key, Outcome::Skipped, entered.number, entered.list, {}};
+  const bool is_same = entered.digest.empty() || entered.digest == bulk::DigestOf(line.values);
+  if (!is_same) {
+    result.outcome = Outcome::Refused;
+    result.number.clear();
+    result.message =
+        fmt::format("der Schlüssel gehört mit anderen Werten schon zu Vertrag {}", entered.number);
+  } else if (&first != &line) {
+    result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
+  } else if (!keys_.Exists(entered)) {
+    result.message = "den Vertrag gibt es nicht mehr";
+  }
   return result;
 }
 
 ReportLine Run::Enter(const Line& line) {
-  ReportLine result{line.line, line.key, Outcome::Refused, {}, line.refusal};
+  ReportLine result{line.line, line.key, Outcome::Refused, {}, {}, line.refusal};
   if (!line.refusal.empty()) return result;
   const FoundAddress address = FindAddress(line.address);
   if (!address.oid) {
@@ -198,12 +153,13 @@ ReportLine Run::Enter(const Line& line) {
     result.message = fmt::format("Spalte Vertragsnummer: höchstens {} Zeichen", number_size_);
     return result;
   }
+  group_.Begin();
   try {
     session_.GoTo(AddressTable(session_.Store()), *address.oid);
     EnterContract(line, result);
   } catch (const platform::Error& error) {
-    session_.Host().DropUnit();
     if (workspace::FatalStoreErrorOf(error.Number())) throw;
+    group_.TakeBack();
     result.outcome = Outcome::Failed;
     result.message =
         fmt::format("Fehler &H{}: {}", platform::HexNumber(error.Number()), error.Description());
@@ -218,60 +174,23 @@ void Run::EnterContract(const Line& line, ReportLine& result) {
   bool show_definition = false;
   session_.Entry().NewContract(session_.App(), saved, terms, show_definition);
   result.message = driver_.Refusal().empty() ? driver_.JoinedMessages() : driver_.Refusal();
-  if (saved) {
-    recent_.push_back({line.key, driver_.ContractNumber()});
-    WriteRemembered();
-    session_.Host().EndUnit();
-    result.outcome = Outcome::Created;
-    result.number = driver_.ContractNumber();
-    if (contracts_.contains(result.number)) {
-      result.message += result.message.empty() ? "" : " | ";
-      result.message += "die Vertragsnummer hat schon ein anderer Vertrag";
-    }
-    contracts_.emplace(result.number, Known{});
+  if (driver_.FatalError()) store::Raise(*driver_.FatalError());
+  if (!saved) {
+    // Nothing half made stays behind: the line can be corrected and entered again.
+    group_.TakeBack();
+    if (driver_.Failed()) result.outcome = Outcome::Failed;
     return;
   }
-  // Nothing half made stays behind: the line can be corrected and entered again.
-  session_.Host().DropUnit();
-  if (driver_.FatalError()) store::Raise(*driver_.FatalError());
-  if (driver_.Failed()) result.outcome = Outcome::Failed;
-}
-
-std::vector<Run::Remembered> Run::ReadRemembered() {
-  host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
-  std::string text;
-  if (settings.Exists(kRememberedSetting))
-    text = host::ToText(settings.Item(kRememberedSetting).Value());
-  std::vector<Remembered> mine;
-  of_others_.clear();
-  for (const formats::CsvRow& row : formats::ReadCsv(text, formats::kSeparator)) {
-    if (row.cells.size() != 3) continue;
-    if (row.cells[0] == report_name_)
-      mine.push_back({row.cells[1], row.cells[2]});
-    else
-      of_others_ += row.text + "\n";
+  result.outcome = Outcome::Created;
+  result.number = driver_.ContractNumber();
+  result.list = list_name_;
+  const auto contracts = session_.Host().Table(schema::table::vv_Vertraege);
+  const store::Oid oid = store::ParseOid(contracts->Oid()).value_or(0);
+  keys_.Add(line.key, {bulk::DigestOf(line.values), list_name_, result.number, oid}, clock_.Now());
+  if (keys_.IsTaken(result.number, oid)) {
+    result.message += result.message.empty() ? "" : " | ";
+    result.message += "die Vertragsnummer hat schon ein anderer Vertrag";
   }
-  remembered_ = std::move(text);
-  return mine;
-}
-
-void Run::WriteRemembered() {
-  host::HostSettings& settings = session_.App()->CurrentDb()->DbSettings();
-  const bool exists = settings.Exists(kRememberedSetting);
-  // Another run has written meanwhile.
-  if (exists && host::ToText(settings.Item(kRememberedSetting).Value()) != remembered_)
-    ReadRemembered();
-  std::string text = of_others_;
-  for (const auto* mine : {&kept_, &recent_})
-    for (const Remembered& contract : *mine)
-      text += formats::CsvLine({report_name_, contract.key, contract.number}, formats::kSeparator) +
-              "\n";
-  if (exists) {
-    settings.Item(kRememberedSetting).SetValue(text);
-  } else if (!text.empty()) {
-    settings.Add(kRememberedSetting, text);
-  }
-  remembered_ = std::move(text);
 }
 
 }  // namespace pactora::takeover

@@ -32,13 +32,13 @@ std::vector<ListColumn> LineColumns() {
 std::vector<ListRow> RowsFrom(const takeover::Job& job, std::size_t first) {
   std::vector<ListRow> rows;
   for (std::size_t i = first; i < job.Lines().size(); ++i) {
-    const takeover::ReportLine& line = job.Lines()[i];
+    const bulk::ReportLine& line = job.Lines()[i];
     const bool bad =
-        line.outcome != takeover::Outcome::Created && line.outcome != takeover::Outcome::Skipped;
+        line.outcome != bulk::Outcome::Created && line.outcome != bulk::Outcome::Skipped;
     const auto key = static_cast<std::int64_t>(line.line);
     rows.push_back({key,
                     key,
-                    {static_cast<std::int32_t>(line.line), takeover::Text(line.outcome),
+                    {static_cast<std::int32_t>(line.line), std::string(bulk::Text(line.outcome)),
                      line.number, line.message},
                     bad});
   }
@@ -164,7 +164,7 @@ void TakeoverWindow::Run(takeover::Job& job) {
   outcome_.setText(QStringLiteral("Die Liste wird eingegeben …"));
   // The job is the worker's until that has finished.
   std::size_t sent = 0;
-  takeover::Run::Count count;
+  bulk::Count count;
   std::exception_ptr failure;
   QElapsedTimer since;
   const auto after_line = [&] {
@@ -193,8 +193,8 @@ void TakeoverWindow::Run(takeover::Job& job) {
   worker_ = nullptr;
 
   ShowRows(RowsFrom(job, sent));
-  const auto is_created = [](const takeover::ReportLine& line) {
-    return line.outcome == takeover::Outcome::Created;
+  const auto is_created = [](const bulk::ReportLine& line) {
+    return line.outcome == bulk::Outcome::Created;
   };
   if (!rehearsal_.isChecked() && std::ranges::any_of(job.Lines(), is_created)) changed_ = true;
   try {

@@ -133,14 +133,16 @@ TEST(TakeoverRun, AnErrorThatTheDialogShowsFailsItsLineOrStopsTheRun) {
       "1;Wartung Server;01.02.2024\n1;Wartung Server;gestern\n",
       "liste.csv");
   const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+  std::vector<bulk::ReportLine> lines;
   const auto run = [&](store::StoreError error) {
-    Report report;
-    return takeover::Run(std::make_unique<FailingStore>(error), clock)
-        .CarryOut(list, report, "", [] {});
+    takeover::Run(std::make_unique<FailingStore>(error), clock, "liste.csv", false)
+        .CarryOut(list, lines, [] {});
   };
-  const Run::Count count = run(store::StoreError::Failed);
-  EXPECT_EQ(count.failed, 2u);
-  EXPECT_EQ(count.refused, 1u);
+  run(store::StoreError::Failed);
+  using bulk::Outcome;
+  const Outcome outcomes[] = {Outcome::Failed, Outcome::Failed, Outcome::Refused};
+  ASSERT_EQ(lines.size(), std::size(outcomes));
+  for (std::size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(lines[i].outcome, outcomes[i]);
   const auto stopped = ErrorOf([&] { run(store::StoreError::Locked); });
   ASSERT_TRUE(stopped);
   EXPECT_EQ(stopped->Number(), Number(store::StoreError::Locked));

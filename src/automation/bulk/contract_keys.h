@@ -1,0 +1,52 @@
+// What callers have entered in bulk, by their own keys: a row for each contract, written in
+// the unit of work that makes it. The database alone knows what was entered.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/Date.h"
+#include "store/RecordStore.h"
+
+namespace pactora::bulk {
+
+struct EnteredContract {
+  std::string digest;  // of the values that were entered; empty where nobody knows them
+  std::string list;    // the list or file that they stood in
+  std::string number;  // of the contract
+  store::Oid oid = 0;  // of the contract; 0 where the failure left none
+};
+
+// A fixed-length text that differs where the values do.
+std::string DigestOf(std::string_view values);
+
+class ContractKeys {
+ public:
+  // The store must outlive this.
+  explicit ContractKeys(store::RecordStore& store);
+
+  // What was entered under that very key.
+  std::optional<EnteredContract> Find(const std::string& key);
+  // Adds the key to the open unit. Requires: it is not known yet.
+  void Add(const std::string& key, const EnteredContract& entered, platform::Date now);
+
+  // Whether the contract is still there.
+  bool Exists(const EnteredContract& entered);
+  // A contract of that very number, or 0.
+  store::Oid ContractOf(const std::string& number);
+  // Whether another contract has the number too.
+  bool IsTaken(const std::string& number, store::Oid own);
+
+ private:
+  // The first row of the index whose field holds that very text and which passes.
+  template <typename Passes>
+  bool Seek(store::TableId table, std::string_view field, const std::string& text, Passes passes,
+            store::Record& row);
+
+  store::RecordStore& store_;
+  const store::TableId keys_;
+  const store::TableId contracts_;
+};
+
+}  // namespace pactora::bulk

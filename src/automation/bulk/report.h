@@ -1,0 +1,62 @@
+// The report of a bulk run: what became of each contract that it was given. It is output
+// alone: what was entered is known by the database.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/formats/JsonWriter.h"
+
+namespace pactora::bulk {
+
+enum class Outcome {
+  Created,  // angelegt
+  Refused,  // abgelehnt: the add-on or the list's own rules
+  Failed,   // Fehler: of the host or the program
+  Skipped,  // übersprungen: entered by an earlier run, or the same stood above
+};
+
+std::string_view Text(Outcome outcome);
+// Whether the line was not entered.
+bool IsRejected(Outcome outcome);
+
+struct ReportLine {
+  std::size_t line = 0;  // of the list or file
+  std::string key;
+  Outcome outcome = Outcome::Failed;
+  std::string number;  // of the contract
+  std::string list;    // in which the contract was entered
+  std::string message;
+};
+
+struct Count {
+  std::size_t created = 0;
+  std::size_t refused = 0;
+  std::size_t failed = 0;
+  std::size_t skipped = 0;
+
+  void Add(Outcome outcome);
+  std::size_t Rejected() const { return refused + failed; }
+  // In German, for people.
+  std::string Text() const;
+};
+
+// The file's text: a line for each.
+std::string TextOf(const std::vector<ReportLine>& lines);
+// The same as an array with an object for each line.
+void Write(formats::JsonWriter& out, const std::vector<ReportLine>& lines);
+
+// A contract that a report of a release before the database knew its keys names.
+struct ReportedContract {
+  std::string key;
+  std::string number;
+};
+
+// Examines what stands where the report will be: nothing, a report, or one of an earlier
+// release, whose contracts are returned. Raises DoorError::BadInput for any other file, which
+// must not be replaced, and DoorError::NotCarriedOut where the report can't be written.
+std::vector<ReportedContract> ReadEarlierReport(const std::string& path);
+
+}  // namespace pactora::bulk
