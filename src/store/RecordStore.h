@@ -79,7 +79,9 @@ class RecordStore {
   virtual void LockForUpdate() = 0;
   virtual bool InUnit() const = 0;
   // Makes the unit's writes durable. Does nothing when no unit is open. On an
-  // error nothing of the unit remains.
+  // error nothing of the unit remains, except that StoreError::Uncertain says that nobody
+  // knows: the store is closed then and raises the same for every further call but Rollback;
+  // opened anew, the database shows what holds.
   virtual void Commit() = 0;
   // Drops the unit's writes; numbers that it gave out are given out again.
   virtual void Rollback() = 0;

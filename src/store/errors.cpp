@@ -28,6 +28,9 @@ std::string Text(StoreError error) {
       return "Der Text ist länger als das Feld.";
     case StoreError::ReadOnly:
       return "Die Datenbank ist schreibgeschützt.";
+    case StoreError::Uncertain:
+      return "Es ist ungewiss, ob die letzten Änderungen gespeichert sind; die Datenbank muss neu "
+             "geöffnet werden.";
   }
   return "Unbekannter Fehler der Datenbank.";
 }

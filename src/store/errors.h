@@ -21,6 +21,7 @@ enum class StoreError : std::uint32_t {
   DuplicateKey = 0x80041029,  // a unique key is taken
   TextTooLong = 0x8004102A,   // a text longer than its field
   ReadOnly = 0x8004102B,      // the file or its folder is write-protected
+  Uncertain = 0x8004102C,     // a commit broke off: it may have been carried out or not
 };
 
 constexpr std::int32_t Number(StoreError error) {

@@ -128,6 +128,19 @@ void Write(formats::JsonWriter& out, const std::vector<ReportLine>& lines) {
   out.EndArray();
 }
 
+platform::Error NamingContracts(const platform::Error& error,
+                                const std::vector<ReportLine>& lines) {
+  std::vector<std::string> numbers;
+  for (const ReportLine& line : lines)
+    if (line.outcome == Outcome::Created) numbers.push_back(line.number);
+  std::string text = error.Description();
+  if (numbers.size() == 1) text += fmt::format(" Betroffen ist Vertrag {}.", numbers.front());
+  if (numbers.size() > 1)
+    text += fmt::format(" Betroffen sind die {} Verträge {} bis {}.", numbers.size(),
+                        numbers.front(), numbers.back());
+  return {error.Number(), text, error.Source()};
+}
+
 std::vector<ReportedContract> ReadEarlierReport(const std::string& path) {
   std::error_code ignored;
   const std::filesystem::file_status status = std::filesystem::status(path, ignored);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automation/formats/JsonWriter.h"
+#include "platform/Error.h"
 
 namespace pactora::bulk {
 
@@ -47,6 +48,9 @@ struct Count {
 std::string TextOf(const std::vector<ReportLine>& lines);
 // The same as an array with an object for each line.
 void Write(formats::JsonWriter& out, const std::vector<ReportLine>& lines);
+
+// The error with the contracts among the lines, whose storing it leaves uncertain.
+platform::Error NamingContracts(const platform::Error& error, const std::vector<ReportLine>& lines);
 
 // A contract that a report of a release before the database knew its keys names.
 struct ReportedContract {

@@ -110,7 +110,9 @@ void Run::CarryOut(const List& list, std::vector<ReportLine>& done,
       if (group_.IsFull()) end_group();
     }
     end_group();
-  } catch (...) {
+  } catch (const platform::Error& error) {
+    if (error.Number() == store::Number(store::StoreError::Uncertain))
+      throw bulk::NamingContracts(error, of_group);
     group_.Drop();
     throw;
   }

@@ -28,6 +28,7 @@ Status StatusOf(StoreError error) {
     case StoreError::NotReachable:
     case StoreError::ReadOnly:
     case StoreError::OtherVersion:
+    case StoreError::Uncertain:
       return Status::NotReachable;
     default:
       return Status::Refused;

@@ -4,8 +4,9 @@ namespace pactora::workspace {
 namespace {
 
 constexpr store::StoreError kFatalErrors[] = {
-    store::StoreError::Locked, store::StoreError::NotReachable, store::StoreError::ReadOnly,
-    store::StoreError::Full,   store::StoreError::UnitLost,     store::StoreError::NotADatabase};
+    store::StoreError::Locked,   store::StoreError::NotReachable, store::StoreError::ReadOnly,
+    store::StoreError::Full,     store::StoreError::UnitLost,     store::StoreError::NotADatabase,
+    store::StoreError::Uncertain};
 
 }  // namespace
 

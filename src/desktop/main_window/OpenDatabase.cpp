@@ -3,12 +3,16 @@
 #include <QApplication>
 #include <QTimer>
 #include <exception>
+#include <utility>
 
 #include "automation/formats/errors.h"
 #include "automation/workspace/database.h"
 #include "desktop/MessageBox.h"
 #include "host/HostTable.h"
+#include "host/row.h"
+#include "schema/names.h"
 #include "store/RowView.h"
+#include "store/errors.h"
 
 namespace pactora::desktop {
 namespace {
@@ -29,7 +33,7 @@ OpenDatabase::OpenDatabase(const std::string& database, const platform::Clock& c
                            const platform::Locale& locale)
     : name_(database),
       clock_(clock),
-      screen_([this] { session_.Host().EndUnit(); }),
+      screen_([this] { EndUnit(); }),
       session_(Open(database), screen_, clock, locale) {}
 
 std::string OpenDatabase::UserName() {
@@ -71,8 +75,23 @@ bool OpenDatabase::Do(const std::function<void()>& action) {
   };
   guarded(action);
   // What was stored before a failure stays, as everywhere.
-  guarded([this] { session_.Host().EndUnit(); });
+  guarded([this] { EndUnit(); });
   return done;
+}
+
+void OpenDatabase::EndUnit() {
+  if (!Store().InUnit()) return;
+  const auto contract = session_.Host().Table(schema::table::vv_Vertraege);
+  const std::string number =
+      contract->Eof() ? std::string() : host::GetText(*contract, schema::field::Vertragnummer);
+  try {
+    session_.Host().EndUnit();
+  } catch (const platform::Error& error) {
+    if (error.Number() != Number(store::StoreError::Uncertain) || number.empty()) throw;
+    throw platform::Error(error.Number(),
+                          error.Description() + " Betroffen ist Vertrag " + number + ".",
+                          error.Source());
+  }
 }
 
 bool OpenDatabase::Read(const std::function<void()>& reading) {
@@ -88,6 +107,9 @@ bool OpenDatabase::Read(const std::function<void()>& reading) {
 void OpenDatabase::ShowError(const platform::Error& error) {
   if (error.Number() == formats::Number(DoorError::Interrupted)) return;
   Tell(formats::Describe(error));
+  // What is shown may not be what is stored.
+  if (error.Number() == Number(store::StoreError::Uncertain) && Lost)
+    QTimer::singleShot(0, &context_, std::exchange(Lost, nullptr));
 }
 
 void OpenDatabase::Tell(const std::string& text) {

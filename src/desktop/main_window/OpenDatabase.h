@@ -23,6 +23,10 @@ class OpenDatabase {
   OpenDatabase(const std::string& database, const platform::Clock& clock,
                const platform::Locale& locale = {});
 
+  // Called once, after its message, when the outcome of a save is uncertain: the database has
+  // to be opened anew to show what holds.
+  std::function<void()> Lost;
+
   const std::string& Name() const { return name_; }
   workspace::Session& Session() { return session_; }
   store::RecordStore& Store() { return session_.Store(); }
@@ -53,6 +57,9 @@ class OpenDatabase {
   void Tell(const std::string& text);
 
  private:
+  // An error whose outcome is uncertain names the contract that was saved.
+  void EndUnit();
+
   std::string name_;
   const platform::Clock& clock_;
   QtScreen screen_;

@@ -13,8 +13,8 @@
 #include <utility>
 
 #include "automation/formats/errors.h"
-#include "automation/workspace/exit_status.h"
 #include "automation/workspace/database.h"
+#include "automation/workspace/exit_status.h"
 #include "desktop/MessageBox.h"
 #include "desktop/appearance.h"
 #include "desktop/main_window/MainWindow.h"
@@ -41,6 +41,7 @@ class Program {
   // Raises what opening the database raises; what was open stays open then.
   void Open(const std::string& database) {
     auto opened = std::make_unique<OpenDatabase>(database, clock_, locale_);
+    opened->Lost = [this, database] { OpenInstead(database); };
     auto memory = std::make_unique<WindowMemory>(settings_, ToQt(opened->UserName()));
     UseTheme(memory->Look());
     auto window = std::make_unique<MainWindow>(*opened, *memory);

@@ -78,7 +78,7 @@ std::string PlainName(const std::string& path) {
 }
 
 constexpr std::chrono::milliseconds kLongestTimeout(std::numeric_limits<int>::max());
-constexpr int kLongestPause = 50;  // milliseconds, between two tries for a lock
+constexpr int kLongestPause = 10;  // milliseconds, between two tries for a lock
 
 std::atomic<bool (*)(std::chrono::milliseconds)> give_up = nullptr;
 
@@ -115,7 +115,7 @@ Connection::~Connection() {
   // Leaves this journal mode only to have the empty journal file removed; SQLite
   // does that when no other user is writing, and it is harmless if it stays: nobody
   // is waited for.
-  if (!InTransaction()) {
+  if (!InTransaction() && !leaves_file_) {
     sqlite3_busy_handler(database_, nullptr, nullptr);
     sqlite3_exec(database_, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
   }

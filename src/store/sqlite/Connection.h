@@ -13,7 +13,7 @@ enum class Access { ReadOnly, ReadWrite, Create };
 
 inline constexpr const char* kInMemory = ":memory:";
 
-// While a statement of any connection waits for other users, called about twenty times
+// While a statement of any connection waits for other users, called at least twenty times
 // a second, on the statement's thread and with how long it has waited: true ends the
 // wait as one that was too long. Must not use the connection. Null for none.
 void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited));
@@ -38,6 +38,9 @@ class Connection {
   void Run(const char* sql);
   void Run(const std::string& sql) { Run(sql.c_str()); }
 
+  // From now on nothing is written, not even when the connection is closed.
+  void LeaveAsItIs() { leaves_file_ = true; }
+
   // False also when SQLite gave up the transaction by itself after a failure.
   bool InTransaction() const { return sqlite3_get_autocommit(database_) == 0; }
 
@@ -49,6 +52,7 @@ class Connection {
   static int OnBusy(void* connection, int times);
 
   sqlite3* database_ = nullptr;
+  bool leaves_file_ = false;
   std::chrono::milliseconds timeout_;
   std::chrono::steady_clock::time_point since_;  // when the wait that is under way began
 };

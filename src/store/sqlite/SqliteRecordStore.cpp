@@ -99,20 +99,24 @@ std::int64_t ReadNumber(Statement& statement) {
 
 }  // namespace
 
+SqliteRecordStore::OpenFile::OpenFile(std::unique_ptr<Connection> file,
+                                      const schema::Catalog& catalog)
+    : connection(std::move(file)),
+      statements(*connection, catalog),
+      begin(*connection, "BEGIN IMMEDIATE"),
+      read_last_number(*connection, "SELECT last_number FROM pactora_database"),
+      write_last_number(*connection, "UPDATE pactora_database SET last_number = ?1"),
+      commit(*connection, "COMMIT"),
+      rollback(*connection, "ROLLBACK"),
+      savepoint(*connection, "SAVEPOINT pactora"),
+      rollback_to_savepoint(*connection, "ROLLBACK TO pactora"),
+      release_savepoint(*connection, "RELEASE pactora"),
+      data_version(*connection, "PRAGMA data_version") {}
+
 SqliteRecordStore::SqliteRecordStore(std::unique_ptr<Connection> connection,
                                      schema::Catalog catalog)
-    : connection_(std::move(connection)),
-      catalog_(std::move(catalog)),
-      statements_(*connection_, catalog_),
-      begin_(*connection_, "BEGIN IMMEDIATE"),
-      read_last_number_(*connection_, "SELECT last_number FROM pactora_database"),
-      write_last_number_(*connection_, "UPDATE pactora_database SET last_number = ?1"),
-      commit_(*connection_, "COMMIT"),
-      rollback_(*connection_, "ROLLBACK"),
-      savepoint_(*connection_, "SAVEPOINT pactora"),
-      rollback_to_savepoint_(*connection_, "ROLLBACK TO pactora"),
-      release_savepoint_(*connection_, "RELEASE pactora"),
-      data_version_(*connection_, "PRAGMA data_version") {}
+    : catalog_(std::move(catalog)),
+      file_(std::make_unique<OpenFile>(std::move(connection), catalog_)) {}
 
 bool SqliteRecordStore::Find(Statement& statement, TableId table, Record& record) {
   const ResetAtEnd reset(statement);
@@ -122,14 +126,14 @@ bool SqliteRecordStore::Find(Statement& statement, TableId table, Record& record
 }
 
 bool SqliteRecordStore::Read(TableId table, Oid oid, Record& record) {
-  Statement& statement = statements_.Get(table, Operation::Read);
+  Statement& statement = File().statements.Get(table, Operation::Read);
   statement.Bind(1, oid);
   return Find(statement, table, record);
 }
 
 bool SqliteRecordStore::NextInParent(TableId table, Oid parent, std::int64_t after,
                                      Record& record) {
-  Statement& statement = statements_.Get(table, Operation::NextInParent);
+  Statement& statement = File().statements.Get(table, Operation::NextInParent);
   int parameter = 1;
   if (catalog_.tables[table].parent) statement.Bind(parameter++, parent);
   statement.Bind(parameter, after);
@@ -138,25 +142,25 @@ bool SqliteRecordStore::NextInParent(TableId table, Oid parent, std::int64_t aft
 
 bool SqliteRecordStore::NextByKey(TableId table, IndexId index, std::string_view key,
                                   std::int64_t after, Record& record) {
-  Statement& statement = statements_.NextByKey(table, index);
+  Statement& statement = File().statements.NextByKey(table, index);
   statement.Bind(1, key);
   statement.Bind(2, after);
   return Find(statement, table, record);
 }
 
 std::int64_t SqliteRecordStore::CountInParent(TableId table, Oid parent) {
-  Statement& statement = statements_.Get(table, Operation::CountInParent);
+  Statement& statement = File().statements.Get(table, Operation::CountInParent);
   if (catalog_.tables[table].parent) statement.Bind(1, parent);
   return ReadNumber(statement);
 }
 
 std::int64_t SqliteRecordStore::Count(TableId table) {
-  return ReadNumber(statements_.Get(table, Operation::Count));
+  return ReadNumber(File().statements.Get(table, Operation::Count));
 }
 
-bool SqliteRecordStore::HasWritten(int code) const {
-  if (code != SQLITE_DONE) connection_->Fail(code);
-  return sqlite3_changes(connection_->Handle()) != 0;
+bool SqliteRecordStore::HasWritten(int code) {
+  if (code != SQLITE_DONE) File().connection->Fail(code);
+  return sqlite3_changes(File().connection->Handle()) != 0;
 }
 
 void SqliteRecordStore::Insert(TableId table, Record& record) {
@@ -170,7 +174,7 @@ void SqliteRecordStore::Insert(TableId table, Record& record) {
   std::int64_t order = record.order;
   if (order == 0) order = record.oid == 0 ? oid : ++number;
 
-  Statement& statement = statements_.Get(table, Operation::Insert);
+  Statement& statement = File().statements.Get(table, Operation::Insert);
   statement.Bind(kOidParameter, oid);
   statement.Bind(kVersionParameter, std::int64_t{1});
   statement.Bind(kOrderParameter, order);
@@ -184,7 +188,7 @@ void SqliteRecordStore::Insert(TableId table, Record& record) {
 }
 
 bool SqliteRecordStore::UpdateWith(Operation operation, TableId table, const Record& record) {
-  Statement& statement = statements_.Get(table, operation);
+  Statement& statement = File().statements.Get(table, operation);
   statement.Bind(kOidParameter, record.oid);
   statement.Bind(kVersionParameter, record.version);
   BindContent(statement, catalog_.tables[table], record);
@@ -206,7 +210,7 @@ bool SqliteRecordStore::Update(TableId table, Record& record) {
 void SqliteRecordStore::UpdateKeys(TableId table, Oid oid, const std::vector<std::string>& keys) {
   EnterUnit();
   if (keys.empty()) return;
-  Statement& statement = statements_.Get(table, Operation::UpdateKeys);
+  Statement& statement = File().statements.Get(table, Operation::UpdateKeys);
   statement.Bind(1, oid);
   BindKeys(statement, 2, keys);
   HasWritten(statement.Run());
@@ -214,7 +218,7 @@ void SqliteRecordStore::UpdateKeys(TableId table, Oid oid, const std::vector<std
 
 bool SqliteRecordStore::Erase(TableId table, Oid oid, std::int64_t version) {
   EnterUnit();
-  Statement& statement = statements_.Get(table, Operation::Erase);
+  Statement& statement = File().statements.Get(table, Operation::Erase);
   statement.Bind(1, oid);
   statement.Bind(2, version);
   const int code = statement.Run();
@@ -224,20 +228,20 @@ bool SqliteRecordStore::Erase(TableId table, Oid oid, std::int64_t version) {
 
 void SqliteRecordStore::EnterUnit() {
   if (in_unit_) [[likely]] {
-    if (!connection_->InTransaction()) Raise(StoreError::UnitLost);
+    if (!File().connection->InTransaction()) Raise(StoreError::UnitLost);
     return;
   }
-  begin_.Step();
+  File().begin.Step();
   in_unit_ = true;
-  last_number_ = saved_last_number_ = ReadNumber(read_last_number_);
+  last_number_ = saved_last_number_ = ReadNumber(File().read_last_number);
 }
 
 void SqliteRecordStore::LockForUpdate() { EnterUnit(); }
 
 void SqliteRecordStore::SaveLastNumber() {
   if (last_number_ == saved_last_number_) return;
-  write_last_number_.Bind(1, last_number_);
-  write_last_number_.Step();
+  File().write_last_number.Bind(1, last_number_);
+  File().write_last_number.Step();
 }
 
 void SqliteRecordStore::Commit() {
@@ -245,7 +249,7 @@ void SqliteRecordStore::Commit() {
   EnterUnit();
   try {
     SaveLastNumber();
-    commit_.Step();
+    if (const int code = File().commit.Run(); code != SQLITE_DONE) FailCommit(code);
   } catch (...) {
     Rollback();
     throw;
@@ -253,49 +257,58 @@ void SqliteRecordStore::Commit() {
   in_unit_ = has_savepoint_ = false;
 }
 
+// After an input or output error reading the file back would prove nothing: the system may
+// have dropped what it took. Whoever opens the file next lets its journal decide.
+void SqliteRecordStore::FailCommit(int code) {
+  if ((code & 0xFF) != SQLITE_IOERR) File().connection->Fail(code);
+  File().connection->LeaveAsItIs();
+  file_.reset();
+  Raise(StoreError::Uncertain);
+}
+
 void SqliteRecordStore::Rollback() {
   in_unit_ = has_savepoint_ = false;
-  if (connection_->InTransaction()) rollback_.Step();
+  if (file_ != nullptr && File().connection->InTransaction()) File().rollback.Step();
 }
 
 void SqliteRecordStore::SetSavepoint() {
   EnterUnit();
-  if (has_savepoint_) release_savepoint_.Step();
-  savepoint_.Step();
+  if (has_savepoint_) File().release_savepoint.Step();
+  File().savepoint.Step();
   has_savepoint_ = true;
   savepoint_last_number_ = last_number_;
 }
 
 void SqliteRecordStore::RollbackToSavepoint() {
   EnterUnit();
-  rollback_to_savepoint_.Step();
+  File().rollback_to_savepoint.Step();
   last_number_ = savepoint_last_number_;
 }
 
 Profile SqliteRecordStore::ReadProfile() {
-  if (connection_->InTransaction()) return sqlite::ReadProfile(*connection_);
-  connection_->Run("BEGIN");
+  if (File().connection->InTransaction()) return sqlite::ReadProfile(*File().connection);
+  File().connection->Run("BEGIN");
   try {
-    Profile profile = sqlite::ReadProfile(*connection_);
-    rollback_.Step();
+    Profile profile = sqlite::ReadProfile(*File().connection);
+    File().rollback.Step();
     return profile;
   } catch (...) {
-    if (connection_->InTransaction()) rollback_.Step();
+    if (File().connection->InTransaction()) File().rollback.Step();
     throw;
   }
 }
 
 void SqliteRecordStore::WriteProfile(const Profile& profile) {
   EnterUnit();
-  sqlite::WriteProfile(*connection_, profile);
+  sqlite::WriteProfile(*File().connection, profile);
 }
 
 void SqliteRecordStore::WriteSetting(const Setting& setting) {
   EnterUnit();
-  sqlite::WriteSetting(*connection_, setting);
+  sqlite::WriteSetting(*File().connection, setting);
 }
 
 // SQLite counts what other connections commit.
-std::int64_t SqliteRecordStore::ProfileStamp() { return ReadNumber(data_version_); }
+std::int64_t SqliteRecordStore::ProfileStamp() { return ReadNumber(File().data_version); }
 
 }  // namespace pactora::store::sqlite

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "store/RecordStore.h"
+#include "store/errors.h"
 #include "store/sqlite/Connection.h"
 #include "store/sqlite/statements.h"
 
@@ -47,26 +48,39 @@ class SqliteRecordStore final : public RecordStore {
   // up the one that was.
   void EnterUnit();
   void SaveLastNumber();
+  [[noreturn]] void FailCommit(int code);
 
   // Runs a statement that finds one row at most.
   bool Find(Statement& statement, TableId table, Record& record);
   bool UpdateWith(Operation operation, TableId table, const Record& record);
   // Whether the statement that ran last wrote a row. Raises the error of code.
-  bool HasWritten(int code) const;
+  bool HasWritten(int code);
 
-  // The statements go before the connection that they belong to.
-  std::unique_ptr<Connection> connection_;
+  // The file and the statements on it; gone once a commit broke off.
+  struct OpenFile {
+    OpenFile(std::unique_ptr<Connection> file, const schema::Catalog& catalog);
+
+    // The statements go before the connection that they belong to.
+    std::unique_ptr<Connection> connection;
+    Statements statements;
+    Statement begin;
+    Statement read_last_number;
+    Statement write_last_number;
+    Statement commit;
+    Statement rollback;
+    Statement savepoint;
+    Statement rollback_to_savepoint;
+    Statement release_savepoint;
+    Statement data_version;
+  };
+  OpenFile& File() {
+    if (file_ == nullptr) [[unlikely]]
+      Raise(StoreError::Uncertain);
+    return *file_;
+  }
+
   schema::Catalog catalog_;
-  Statements statements_;
-  Statement begin_;
-  Statement read_last_number_;
-  Statement write_last_number_;
-  Statement commit_;
-  Statement rollback_;
-  Statement savepoint_;
-  Statement rollback_to_savepoint_;
-  Statement release_savepoint_;
-  Statement data_version_;
+  std::unique_ptr<OpenFile> file_;
 
   bool in_unit_ = false;
   bool has_savepoint_ = false;
