@@ -64,7 +64,7 @@ TakeoverWindow::TakeoverWindow(std::string database, const platform::Clock& cloc
   outcome_.setWordWrap(true);
   outcome_.setText(
       QStringLiteral("Jede Zeile der Liste wird wie im Dialog „Neuer Vertrag“ eingegeben. Eine "
-                     "angehaltene Übernahme setzt derselbe Bericht fort, kein Vertrag entsteht "
+                     "angehaltene Übernahme setzt derselbe Start fort, kein Vertrag entsteht "
                      "doppelt."));
   table_.setAccessibleName(QStringLiteral("Zeilen der Liste"));
 
@@ -136,7 +136,6 @@ void TakeoverWindow::ChooseList() {
 }
 
 void TakeoverWindow::ChooseReport() {
-  // An earlier report is continued, not replaced.
   const QString file =
       QFileDialog::getSaveFileName(this, QStringLiteral("Bericht"), report_.text(), kLists, nullptr,
                                    QFileDialog::DontConfirmOverwrite);
