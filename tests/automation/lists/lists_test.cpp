@@ -69,6 +69,8 @@ TEST(Lists, DeadlinesOfSomeWeeksAreThoseOfTheCalendar) {
     EXPECT_THAT(keys, testing::UnorderedElementsAreArray(expected));
     EXPECT_EQ(keys.size(), count) << weeks;
   }
+  const platform::Date last{platform::kLastDay};
+  EXPECT_TRUE(deadlines::IsWithin(last, last, deadlines::kMostWeeks)) << "past the calendar's end";
 }
 
 }  // namespace

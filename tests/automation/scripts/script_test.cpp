@@ -285,7 +285,7 @@ TEST(ScriptRun, ARehearsalEndsWithTheRowsThatWereWritten) {
   const formats::Json tables = formats::Json::parse(ran.events.back())["tables"];
   std::vector<std::string> names;
   for (const auto& table : tables.items()) names.push_back(table.key());
-  EXPECT_THAT(names, ElementsAre("vv_Vertraege", "vv_Vertragsstaende", "vv_Vertragspositionen",
+  ASSERT_THAT(names, ElementsAre("vv_Vertraege", "vv_Vertragsstaende", "vv_Vertragspositionen",
                                  "vv_VertragsAktivitaeten", "KELM_Nummern"));
   EXPECT_FALSE(tables["vv_Vertraege"][0].contains("vv_Vertragsstaende"));
   EXPECT_EQ(tables["KELM_Nummern"][0]["Nummer"], "00000007") << "changed, not made";
