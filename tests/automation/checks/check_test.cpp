@@ -50,6 +50,9 @@ class Damaged {
   std::vector<store::Record> All(const char* table) {
     return workspace::AllRows(Store(), Id(table));
   }
+  std::string AppointmentOfTheOther() {
+    return std::to_string(All("vv_VertragsAktivitaeten").at(1).oid);
+  }
 
   void Set(const char* table, const char* field, host::Value value) {
     store::Record record = All(table).at(0);
@@ -84,7 +87,8 @@ TEST(Check, NamesEachValueThatDoesNotFit) {
       {"vv_Vertragsstaende", "LaufzeitEndeStr", "20250227", "LaufzeitEndeStr"},
       {"vv_Vertraege", "ArtStr", "verlängerbar", "ArtStr „verlängerbar“"},
       {"vv_Vertraege", "Typ", "X", "den Typ „X“"},
-      {"vv_Vertraege", "AlarmOID", "2", "ist kein Termin dieses Vertrags"},  // but of the other
+      {"vv_Vertraege", "AlarmOID", "x", "AlarmOID „x“ ist kein Termin dieses Vertrags"},
+      {"vv_Vertraege", "AlarmOID", Damaged().AppointmentOfTheOther(), "kein Termin dieses"},
       {"vv_Vertraege", "VertragsDefinitionID", "T9", "VertragsDefinitionID „T9“ gibt es nicht"},
       {"vv_Vertragspositionen", "ArtikelID", "A9", "ArtikelID „A9“ gibt es nicht"},
       {"KELM_Nummern", "Nummer", "00000000", "steht auf „00000000“, vergeben ist schon 00000002"},
