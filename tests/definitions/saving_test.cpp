@@ -81,7 +81,8 @@ TEST_F(SavingTest, ANewTypeIsStoredWithItsPositions) {
 TEST_F(SavingTest, ACreditorTypeHasOnePlaceholder) {
   OpenNew([&](DialogUser& user) {
     AddArticle(user, 1);
-    user.Enter({{"txtBezeichnung", "Miete"}, {"optKreditor", ""}, {"cmdSave", ""}});
+    user.Enter({{"txtBezeichnung", "Miete"}, {"chkNoBooking", ""}, {"optKreditor", ""}});
+    user.Click("cmdSave");
   });
   EXPECT_EQ(Written(world.TheOnly(table::vv_Definitionspositionen)),
             "Anzahl=1, Artikel=Tragen Sie hier die Bezeichnung ein!, ArtikelID=00000000, "
@@ -90,6 +91,8 @@ TEST_F(SavingTest, ACreditorTypeHasOnePlaceholder) {
             "Positionsnummer=, Preis=0, PreisM1=0, PreisM12=0, PreisM24=0, PreisM3=0, PreisM36=0, "
             "PreisM48=0, PreisM6=0, PreisM60=0, Row=001");
   EXPECT_EQ(Types().front()[field::NettoSumme], host::Value(0.0));
+  EXPECT_EQ(Types().front()[field::NoBooking], host::Value(false))
+      << "nothing is ticked for creditors";
 
   OpenEdit([&](DialogUser& user) { user.Click("cmdSave"); });
   EXPECT_EQ(Positions().size(), 1u);
