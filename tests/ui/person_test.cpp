@@ -38,23 +38,6 @@ struct PersonTest : testing::Test, FormObserver {
   std::vector<std::string> seen;
 };
 
-TEST_F(PersonTest, ChangesControlsAsCodeDoes) {
-  person.Click(form.optA);
-  person.Click(form.optA);
-  person.Click(form.chkFlag);
-  person.SetCheck(form.chkFlag, true);
-  person.Choose(form.cboList, 1);
-  person.ChooseText(form.cboList, "Monate");
-  person.ChooseText(form.lstRows, "zwei");
-  person.PickDate(form.dtpStart, platform::Date{45366.0});
-  person.PickDate(form.dtpClosed, std::nullopt);
-  person.Paste(form.cboFree, "kg");
-  person.Click(form.cmdOK);
-  EXPECT_THAT(form.Ran(),
-              ElementsAre("optA_Click", "chkFlag_Click", "cboList_Click", "lstRows_Click",
-                          "dtpStart_Change", "dtpClosed_Change", "cboFree_Change", "cmdOK_Click"));
-}
-
 TEST_F(PersonTest, ClickingARowAlwaysCounts) {
   form.lvwRows.AddRow("9", {"Wartung"});
   form.lvwRows.AddRow("8", {"Server"});
@@ -66,22 +49,6 @@ TEST_F(PersonTest, ClickingARowAlwaysCounts) {
               ElementsAre("lvwRows_ItemClick 1", "lvwRows_ItemClick 1", "lvwRows_ItemClick 2"));
   EXPECT_EQ(form.lvwRows.SelectedRow(), 0);
   Expect(Obstacle::NotInList, person.ChooseText(form.lvwRows, "9"));  // a hidden column
-}
-
-TEST_F(PersonTest, TypesKeyByKeyThroughTheHandler) {
-  form.txtDauer.SetText("1");
-  form.Ran();
-  form.on_key = [](std::int32_t& key) {
-    if (key == '.') key = ',';
-    if (key == 'x') key = 0;
-  };
-  person.Type(form.txtDauer, "x2.");
-  EXPECT_EQ(form.txtDauer.Text(), "12,");
-  EXPECT_THAT(form.Ran(),
-              ElementsAre("txtDauer_KeyPress 120", "txtDauer_KeyPress 50", "txtDauer_Change",
-                          "txtDauer_KeyPress 46", "txtDauer_Change"));
-  person.Paste(form.txtDauer, "-5 x.");
-  EXPECT_EQ(form.txtDauer.Text(), "-5 x.") << "past the handler";
 }
 
 TEST_F(PersonTest, BackspaceTakesTheLastCharacter) {
@@ -98,16 +65,6 @@ TEST_F(PersonTest, BackspaceTakesTheLastCharacter) {
   EXPECT_EQ(form.txtDauer.Text(), "12") << "the return key writes nothing on a single line";
 }
 
-TEST_F(PersonTest, StopsTypingWhenAKeyMovesTheFocus) {
-  form.txtDauer.Change = [this] { form.cboList.SetFocus(); };
-  EXPECT_TRUE(person.Type(form.txtDauer, "24").Done());
-  EXPECT_EQ(form.txtDauer.Text(), "2");
-  EXPECT_EQ(form.Focus(), &form.cboList);
-  form.txtMemo.Change = [this] { form.Hide(); };
-  person.Type(form.txtMemo, "ab");
-  EXPECT_EQ(form.txtMemo.Text(), "a");
-}
-
 TEST_F(PersonTest, ValidatesTheBoxThatIsLeft) {
   person.Enter(form.txtDauer);
   person.Click(form.cmdOK);
@@ -118,20 +75,6 @@ TEST_F(PersonTest, ValidatesTheBoxThatIsLeft) {
   EXPECT_EQ(form.Focus(), nullptr);
   person.Click(form.chkFlag);
   EXPECT_THAT(form.Ran(), ElementsAre("txtDauer_Validate", "chkFlag_Click"));
-}
-
-TEST_F(PersonTest, StaysInABoxThatRefuses) {
-  person.Enter(form.txtDauer);
-  form.on_validate = [](bool& cancel) { cancel = true; };
-  seen.clear();
-  for (const Outcome outcome :
-       {person.Click(form.cmdOK), person.Choose(form.cboList, 1), person.Leave(form.txtDauer),
-        person.Type(form.txtMemo, "a"), person.PickDate(form.dtpClosed, std::nullopt)}) {
-    EXPECT_EQ(outcome.kind, Outcome::Kind::FocusKept);
-  }
-  EXPECT_THAT(seen, testing::AllOf(testing::SizeIs(5), testing::Each("kept txtDauer")));
-  EXPECT_EQ(form.Focus(), &form.txtDauer);
-  EXPECT_THAT(form.Ran(), testing::Each("txtDauer_Validate"));
 }
 
 TEST_F(PersonTest, IsNeverTrappedInABox) {
@@ -147,16 +90,6 @@ TEST_F(PersonTest, IsNeverTrappedInABox) {
     EXPECT_EQ(form.Ran().size(), can_cancel ? 1U : 0U);
     EXPECT_FALSE(form.Visible());
   }
-}
-
-TEST_F(PersonTest, LooksForWhatIsInReachBeforeAndAfterTheValidation) {
-  form.on_validate = [this](bool&) { form.cmdOK.SetEnabled(false); };
-  person.Enter(form.txtDauer);
-  Expect(Obstacle::Disabled, person.Click(form.cmdOK));
-  EXPECT_THAT(form.Ran(), ElementsAre("txtDauer_Validate"));
-  form.fraTyp.SetEnabled(false);
-  EXPECT_TRUE(person.Click(form.chkFlag).Done());
-  EXPECT_THAT(form.Ran(), ElementsAre("chkFlag_Click")) << "a box out of reach is not validated";
 }
 
 TEST_F(PersonTest, CannotReachWhatIsShutOff) {
@@ -227,17 +160,6 @@ TEST_F(PersonTest, SeesTheProgramMoveTheFocus) {
   form.cboList.SetFocus();
   EXPECT_THAT(seen, ElementsAre("changed chkFlag", "program cboList"));
   EXPECT_THAT(form.Ran(), IsEmpty()) << "the program's own move validates nothing";
-}
-
-TEST_F(PersonTest, StartsInTheFirstControlOrWhereTheProgramPutTheFocus) {
-  EXPECT_EQ(form.Focus(), &form.txtMemo);
-  SampleForm other;
-  other.BeginModal();
-  EXPECT_EQ(other.Focus(), &other.txtDauer);
-  other.Hide();
-  other.fraTyp.SetVisible(false);
-  other.BeginModal();
-  EXPECT_EQ(other.Focus(), &other.txtMemo);
 }
 
 TEST_F(PersonTest, ObserversHearOfAChangeBeforeItsHandlerRuns) {
