@@ -11,7 +11,6 @@ namespace pactora::ui {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 struct Dispatch : testing::Test {
   Dispatch() {
@@ -51,33 +50,6 @@ TEST_F(Dispatch, HandsTheErrorOfAPersonsOutermostEventToTheForm) {
   }
 }
 
-TEST_F(Dispatch, RaisesOnWhatNobodyTakes) {
-  form.txtDauer.Change = Fail;
-  EXPECT_THROW(form.txtDauer.SetText("1"), platform::Error) << "a change by code";
-  form.on_ok = Fail;
-  const auto sink = std::exchange(form.OnError, nullptr);
-  EXPECT_THROW(person.Click(form.cmdOK), platform::Error);
-  form.OnError = sink;
-  EXPECT_THROW(form.txtDauer.SetText("2"), platform::Error) << "the program's again";
-  EXPECT_THAT(errors, IsEmpty());
-}
-
-TEST_F(Dispatch, KeepsTheErrorsOfTwoFormsApart) {
-  SampleForm inner;
-  inner.BeginModal();
-  inner.OnError = [this](const std::string& procedure, const platform::Error&) {
-    errors.push_back("inner " + procedure);
-  };
-  inner.on_ok = Fail;
-  inner.txtDauer.Change = Fail;
-  form.on_ok = [&] {
-    Person(inner).Click(inner.cmdOK);
-    inner.txtDauer.SetText("1");  // by code of the outer form
-  };
-  person.Click(form.cmdOK);
-  EXPECT_THAT(errors, ElementsAre("inner cmdOK_Click", "cmdOK_Click 11"));
-}
-
 TEST_F(Dispatch, DropsAKeyAndKeepsTheFocusWhenTheHandlerFails) {
   form.on_key = [](std::int32_t&) { Fail(); };
   form.on_validate = [](bool&) { Fail(); };
@@ -86,14 +58,6 @@ TEST_F(Dispatch, DropsAKeyAndKeepsTheFocusWhenTheHandlerFails) {
   EXPECT_EQ(person.Leave(form.txtDauer).kind, Outcome::Kind::FocusKept);
   EXPECT_TRUE(form.txtDauer.HasFocus());
   EXPECT_THAT(errors, ElementsAre("txtDauer_KeyPress 11", "txtDauer_Validate 11"));
-}
-
-TEST_F(Dispatch, CatchesTheActivationToo) {
-  form.EndModal();
-  form.Activate = Fail;
-  form.BeginModal();
-  EXPECT_THAT(errors, ElementsAre("Form_Activate 11"));
-  EXPECT_TRUE(form.Visible());
 }
 
 }  // namespace
