@@ -70,17 +70,6 @@ TEST(ComboBox, WithFreeTextChoosesTheEntryThatEqualsIt) {
   EXPECT_EQ(form.cboFree.Text(), "");
 }
 
-TEST(ComboBox, OfAListShowsTheChosenEntryUnderItsNewText) {
-  SampleForm form;
-  form.cboList.SetText("Monate");
-  EXPECT_EQ(form.cboList.ItemData(form.cboList.ListIndex()), 30);
-  form.cboList.SetItemText(1, "weg");
-  form.cboList.SetItemData(1, 5);
-  EXPECT_EQ(form.cboList.Text(), "weg");
-  EXPECT_EQ(form.cboList.FindData(5), 1);
-  EXPECT_EQ(form.cboList.FindData(30), -1);
-}
-
 TEST(Controls, RefuseWhatDoesNotExist) {
   SampleForm form;
   form.lvwRows.AddRow("1");
@@ -100,25 +89,6 @@ TEST(Controls, RefuseWhatDoesNotExist) {
   };
   for (const auto& [number, act] : cases) EXPECT_EQ(support::ErrorNumberOf(act), number);
   EXPECT_EQ(form.cboList.ListIndex(), -1);
-}
-
-TEST(OptionButton, ExcludesTheOthersOfItsContainer) {
-  SampleForm form;
-  form.optElsewhere.SetValue(true);
-  form.optA.SetValue(true);
-  bool others_off = false;
-  form.optB.Click = [&] { others_off = !form.optA.Value(); };
-  form.optB.SetValue(true);
-  EXPECT_TRUE(others_off);
-  EXPECT_TRUE(form.optElsewhere.Value());
-}
-
-TEST(DTPicker, RemembersTheDayWhileItHasNone) {
-  SampleForm form;
-  form.dtpClosed.SetValue(kDay);
-  form.dtpClosed.SetNull();
-  EXPECT_TRUE(form.dtpClosed.IsNull());
-  EXPECT_EQ(form.dtpClosed.ShownDate(), kDay);
 }
 
 TEST(ListView, KeepsTheSelectionWithItsRow) {
@@ -148,15 +118,6 @@ TEST(ListView, HoldsSubItemsByNumber) {
   EXPECT_THAT(texts, ElementsAre("17", "Wartung", "", "Stück", ""));
   EXPECT_EQ(view.RowToolTip(1), "Wartung Server");
   EXPECT_EQ(view.FirstShownColumn(), 1);
-}
-
-TEST(Form, FindsControlsByTheirExactName) {
-  SampleForm form;
-  EXPECT_EQ(form.Find("txtdauer"), nullptr);
-  EXPECT_EQ(form.Find<TextBox>("txtDauer"), &form.txtDauer);
-  EXPECT_EQ(form.Find<Label>("txtDauer"), nullptr);
-  EXPECT_EQ(form.CancelButton(), &form.cmdCancel);
-  EXPECT_EQ(form.DefaultButton(), &form.cmdOK);
 }
 
 }  // namespace
