@@ -6,8 +6,6 @@
 namespace pactora::definitions {
 namespace {
 
-using testing::ElementsAre;
-
 class PositionDialogTest : public DefinitionTest {
  protected:
   PositionDialogTest() { Create(); }
@@ -18,13 +16,6 @@ class PositionDialogTest : public DefinitionTest {
     dialog->txtAnzahl.SetText("1,00");
     dialog->txtNettopreis.SetText("1200,00");
     for (std::size_t i = 0; i < schema::kPeriods.size(); ++i) dialog->PriceBox(i).SetText("7,00");
-  }
-  std::vector<std::string> Prices() {
-    std::vector<std::string> prices;
-    for (std::size_t i = 0; i < schema::kPeriods.size(); ++i) {
-      prices.push_back(dialog->PriceBox(i).Text());
-    }
-    return prices;
   }
   std::string BoldLabels() {
     std::string names;
@@ -54,26 +45,6 @@ TEST_F(PositionDialogTest, ThePaymentPeriodChoosesTheActivePrice) {
     EXPECT_FALSE(dialog->InitNew(12, period, "Periode")) << period;
     EXPECT_EQ(BoldLabels() + dialog->txtGesamt.Text(), "");
   }
-}
-
-TEST_F(PositionDialogTest, AnEditedPositionKeepsItsPricesUntilTheNetPriceIsLeft) {
-  dialog->txtAnzahl.SetText("3,00");
-  ASSERT_TRUE(dialog->InitEdit(24, 12, "jährlich"));
-  Show(*dialog, [&](DialogUser& user) {
-    user.Shows({{"txtGesamt", "21,00"}, {"lblDuration", "Gesamtlaufzeit: 24 Monate"}});
-    EXPECT_THAT(user.Items("cboEinheit"), ElementsAre("Stück", "Stunde"));
-    user.Retype("txtPreisM3", "8");
-    user.Leave("txtPreisM3");
-    user.Shows({{"txtPreisM3", "8,00"}, {"txtGesamt", "21,00"}});
-    user.Retype("txtPreisM12", "9.5");
-    user.Leave("txtPreisM12");
-    user.Shows({{"txtGesamt", "28,50"}});
-    user.Leave("txtNettopreis");
-    EXPECT_THAT(Prices(), ElementsAre("50,00", "150,00", "300,00", "600,00", "1200,00", "1800,00",
-                                      "2400,00", "3000,00"));
-    user.Shows({{"txtGesamt", "1800,00"}});
-  });
-  EXPECT_FALSE(dialog->mbOK);
 }
 
 TEST_F(PositionDialogTest, BoxesTakeOnlyTheirKeys) {
