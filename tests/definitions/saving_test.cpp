@@ -148,37 +148,6 @@ TEST_F(MemoryTest, AChangeForOneContractTouchesNoTable) {
   EXPECT_EQ(position.Gruppierung, "Netz");
 }
 
-TEST_F(MemoryTest, AnEarlierChangeComesBackAndLeavesMemory) {
-  const store::Oid type = AddType();
-  AddPosition(type, "P1", "Netz");
-  OpenForNewContract([&](DialogUser& user) {
-    Expect(kReminder, 0);
-    Expect(kReminder, 0);
-    user.Paste("txtDauer", "7");
-    user.Choose("cboZahlungsperiode", "einmalig");
-    user.Click("cmdSave");
-  });
-  OpenForNewContract([&](DialogUser& user) {
-    EXPECT_EQ(world.module.gDefinition, nullptr);
-    user.Shows({{"txtDauer", "7"}, {"cboZahlungsperiode", "einmalig"}});
-    EXPECT_EQ(user.Cell("lvwPositionen", 1, 1), "P1");
-    EXPECT_EQ(user.Cell("lvwPositionen", 1, 22), "");
-    user.Click("cmdSave");
-  });
-  EXPECT_EQ(world.module.gPositions->front()->Gruppierung, "");
-  OpenForNewContract([&](DialogUser& user) { user.Click("cmdCancel"); });
-  EXPECT_EQ(world.module.gDefinition, nullptr);
-  EXPECT_NE(world.module.gPositions, nullptr);
-}
-
-TEST_F(MemoryTest, AChangeOfAnotherTypeStaysInMemoryUnseen) {
-  AddType();
-  world.module.gDefinition = std::make_shared<vv_CDefinition>();
-  world.module.gDefinition->Bezeichnung = "anderer";
-  OpenForNewContract([&](DialogUser& user) { user.Shows({{"txtBezeichnung", "Wartung"}}); });
-  EXPECT_EQ(world.module.gDefinition->Bezeichnung, "anderer");
-}
-
 TEST_F(MemoryTest, ASinglePaymentOfATermInTheListShowsAsThatPeriod) {
   AddType();
   OpenForNewContract([&](DialogUser& user) {
