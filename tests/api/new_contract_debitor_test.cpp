@@ -172,20 +172,6 @@ TEST_F(NewContractDebitor, WritesAnAttributeWithNameAndValueAndPerhapsAGroup) {
             "GültigVom=01.03.2024, Merkmal=Status, Wert=A");
 }
 
-TEST_F(NewContractDebitor, NumbersCountUpAndEachContractStandsForItself) {
-  world.Article();
-  world.Call();
-  world.Goto(table::Adressen, world.other_address);
-  world.Call();
-  EXPECT_THAT(Lines(world, table::vv_Vertraege, {field::Vertragnummer, field::AktValue}),
-              ElementsAre("00000001 18", "00000002 18"));
-  const auto contracts = world.Rows(table::vv_Vertraege);
-  const auto terms = world.Rows(table::vv_Vertragsstaende);
-  EXPECT_EQ(contracts.at(1).parent, world.other_address);
-  EXPECT_EQ(terms.at(0).parent, contracts[0].oid);
-  EXPECT_EQ(terms.at(1).parent, contracts[1].oid);
-}
-
 TEST_F(NewContractDebitor, FiltersHideNothingFromIt) {
   world.HideRows(table::Artikel, embedded::FilterKind::First);
   for (const std::string_view name : {table::vv_Vertraege, table::Artikel}) {
