@@ -123,20 +123,6 @@ TEST_F(Positions, TheValueIsTheSumOfOneInvoiceNotRounded) {
   EXPECT_EQ(world.Rows(table::vv_Vertragsstaende).at(0)[field::Value], expected);
 }
 
-TEST_F(Positions, RowsCountBeyondThreeDigits) {
-  world.contract->dblRabatt = 0.0;
-  for (int i = 1; i <= 1001; ++i) world.Article("dblAnzahl=1, sBeschreibung=" + std::to_string(i));
-  world.Article("dblAnzahl=4, sBeschreibung=1");
-  world.Call();
-  const auto rows = world.Rows(table::vv_Vertragspositionen);
-  ASSERT_EQ(rows.size(), 1001u);
-  EXPECT_EQ(rows[0][field::Anzahl], Value(5.0));
-  EXPECT_EQ(rows[98][field::Row], Value("099"));
-  EXPECT_EQ(support::Line(rows[1000], {field::Row, field::Beschreibung}), "1001 1001");
-  EXPECT_EQ(world.module.gApiPositionRows->size(), 1002u) << "the element 0 stays empty";
-  EXPECT_EQ(world.module.gApiPositionRows->front().ArtikelID, "");
-}
-
 TEST_F(Positions, WhatIsBeyondAllBoundsIsRaisedAndTheContractStays) {
   using support::Fields;
   using support::Values;
