@@ -182,17 +182,6 @@ TEST(Refusals, WithoutAHostAreRaised) {
 
 using TakingOver = support::ApiTest;
 
-TEST_F(TakingOver, AnObjectOfTheCallersOwnServesAsWell) {
-  const auto own = std::make_shared<OwnContract>();
-  own->values["Dauer"] = "24";
-  own->values["dblRabatt"] = "7,5";
-  world.Article();
-  world.CallWith(own);
-  EXPECT_EQ(world.Rows(table::vv_Vertraege).at(0)[schema::field::Dauer], host::Value(24));
-  EXPECT_EQ(world.Rows(table::vv_Vertragsstaende).at(0)[schema::field::Rabattprozent],
-            host::Value(7.5));
-}
-
 TEST_F(TakingOver, TheRecordIsCopiedAndTheCollectionIsNot) {
   world.Article();
   world.Call();
