@@ -53,18 +53,6 @@ TEST_F(MainWindowTest, TheChosenAddressIsTheCurrentRowAndItsContractsAreShown) {
             "Rechnung 01.04.2026");
 }
 
-TEST_F(MainWindowTest, WhereTheAddOnHasGoneIsShown) {
-  desk->Session().Host().Table(table::Adressen)->MoveFirst(host::kFlagsUsual);
-  window->Addresses().ShowCurrent();
-  EXPECT_EQ(Text("address_name"), "Ahornweiler Maschinenbau GmbH");
-  EXPECT_EQ(window->Addresses().List().Table().currentIndex().data(),
-            "Ahornweiler Maschinenbau GmbH");
-  desk->GoTo(table::Adressen, 0);
-  window->Addresses().ShowCurrent();
-  EXPECT_EQ(Text("address_name"), "Keine Adresse ausgewählt");
-  EXPECT_FALSE(Action("new_contract").isEnabled());
-}
-
 TEST_F(MainWindowTest, WhatWasStoredBeforeAFailureStaysAndAllContractsOfAnAddressAreFound) {
   ClickRow("addresses", "Molkerei");
   ExpectMessage(steps, "Platte voll");
