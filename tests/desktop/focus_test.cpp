@@ -72,17 +72,6 @@ TEST_F(Focus, ARefusingBoxKeepsTheFocusWhateverThePersonDoes) {
   });
 }
 
-TEST_F(Focus, TheReturnKeyIsTheDefaultButton) {
-  Show([&](WindowUser& user) {
-    user.Key(Qt::Key_Return);
-    EXPECT_THAT(form.Ran(), ElementsAre("txtDauer_Validate", "cmdOK_Click"));
-    user.GoTo("cboFree");
-    form.Ran();
-    user.Key(Qt::Key_Return);
-    EXPECT_THAT(form.Ran(), ElementsAre("cmdOK_Click"));
-  });
-}
-
 TEST_F(Focus, AProgramMovesItAndMayDisableWhatHasIt) {
   form.cboList.SetFocus();
   form.chkFlag.Click = [&] { form.chkFlag.SetEnabled(false); };
