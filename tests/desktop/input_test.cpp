@@ -29,16 +29,6 @@ TEST(TypedDate, IsReadAsPeopleWriteIt) {
   }
 }
 
-TEST(TypedDate, EveryDayOfFiveYearsReadsBack) {
-  const std::int32_t first = platform::DayNumber({2022, 1, 1});
-  for (std::int32_t day = first; day < first + 5 * 365; ++day) {
-    const platform::Date date{static_cast<double>(day)};
-    for (const char* pattern : {"dd.MM.yyyy", "d.M.yy", "ddMMyyyy", "yyyy-MM-dd"}) {
-      EXPECT_EQ(ReadTypedDate(platform::FormatDate(date, pattern), platform::kNoDate), date);
-    }
-  }
-}
-
 TEST(AccessKeys, AreDifferentTheFirstTextsChooseFirstAndMakeRoomForOneThatHasNoOtherLetter) {
   const std::pair<std::vector<QString>, const char*> cases[] = {
       {{"Speichern", "Abbrechen"}, "sa"},
