@@ -42,6 +42,7 @@ constexpr std::array kStoreErrors = {
     store::StoreError::DuplicateOid, store::StoreError::HasChildren,
     store::StoreError::Failed,       store::StoreError::DuplicateKey,
     store::StoreError::TextTooLong,  store::StoreError::ReadOnly,
+    store::StoreError::Uncertain,
 };
 
 constexpr std::array kRuntimeErrors = {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QTimer>
 #include <exception>
+#include <optional>
 #include <utility>
 
 #include "automation/formats/errors.h"
@@ -73,7 +74,11 @@ bool OpenDatabase::Do(const std::function<void()>& action) {
       Tell(std::string("interner Fehler: ") + error.what());
     }
   };
+  std::optional<platform::Error>& shown = session_.AddOn().last_shown_error;
+  shown.reset();
   guarded(action);
+  // The add-on's own message leaves out which contract it was.
+  if (shown && shown->Number() == Number(store::StoreError::Uncertain)) ShowError(*shown);
   // What was stored before a failure stays, as everywhere.
   guarded([this] { EndUnit(); });
   return done;

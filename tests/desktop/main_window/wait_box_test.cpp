@@ -1,5 +1,5 @@
-// A database that another user keeps behind an open window. Nobody waits here: the
-// wait says at once that it has lasted a second.
+// A database that another user keeps behind an open window, and one whose file fails.
+// Nobody waits here: the wait says at once that it has lasted a second.
 #include "desktop/main_window/WaitBox.h"
 
 #include <QMessageBox>
@@ -9,6 +9,7 @@
 #include "automation/workspace/database.h"
 #include "desktop/main_window/main_window.h"
 #include "store/sqlite/Connection.h"
+#include "support/FailingFiles.h"
 
 namespace pactora::desktop {
 namespace {
@@ -95,6 +96,33 @@ TEST_F(WaitBoxTest, GivesUpWhenAPersonHasEnough) {
   });
   other.Run("ROLLBACK");
   EXPECT_EQ(Count(table::vv_Vertraege), 4u);
+}
+
+// A save of which nobody knows whether it reached the disk.
+struct WithFailingFiles {
+  support::FailingFiles files;
+};
+struct UncertainTest : WithFailingFiles, MainWindowTest {};
+
+TEST_F(UncertainTest, ASaveIsNeitherClaimedNorDeniedAndTheDatabaseOpenedAnew) {
+  int opened_anew = 0;
+  desk->Lost = [&] { ++opened_anew; };
+  ClickRow("addresses", "Quendelbach");
+  steps.Add("frmNewContract", [&](QWidget& dialog) {
+    WindowUser user(dialog);
+    user.ClickRow("lvwBezeichnung", 1);
+    files.Fail(support::FailingFiles::Call::Sync, 1);
+    user.Click("cmdOK");
+  });
+  // The add-on's message, and the window's.
+  for (const std::string text : {"ungewiss", "Betroffen ist Vertrag 00000004."})
+    steps.Add("message", [text](QWidget& message) {
+      EXPECT_THAT(message.property("text").toString().toStdString(), testing::HasSubstr(text));
+      QTest::keyClick(&message, Qt::Key_Return);
+    });
+  steps.Run([&] { window->NewContract(); });
+  QApplication::processEvents();
+  EXPECT_EQ(opened_anew, 1);
 }
 
 }  // namespace
