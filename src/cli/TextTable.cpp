@@ -5,7 +5,7 @@
 #include "automation/dataset/values.h"
 #include "automation/formats/JsonWriter.h"
 #include "automation/formats/errors.h"
-#include "cli/status.h"
+#include "cli/complain.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
 #include "platform/Text.h"

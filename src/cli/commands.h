@@ -5,7 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 
-#include "cli/status.h"
+#include "cli/complain.h"
 
 namespace pactora::cli {
 

@@ -16,9 +16,9 @@
 #include "automation/formats/errors.h"
 #include "automation/workspace/database.h"
 #include "cli/commands.h"
+#include "cli/complain.h"
 #include "cli/interrupt.h"
 #include "cli/options.h"
-#include "cli/status.h"
 #include "platform/Error.h"
 
 namespace pactora::cli {

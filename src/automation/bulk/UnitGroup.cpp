@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t kMostContracts = 500;
 constexpr std::chrono::milliseconds kLongestGroup(100);
-// Twice the longest pause between two looks of a user who waits for the database.
+// A waiting program tries again every 10 ms at least: it gets two tries.
 constexpr std::chrono::milliseconds kTimeForOthers(20);
 
 }  // namespace

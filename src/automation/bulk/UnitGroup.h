@@ -18,7 +18,7 @@ class UnitGroup {
   void Begin();
   void TakeBack() { host_.DropToSavepoint(); }
 
-  // Whether it is time to make the group durable: after 500 contracts or 100 ms.
+  // Whether it is time to make the group durable: it has many contracts, or is held for long.
   bool IsFull() const;
   // Makes all that was stored durable. On an error nothing of it remains.
   void End();

@@ -20,7 +20,7 @@ enum class Outcome {
 };
 
 std::string_view Text(Outcome outcome);
-// Whether the line was not entered.
+// Refused or failed: the line goes into the file of rejected lines.
 bool IsRejected(Outcome outcome);
 
 struct ReportLine {
@@ -52,7 +52,8 @@ void Write(formats::JsonWriter& out, const std::vector<ReportLine>& lines);
 // The error with the contracts among the lines, whose storing it leaves uncertain.
 platform::Error NamingContracts(const platform::Error& error, const std::vector<ReportLine>& lines);
 
-// A contract that a report of a release before the database knew its keys names.
+// A contract named in a report of an earlier release, when keys were kept in reports and not
+// yet in the database.
 struct ReportedContract {
   std::string key;
   std::string number;

@@ -4,52 +4,19 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <memory>
-#include <string_view>
-#include <system_error>
-#include <unordered_map>
-#include <unordered_set>
-#include <utility>
 
-#include "automation/formats/TextSource.h"
 #include "automation/formats/errors.h"
 #include "automation/formats/files.h"
+#include "automation/takeover/rejected_lines.h"
 
 namespace pactora::takeover {
 namespace {
-
-constexpr const char* kRejectedEnding = ".abgelehnt.csv";
-
-std::string ReadAll(const formats::TextSource& source) {
-  const auto in = source.open();
-  return {std::istreambuf_iterator<char>(*in), {}};
-}
-
-List ReadListFile(const std::string& path) {
-  const formats::TextSource source = formats::FileSource(path);
-  return ReadList(ReadAll(source), source.name);
-}
 
 // What the database and the report call the list.
 std::string NameOf(const std::string& list) {
   if (list == formats::kStandardStream) return "Standardeingabe";
   return std::filesystem::path(list).filename().string();
-}
-
-// Whether the file holds anything but lines of the list.
-bool HasOtherLines(const std::string& file, const List& list) {
-  std::error_code ignored;
-  if (!std::filesystem::exists(file, ignored)) return false;
-  std::unordered_set<std::string_view> known;
-  for (const Line& line : list.lines) known.insert(line.text);
-  try {
-    const auto is_other = [&](const Line& line) { return !known.contains(line.text); };
-    return std::ranges::any_of(ReadListFile(file).lines, is_other);
-  } catch (const platform::Error& error) {
-    if (error.Number() != Number(formats::DoorError::BadInput)) throw;
-    return true;
-  }
 }
 
 // The order; raises where one file is named for two purposes.
@@ -67,15 +34,6 @@ const Order& Checked(const Order& order) {
 }
 
 }  // namespace
-
-std::string RejectedFile(const std::string& report) { return report + kRejectedEnding; }
-
-std::string UsualReport(const std::string& list) {
-  const std::string ending = kRejectedEnding;
-  if (list.size() > ending.size() && list.ends_with(ending))
-    return list.substr(0, list.size() - ending.size());
-  return list + ".bericht.csv";
-}
 
 Job::Job(const Order& order)
     : order_(Checked(order)),
@@ -103,7 +61,8 @@ bulk::Count Job::CarryOut(const platform::Clock& clock, const std::function<void
       throw;
     }
     WriteReport();
-    if (!order_.rehearsal) WriteRejected();
+    if (!order_.rehearsal)
+      kept_ = WriteRejectedLines(list_, lines_, RejectedFile(order_.report), order_.list);
     if (show) show(*written);
     bulk::Count count;
     for (const bulk::ReportLine& line : lines_) count.Add(line.outcome);
@@ -113,28 +72,6 @@ bulk::Count Job::CarryOut(const platform::Clock& clock, const std::function<void
 
 void Job::WriteReport() const {
   if (!order_.rehearsal) formats::ReplaceFile(order_.report, bulk::TextOf(lines_));
-}
-
-void Job::WriteRejected() {
-  const std::string file = RejectedFile(order_.report);
-  std::vector<const Line*> rejected;
-  std::unordered_map<std::size_t, const Line*> lines;
-  for (const Line& line : list_.lines) lines[line.line] = &line;
-  for (const bulk::ReportLine& line : lines_)
-    if (IsRejected(line.outcome)) rejected.push_back(lines.at(line.line));
-
-  std::error_code failed;
-  if (HasOtherLines(file, list_) && !formats::IsSameFile(file, order_.list)) {
-    kept_ = file + "~";
-    for (int i = 2; std::filesystem::exists(kept_, failed); ++i)
-      kept_ = fmt::format("{}~{}", file, i);
-    std::filesystem::rename(file, kept_, failed);
-    if (failed) formats::RaiseUnwritable(kept_);
-  }
-  if (rejected.empty())
-    std::filesystem::remove(file, failed);
-  else
-    formats::ReplaceFile(file, TextOf(list_, rejected));
 }
 
 std::vector<std::string> Job::FilesLeft() const {

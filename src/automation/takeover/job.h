@@ -1,4 +1,4 @@
-// A takeover list from its file to its report.
+// A takeover list from its file to its report and its file of rejected lines.
 #pragma once
 
 #include <cstddef>
@@ -21,14 +21,6 @@ struct Order {
   // Everything happens but nothing is kept, the report included.
   bool rehearsal = false;
 };
-
-// The file of the lines that were not entered, as they stood in the list, ready to be
-// corrected and then to be the list of the next run. Lines in it that are not in this
-// list are kept beside it, with a "~" behind the name: somebody may have corrected them.
-std::string RejectedFile(const std::string& report);
-// The report that a list has where nobody names one: rejected lines that of the
-// list they come from.
-std::string UsualReport(const std::string& list);
 
 class Job {
  public:
@@ -56,7 +48,6 @@ class Job {
 
  private:
   void WriteReport() const;
-  void WriteRejected();
 
   const Order order_;
   const List list_;

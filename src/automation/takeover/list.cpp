@@ -6,7 +6,9 @@
 #include <array>
 #include <cctype>
 #include <cstddef>
+#include <iterator>
 
+#include "automation/formats/TextSource.h"
 #include "automation/formats/csv.h"
 #include "automation/formats/errors.h"
 #include "platform/Locale.h"
@@ -202,6 +204,12 @@ List ReadList(std::string_view text, const std::string& name) {
   const Columns columns = ReadHeader(rows.front(), name);
   for (std::size_t i = 1; i < rows.size(); ++i) list.lines.push_back(ReadLine(rows[i], columns));
   return list;
+}
+
+List ReadListFile(const std::string& path) {
+  const formats::TextSource source = formats::FileSource(path);
+  const auto in = source.open();
+  return ReadList(std::string(std::istreambuf_iterator<char>(*in), {}), source.name);
 }
 
 std::string ColumnNames() {

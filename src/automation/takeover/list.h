@@ -44,6 +44,9 @@ struct List {
 // twice, more cells than columns. name is that of the file, for messages.
 List ReadList(std::string_view text, const std::string& name);
 
+// The same from a file, or from standard input for "-".
+List ReadListFile(const std::string& path);
+
 // The names of all columns, in one line; required ones first.
 std::string ColumnNames();
 

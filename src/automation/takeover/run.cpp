@@ -103,10 +103,11 @@ void Run::CarryOut(const List& list, std::vector<ReportLine>& done,
   };
   try {
     for (const Line& line : list.lines) {
-      // The key of an unclear line is not known; it is refused.
-      of_group.push_back(
-          line.unclear ? Enter(line)
-                       : Take(line, *first_of_key.try_emplace(line.key, &line).first->second));
+      // Which cell of an unclear line is its key cannot be said: it is refused without a look
+      // at keys.
+      const Line& first =
+          line.unclear ? line : *first_of_key.try_emplace(line.key, &line).first->second;
+      of_group.push_back(line.unclear ? Enter(line) : Take(line, first));
       if (group_.IsFull()) end_group();
     }
     end_group();

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "desktop/binding/ChoosingView.h"
-#include "desktop/main_window/lists.h"
+#include "desktop/main_window/shown_lists.h"
 #include "desktop/text.h"
 #include "schema/names.h"
 

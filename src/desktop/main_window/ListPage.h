@@ -10,7 +10,7 @@
 #include "desktop/main_window/ListTable.h"
 #include "desktop/main_window/OpenDatabase.h"
 #include "desktop/main_window/Page.h"
-#include "desktop/main_window/lists.h"
+#include "desktop/main_window/shown_lists.h"
 
 namespace pactora::desktop {
 

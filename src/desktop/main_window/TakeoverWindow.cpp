@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "automation/formats/errors.h"
+#include "automation/takeover/rejected_lines.h"
 #include "desktop/MessageBox.h"
 #include "desktop/main_window/ProgressDialog.h"
 #include "desktop/text.h"

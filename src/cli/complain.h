@@ -1,4 +1,4 @@
-// The exit status, and the messages that go with it.
+// One line on standard error for each failure, and the exit status that goes with it.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "cli/status.h"
+#include "cli/complain.h"
 
 #include <fmt/format.h>
 

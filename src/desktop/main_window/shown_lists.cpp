@@ -1,4 +1,4 @@
-#include "desktop/main_window/lists.h"
+#include "desktop/main_window/shown_lists.h"
 
 #include <string_view>
 #include <utility>
