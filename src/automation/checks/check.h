@@ -29,7 +29,12 @@ void CheckRelations(store::RecordStore& store, const Finding& found,
 void CheckContracts(store::RecordStore& store, const Finding& found,
                     const std::function<void()>& at_row = {});
 
-// No counter is below a contract number that may have been drawn from it.
+// Every counter of contract numbers is a number, and this database's is not below a
+// contract number that may have been drawn from it.
 void CheckCounters(store::RecordStore& store, const Finding& found);
+
+// Not part of CheckDatabase: contract numbers that occur more than once. Nobody keeps a
+// person from typing one, so they are no faults.
+void CheckNumbers(store::RecordStore& store, const Finding& hint);
 
 }  // namespace pactora::checks

@@ -2,7 +2,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
+#include <unordered_map>
 
 #include "automation/checks/check.h"
 #include "automation/workspace/row_walk.h"
@@ -118,29 +120,39 @@ bool IsLess(std::string_view a, std::string_view b) {
   return left.size() != right.size() ? left.size() < right.size() : left < right;
 }
 
-// At least eight digits and nothing else: what a counter gives.
-bool LooksDrawn(std::string_view number) {
-  return number.size() >= 8 && number.find_first_not_of("0123456789") == std::string_view::npos;
+bool IsNumber(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// The counter row of this database's contract numbers.
-std::string CounterNumber(store::RecordStore& store) {
+// At least eight digits and nothing else: what a counter gives.
+bool LooksDrawn(std::string_view number) { return number.size() >= 8 && IsNumber(number); }
+
+// The counter of this database's contract numbers, empty where there is none; none
+// where it is no number.
+std::optional<std::string> CounterNumber(store::RecordStore& store, const Finding& found) {
   const schema::Catalog& catalog = store.Catalog();
   const store::TableId clients = catalog.Table(table::KELM_Mandanten);
   const store::TableId counters = catalog.Table(table::KELM_Nummern);
   const std::string name = store.ReadProfile().name;
-  std::string number;
+  std::optional<std::string> number = "";
+  bool known = false;
   store::Record client;
   workspace::ForEachRow(store, counters, [&](const store::Record& record) {
     const RowView counter(catalog.tables[counters], record);
     if (!platform::EqualsIgnoringCase(counter.Text(field::Tabelle), table::vv_Vertraege) ||
-        !platform::EqualsIgnoringCase(counter.Text(field::Feld), field::Vertragnummer) ||
-        !store.Read(clients, record.parent, client) ||
+        !platform::EqualsIgnoringCase(counter.Text(field::Feld), field::Vertragnummer))
+      return true;
+    const std::string text = counter.Text(field::Nummer);
+    if (!IsNumber(text))
+      found(fmt::format("{}, Oid {}, {}: der Zähler „{}“ ist keine Zahl", table::KELM_Nummern,
+                        record.oid, field::Nummer, text));
+    if (known || !store.Read(clients, record.parent, client) ||
         !platform::EqualsIgnoringCase(
             RowView(catalog.tables[clients], client).Text(field::TessarinName), name))
       return true;
-    number = counter.Text(field::Nummer);
-    return false;
+    known = true;
+    number = IsNumber(text) ? std::optional(text) : std::nullopt;
+    return true;
   });
   return number;
 }
@@ -168,10 +180,25 @@ void CheckCounters(store::RecordStore& store, const Finding& found) {
     if (LooksDrawn(number) && IsLess(largest, number)) largest = number;
     return true;
   });
-  const std::string counter = CounterNumber(store);
-  if (!largest.empty() && IsLess(counter, largest))
+  const auto counter = CounterNumber(store, found);
+  if (counter && !largest.empty() && IsLess(*counter, largest))
     found(fmt::format("{}: der Zähler für {} steht auf „{}“, vergeben ist schon {}",
-                      table::KELM_Nummern, field::Vertragnummer, counter, largest));
+                      table::KELM_Nummern, field::Vertragnummer, *counter, largest));
+}
+
+void CheckNumbers(store::RecordStore& store, const Finding& hint) {
+  const schema::Catalog& catalog = store.Catalog();
+  const store::TableId contracts = catalog.Table(table::vv_Vertraege);
+  std::unordered_map<std::string, store::Oid> holders;
+  workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
+    const std::string number =
+        RowView(catalog.tables[contracts], record).Text(field::Vertragnummer);
+    const auto [holder, first] = holders.emplace(number, record.oid);
+    if (!first && !number.empty())
+      hint(fmt::format("{}, Oid {}, {}: „{}“ hat auch Oid {}", table::vv_Vertraege, record.oid,
+                       field::Vertragnummer, number, holder->second));
+    return true;
+  });
 }
 
 }  // namespace pactora::checks

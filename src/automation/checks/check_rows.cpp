@@ -1,6 +1,7 @@
 // Rows and what they refer to.
 #include <fmt/format.h>
 
+#include <cmath>
 #include <initializer_list>
 #include <set>
 #include <string_view>
@@ -8,6 +9,7 @@
 
 #include "automation/checks/check.h"
 #include "automation/workspace/row_walk.h"
+#include "platform/Date.h"
 #include "platform/Error.h"
 #include "schema/names.h"
 #include "store/RowView.h"
@@ -24,14 +26,27 @@ std::string Name(const schema::Table& schema, const store::Record& record) {
   return fmt::format("{}, Oid {}", schema.name, record.oid);
 }
 
+// What an export could not write or an import would refuse; empty for none.
+std::string_view FaultOf(const host::Value& cell) {
+  if (cell.GetKind() == host::Kind::Double && !std::isfinite(cell.AsDouble()))
+    return "keine endliche Zahl";
+  if (cell.GetKind() != host::Kind::Date) return {};
+  const std::int32_t day = platform::WholeDay(cell.AsDate());
+  if (day < platform::kFirstDay || day > platform::kLastDay)
+    return "das Datum liegt nicht im Bereich von 01.01.0100 bis 31.12.9999";
+  return {};
+}
+
 void CheckCells(const schema::Table& schema, const store::Record& record, const Finding& found) {
   for (std::size_t i = 0; i < schema.fields.size(); ++i) {
     try {
-      if (store::ConvertToField(schema.fields[i], record.cells[i]) != record.cells[i])
-        found(fmt::format("{}: {} hat einen Wert anderen Typs", Name(schema, record),
+      if (const auto fault = FaultOf(record.cells[i]); !fault.empty())
+        found(fmt::format("{}, {}: {}", Name(schema, record), schema.fields[i].name, fault));
+      else if (store::ConvertToField(schema.fields[i], record.cells[i]) != record.cells[i])
+        found(fmt::format("{}, {}: der Wert passt nicht zum Typ des Feldes", Name(schema, record),
                           schema.fields[i].name));
     } catch (const platform::Error& error) {
-      found(fmt::format("{}: {}: {}", Name(schema, record), schema.fields[i].name,
+      found(fmt::format("{}, {}: {}", Name(schema, record), schema.fields[i].name,
                         error.Description()));
     }
   }

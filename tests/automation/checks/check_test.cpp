@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -93,6 +94,13 @@ TEST(Check, NamesEachValueThatDoesNotFit) {
       {"vv_Vertragspositionen", "ArtikelID", "A9", "ArtikelID „A9“ gibt es nicht"},
       {"KELM_Nummern", "Nummer", "00000000", "steht auf „00000000“, vergeben ist schon 00000002"},
       {"Artikel", "Nettopreis", "x", "Artikel, Oid"},
+      {"KELM_Nummern", "Nummer", "V-12", "Nummer: der Zähler „V-12“ ist keine Zahl"},
+      {"vv_Vertraege", "VertragEnde", platform::Date{2958466.0}, "VertragEnde: das Datum liegt"},
+      {"vv_Vertraege", "GeschlossenAm", platform::Date{-657435.0}, "GeschlossenAm: das Datum"},
+      {"vv_Vertraege", "AktValue", std::numeric_limits<double>::infinity(),
+       "AktValue: keine endliche Zahl"},
+      {"vv_Vertraege", "AktValue", std::numeric_limits<double>::quiet_NaN(),
+       "AktValue: keine endliche Zahl"},
       // A typed number counts where a counter could have given it.
       {"vv_Vertraege", "Vertragnummer", "00000000000000004711", "vergeben ist schon"},
   };
@@ -122,6 +130,19 @@ TEST(Check, NamesRowsThatAreMissingOrTooMany) {
   Damaged key;
   key.Store().UpdateKeys(key.Id("Artikelgruppen"), key.All("Artikelgruppen").at(0).oid, {"X"});
   key.Expect("falscher Schlüssel im Index ID");
+}
+
+TEST(Check, HintsAtANumberThatTwoContractsHave) {
+  Damaged database;
+  const auto hints = [&database] {
+    std::vector<std::string> texts;
+    CheckNumbers(database.Store(), [&](const std::string& text) { texts.push_back(text); });
+    return texts;
+  };
+  EXPECT_THAT(hints(), IsEmpty());
+  database.Set("vv_Vertraege", "Vertragnummer", "00000002");
+  EXPECT_THAT(hints(), ElementsAre(HasSubstr("Vertragnummer: „00000002“ hat auch Oid")));
+  EXPECT_THAT(Findings(database.Store()), IsEmpty());
 }
 
 TEST(Check, IsSilentOnWhatIsSoundAndOnATypedNumberThatNoCounterGives) {
