@@ -118,7 +118,7 @@ class SqlFloor final : public Floor {
     const std::int64_t contract = ++oid;
     contract_.Run(contract, address_, "D", 45352.0, 45716.0, 45352.0, "", 0, "Wartungsvertrag", "",
                   1, "verlängerbar", 12, 12, 6, "Wochen", 6, "Wochen", 1, 12, 1, "monatlich",
-                  45352.0, "20240301", 45675.0, "Anna", 0, digits);
+                  45352.0, "20240301", 45675.0, "Anna", 0, digits, digits);
     const std::int64_t term = ++oid;
     term_.Run(term, contract, 45352.0, "20240301", 45716.0, "20250228", 1, "monatlich", 0, 45352.0,
               "20240301", 10.0);
@@ -187,8 +187,9 @@ class SqlFloor final : public Floor {
              "Kuendigungsfrist, KuendigungsfristEinh, VerlKuendigungsfrist, "
              "VerlKuendigungsfristEinh, Zahlungsperiode, VerlaengerungsZahlungsperiode, "
              "AktZahlungsperiode, AktZahlungsperiodeStr, AktNaechsteRechnung, "
-             "AktNaechsteRechnungStr, KuendfristDatum, Verantwortlich, NoBooking, Vertragnummer",
-             26)};
+             "AktNaechsteRechnungStr, KuendfristDatum, Verantwortlich, NoBooking, Vertragnummer, "
+             "key_Vertragnummer",
+             27)};
   Sql term_{database_,
             Insert("vv_Vertragsstaende",
                    "LaufzeitStart, LaufzeitStartStr, LaufzeitEnde, LaufzeitEndeStr, "
