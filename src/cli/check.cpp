@@ -1,36 +1,84 @@
 // check: verifies a database.
 #include <fmt/format.h>
 
+#include <cstdint>
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "automation/checks/check.h"
+#include "automation/dataset/dataset_import.h"
+#include "automation/dataset/dataset_profile.h"
+#include "automation/formats/JsonWriter.h"
+#include "automation/formats/TextSource.h"
 #include "automation/formats/errors.h"
 #include "automation/workspace/database.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
 #include "cli/options.h"
 #include "schema/names.h"
+#include "store/errors.h"
 
 namespace pactora::cli {
 
 namespace {
 
+// What the database knows besides rows is sound where it can be exported and imported.
+void CheckProfile(store::RecordStore& store, const checks::Finding& found) {
+  std::ostringstream text;
+  formats::JsonWriter writer(text, formats::JsonWriter::Layout::Indented);
+  try {
+    writer.BeginObject();
+    dataset::WriteProfile(writer, store.ReadProfile(), store.Catalog().workflow_add_on);
+    writer.EndObject();
+    dataset::SurveyDataset(formats::MemorySource("Benutzer und Einstellungen", text.str()));
+  } catch (const platform::Error& error) {
+    found(error.Description());
+  }
+}
+
+// The number of contracts.
+std::int64_t CheckRows(store::RecordStore& store, const checks::Finding& found,
+                       const checks::Finding& hint) {
+  try {
+    checks::CheckDatabase(store, found, RaiseIfInterrupted);
+    checks::CheckNumbers(store, hint);
+  } catch (const platform::Error& error) {
+    // Too damaged to read on.
+    if (error.Number() != store::Number(store::StoreError::NotADatabase)) throw;
+    found(error.Description());
+  }
+  CheckProfile(store, found);
+  return store.Count(store.Catalog().Table(schema::table::vv_Vertraege));
+}
+
+std::string Counted(std::int64_t count, const char* one, const char* many) {
+  return fmt::format("{} {}", count, count == 1 ? one : many);
+}
+
 Status RunCheck(const std::string& database) {
-  std::size_t faults = 0;
+  std::int64_t faults = 0;
+  std::int64_t hints = 0;
   const auto found = [&faults](const std::string& text) {
     ++faults;
     std::cout << formats::SingleLine(text) << '\n';
   };
-  const auto store = workspace::OpenDatabase(database, workspace::Access::Read);
-  for (const std::string& fault : workspace::CheckStorage(database)) found(fault);
-  const auto contracts = workspace::Naming(database, [&] {
-    checks::CheckDatabase(*store, found, RaiseIfInterrupted);
-    return store->Count(store->Catalog().Table(schema::table::vv_Vertraege));
-  });
-  fmt::print(stderr, "{} {} geprüft, {} {}\n", contracts, contracts == 1 ? "Vertrag" : "Verträge",
-             faults, faults == 1 ? "Mangel" : "Mängel");
+  const auto hint = [&hints](const std::string& text) {
+    ++hints;
+    std::cout << "Hinweis: " << formats::SingleLine(text) << '\n';
+  };
+  const workspace::StorageCheck storage = workspace::CheckStorage(database);
+  for (const std::string& fault : storage.faults) found(fault);
+  for (const std::string& addition : storage.additions) found(addition);
+  std::string checked = "Nur die Datei";
+  if (storage.store) {
+    const std::int64_t contracts =
+        workspace::Naming(database, [&] { return CheckRows(*storage.store, found, hint); });
+    checked = Counted(contracts, "Vertrag", "Verträge");
+  }
+  fmt::print(stderr, "{} geprüft, {}{}\n", checked, Counted(faults, "Mangel", "Mängel"),
+             hints == 0 ? "" : ", " + Counted(hints, "Hinweis", "Hinweise"));
   return faults == 0 ? Status::Done : Status::Refused;
 }
 

@@ -156,7 +156,7 @@ TEST_F(SqliteCrash, AKilledProcessLeavesEveryUnitThatItToldOfAndNoHalfOne) {
     before = UnitsOf(*store);
   }
   EXPECT_GT(before, 0);
-  EXPECT_THAT(CheckSqlite(path_), IsEmpty());
+  EXPECT_THAT(CheckSqlite(path_).faults, IsEmpty());
 }
 
 }  // namespace

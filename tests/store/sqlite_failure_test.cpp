@@ -32,7 +32,7 @@ TEST_P(SqliteFailure, OfEachCallOfASaveIsReportedAsItIs) {
     store.reset();
     const auto again = Open();
     const std::int64_t rows = Addresses(*again);
-    EXPECT_EQ(CheckSqlite(path_), std::vector<std::string>());
+    EXPECT_EQ(CheckSqlite(path_).faults, std::vector<std::string>());
     if (error != Number(StoreError::Uncertain)) {
       EXPECT_EQ(rows, error == 0 ? 2 : 1);
     }

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "store/SqliteFile.h"
+#include "store/sqlite/structure.h"
 
 namespace pactora::store {
 namespace {
@@ -49,7 +50,7 @@ TEST_F(SqliteFile, KnowsWhetherItHasTheWorkflowAddOn) {
     const auto store = OpenSqlite(path);
     EXPECT_EQ(store->Catalog().workflow_add_on, workflow);
     EXPECT_EQ(store->Catalog().FindTable(table::KELDO_Vorgaenge).has_value(), workflow);
-    EXPECT_THAT(CheckSqlite(path), IsEmpty());
+    EXPECT_THAT(CheckSqlite(path).faults, IsEmpty());
   }
 }
 
@@ -88,7 +89,14 @@ TEST_F(SqliteFile, AForeignOrDamagedFileIsRefusedAndLeftAlone) {
       {"half a file", [&] { fs::resize_file(path_, fs::file_size(path_) / 2); },
        StoreError::NotADatabase},
       {"a few bytes", [&] { fs::resize_file(path_, 60); }, StoreError::NotADatabase},
-      {"without its own tables", [&] { RunSql("DROP TABLE pactora_database"); },
+      {"texts in UTF-16",
+       [&] {
+         fs::remove(path_);
+         sqlite::Connection file(path_, sqlite::Access::Create, std::chrono::seconds(1));
+         file.Run("PRAGMA encoding = 'UTF-16le'; BEGIN");
+         sqlite::CreateStructure(file, schema::ContractCatalog(true));
+         file.Run("COMMIT");
+       },
        StoreError::NotADatabase},
       {"no file", [&] { fs::remove(path_); }, StoreError::NotReachable},
       {"a folder",
@@ -114,6 +122,124 @@ TEST_F(SqliteFile, AForeignOrDamagedFileIsRefusedAndLeftAlone) {
   Create();
   for (const std::string& name : {std::string(), "file:" + path_}) {
     EXPECT_EQ(ErrorNumberOf([&] { OpenSqlite(name); }), Number(StoreError::NotReachable)) << name;
+  }
+}
+
+// The description of the error that opening raises, empty when it raises none.
+class SqliteStructure : public SqliteFile {
+ protected:
+  std::string Refusal(OpenMode mode) {
+    const auto error = support::ErrorOf([&] { Open(std::chrono::seconds(1), mode); });
+    return error ? error->Description() : "";
+  }
+};
+
+TEST_F(SqliteStructure, AFileWithoutWhatItWasMadeOfIsRefusedByName) {
+  const std::string endless =
+      "DROP TABLE Artikel; CREATE VIEW Artikel AS WITH RECURSIVE n(oid) AS "
+      "(SELECT 1 UNION ALL SELECT oid + 1 FROM n) SELECT oid, 0 AS parent, oid AS ord FROM n";
+  const std::pair<std::string, std::string> cases[] = {
+      {"DROP TABLE pactora_database", "die Tabelle „pactora_database“ fehlt"},
+      {"DELETE FROM pactora_database", "die Tabelle „pactora_database“ ist leer"},
+      {"DROP TABLE pactora_setting_elements", "die Tabelle „pactora_setting_elements“ fehlt"},
+      {endless, "die Tabelle „Artikel“ fehlt"},
+      {"DROP INDEX vv_Vertraege_order", "der Index „vv_Vertraege_order“ fehlt"},
+      {"DROP INDEX Adressen_order; CREATE INDEX Adressen_order ON Adressen (ord)",
+       "der Index „Adressen_order“ ist anders angelegt"},
+      {"DROP VIEW vv_Vertraege_lesbar", "die Sicht „vv_Vertraege_lesbar“ fehlt"},
+      {"ALTER TABLE Adressen ADD COLUMN Ort TEXT", "die Tabelle „Adressen“ ist anders angelegt"},
+  };
+  for (const auto& [sql, expected] : cases) {
+    Create();
+    RunSql(sql);
+    for (const OpenMode mode :
+         {OpenMode::Read, OpenMode::Any, OpenMode::Write, OpenMode::Rehearsal}) {
+      EXPECT_THAT(Refusal(mode), HasSubstr(expected)) << sql;
+    }
+    EXPECT_THAT(CheckSqlite(path_).faults, Contains(HasSubstr(expected))) << sql;
+    std::filesystem::remove(path_);
+  }
+}
+
+TEST_F(SqliteStructure, OthersTriggersAndIndexesOnItsTablesRefuseWritingTheirOwnTablesDoNot) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"CREATE TRIGGER t AFTER INSERT ON adressen BEGIN DELETE FROM vv_Vertraege; END",
+       "der Trigger „t“"},
+      {"CREATE INDEX i ON Adressen (Name)", "der Index „i“"},
+      {"CREATE UNIQUE INDEX i ON pactora_users (name) WHERE position > 3", "der Index „i“"},
+  };
+  for (const auto& [sql, expected] : cases) {
+    AddAddress(*Create(), "Müller");
+    RunSql(sql);
+    for (const OpenMode mode : {OpenMode::Write, OpenMode::Rehearsal}) {
+      EXPECT_THAT(Refusal(mode), HasSubstr(expected)) << sql;
+    }
+    for (const OpenMode mode : {OpenMode::Read, OpenMode::Any}) {
+      const auto store = Open(std::chrono::seconds(1), mode);
+      EXPECT_EQ(Addresses(*store), 1);
+      EXPECT_EQ(ErrorNumberOf([&] { AddAddress(*store, "Meier"); }), Number(StoreError::ReadOnly));
+    }
+    const SqliteCheck check = CheckSqlite(path_);
+    EXPECT_THAT(check.additions, testing::ElementsAre(HasSubstr(expected))) << sql;
+    EXPECT_THAT(check.faults, IsEmpty());
+    std::filesystem::remove(path_);
+  }
+  Create();
+  RunSql(
+      "CREATE TABLE Kartei (oid INTEGER UNIQUE); CREATE INDEX k ON Kartei (oid);"
+      "CREATE TRIGGER t AFTER INSERT ON Kartei BEGIN DELETE FROM Kartei; END;"
+      "CREATE VIEW Briefe AS SELECT Name FROM Adressen; ANALYZE");
+  AddAddress(*Open(), "Müller");
+  const SqliteCheck check = CheckSqlite(path_);
+  EXPECT_THAT(check.faults, IsEmpty());
+  EXPECT_THAT(check.additions, IsEmpty());
+}
+
+TEST_F(SqliteStructure, AWalkOverAnIndexWithOtherContentEndsWithAnError) {
+  const auto root = [&](const std::string& index) {
+    const std::string page =
+        Query("SELECT rootpage FROM sqlite_schema WHERE name = '" + index + "'");
+    return (std::stoul(page) - 1) * 4096;
+  };
+  const std::pair<std::string, std::string> cases[] = {
+      {"Artikelgruppen_order", "Artikelgruppen_key_ID"},
+      {"Artikelgruppen_key_ID", "KELM_Nummern_key_Tabelle_Feld"},
+      {"Artikelgruppen_key_ID", "Artikelgruppen_order"},
+      {"Artikel_order", "Artikelgruppen_key_ID"},
+  };
+  for (const auto& [damaged, source] : cases) {
+    {
+      const auto store = Create();
+      for (const char* const id : {"B", "A", "C"}) {
+        const Oid group = InsertedOid(*store, table::Artikelgruppen, 0, {{field::ID, id}}, {id});
+        InsertedOid(*store, table::Artikel, group, {{field::Id, id}}, {id});
+      }
+      store->Commit();
+    }
+    std::string bytes = BytesOf(path_);
+    bytes.replace(root(damaged), 4096, bytes.substr(root(source), 4096));
+    WriteBytes(path_, bytes);
+    const auto store = Open();
+    const auto walk = [&](TableId table, std::size_t& rows) {
+      Record record;
+      for (std::int64_t after = 0; store->NextInParent(table, 1, after, record);
+           after = record.order) {
+        if (++rows == 100) return;
+      }
+      std::string key;
+      for (std::int64_t after = 0; store->NextByKey(table, 0, key, after, record);
+           after = record.order, key = record.keys[0]) {
+        if (++rows == 100) return;
+      }
+    };
+    for (const auto name : {table::Artikelgruppen, table::Artikel}) {
+      std::size_t rows = 0;
+      const std::int32_t error = ErrorNumberOf([&] { walk(TableOf(*store, name), rows); });
+      EXPECT_LT(rows, 100u) << damaged << ", " << name;
+      EXPECT_TRUE(error == 0 || error == Number(StoreError::NotADatabase)) << error;
+    }
+    EXPECT_THAT(CheckSqlite(path_).faults, Not(IsEmpty()));
+    std::filesystem::remove(path_);
   }
 }
 
@@ -162,7 +288,7 @@ TEST_F(SqliteFile, AUnitBrokenOffByACrashIsTakenBackByTheNextOpeningButByNoRehea
 
   EXPECT_EQ(Addresses(*Open()), 1);
   EXPECT_EQ(Query("SELECT Name FROM Adressen"), "Müller");
-  EXPECT_THAT(CheckSqlite(path_), IsEmpty());
+  EXPECT_THAT(CheckSqlite(path_).faults, IsEmpty());
 }
 
 TEST_F(SqliteFile, TellsSqlToolsDatesThatPeopleCanRead) {
@@ -222,20 +348,34 @@ TEST_F(SqliteFile, ASnapshotWaitsForNobodyAndKeepsNobodyWaiting) {
   AddAddress(*writer, "Müller");
   InsertedOid(*writer, table::Adressen, 0, {{field::Name, "noch nicht fertig"}});
   const auto snapshot = Open(std::chrono::milliseconds(0), OpenMode::Snapshot);
-  EXPECT_EQ(Addresses(*snapshot), 1);
+  const SqliteCheck check = CheckSqlite(path_, std::chrono::milliseconds(0));
+  EXPECT_THAT(check.faults, IsEmpty());
   writer->Commit();
   EXPECT_EQ(Addresses(*snapshot), 1);
+  EXPECT_EQ(Addresses(*check.store), 1);
 }
 
 TEST_F(SqliteFile, TheCheckNamesWhatIsWrong) {
+  const std::string type = ": der Wert passt nicht zum Typ des Feldes";
+  const std::string utf8 = ": der Text ist kein UTF-8";
   const std::pair<std::string, std::string> cases[] = {
       {"DELETE FROM Adressen", "vv_Vertraege, Oid 2: in Adressen fehlt"},
-      {"UPDATE vv_Vertraege SET Dauer = 'zwölf'",
-       "vv_Vertraege, Oid 2, Dauer: der Wert passt nicht"},
-      {"DROP INDEX vv_Vertraege_order", "vv_Vertraege: der Index vv_Vertraege_order fehlt"},
-      {"DROP VIEW vv_Vertraege_lesbar; ALTER TABLE vv_Vertraege DROP COLUMN Memo",
-       "vv_Vertraege: die Spalte Memo fehlt"},
-      {"DROP TABLE Artikel", "die Tabelle Artikel fehlt"},
+      {"UPDATE vv_Vertraege SET Dauer = 'zwölf'", "vv_Vertraege, Oid 2, Dauer" + type},
+      {"UPDATE vv_Vertraege SET Dauer = 12, Art = x'41'", "vv_Vertraege, Oid 2, Art" + type},
+      {"UPDATE vv_Vertraege SET Dauer = 4294967297",
+       "vv_Vertraege, Oid 2, Dauer: die Zahl hat mehr als 32 Bit"},
+      {"UPDATE vv_Vertraege SET NoBooking = 2", "vv_Vertraege, Oid 2, NoBooking: weder 0 noch 1"},
+      {"UPDATE vv_Vertraege SET AktValue = x'31'", "vv_Vertraege, Oid 2, AktValue" + type},
+      {"UPDATE vv_Vertraege SET Memo = CAST(x'4DFC' AS TEXT)", "vv_Vertraege, Oid 2, Memo" + utf8},
+      {"UPDATE Adressen SET ord = 0", "Adressen, Oid 1, ord: die Zahl ist kleiner als 1"},
+      {"UPDATE pactora_database SET last_number = 1",
+       "pactora_database, last_number: steht auf 1, aber vv_Vertraege, Oid 2, hat schon 2"},
+      {"UPDATE pactora_database SET last_number = 'viel'",
+       "pactora_database, Zeile 1, last_number" + type},
+      {"UPDATE pactora_users SET name = CAST(x'FF' AS TEXT) WHERE position = 2",
+       "pactora_users, Zeile 2, name" + utf8},
+      {"UPDATE pactora_setting_elements SET value = CAST(x'C3' AS TEXT)",
+       "pactora_setting_elements, Zeile 2, value" + utf8},
   };
   for (const auto& [sql, expected] : cases) {
     {
@@ -244,9 +384,9 @@ TEST_F(SqliteFile, TheCheckNamesWhatIsWrong) {
                   {{field::AktValue, -0.0}, {field::Dauer, std::int32_t{12}}});
       store->Commit();
     }
-    EXPECT_THAT(CheckSqlite(path_), IsEmpty());
+    EXPECT_THAT(CheckSqlite(path_).faults, IsEmpty());
     RunSql(sql);
-    EXPECT_THAT(CheckSqlite(path_), Contains(HasSubstr(expected))) << sql;
+    EXPECT_THAT(CheckSqlite(path_).faults, Contains(HasSubstr(expected))) << sql;
     std::filesystem::remove(path_);
   }
 }
@@ -264,7 +404,7 @@ TEST_F(SqliteFile, TheCheckFindsADamagedPage) {
   ASSERT_NE(place, std::string::npos);
   bytes.replace(place - place % 4096, 2000, 2000, '\xAA');
   WriteBytes(path_, bytes);
-  EXPECT_THAT(CheckSqlite(path_), Not(IsEmpty()));
+  EXPECT_THAT(CheckSqlite(path_).faults, Not(IsEmpty()));
 }
 
 }  // namespace

@@ -74,15 +74,40 @@ TEST_F(SqliteMigration, AnEarlierFileBecomesOneOfTodayWhenItIsOpenedToWrite) {
   };
   const std::string before = BytesOf(path_);
   for (const OpenMode mode : {OpenMode::Read, OpenMode::Snapshot, OpenMode::Rehearsal}) open(mode);
-  EXPECT_EQ(CheckSqlite(path_), std::vector<std::string>());
+  EXPECT_EQ(CheckSqlite(path_).faults, std::vector<std::string>());
   EXPECT_EQ(BytesOf(path_), before);
   EXPECT_EQ(migrated, 0);
   open(OpenMode::Write);
   open(OpenMode::Any);
   EXPECT_EQ(migrated, 1);
   EXPECT_EQ(Structure(), structure);
-  EXPECT_EQ(CheckSqlite(path_), std::vector<std::string>());
+  EXPECT_EQ(CheckSqlite(path_).faults, std::vector<std::string>());
   EXPECT_EQ(Query("SELECT count(*) FROM Adressen"), "3");
+  RunSql("DROP INDEX Vertragsschluessel_unique");
+  EXPECT_EQ(ErrorNumberOf([&] { Open(); }), Number(StoreError::NotADatabase));
+}
+
+TEST_F(SqliteMigration, AnEarlierFileWithFaultsOrOthersTriggersStaysAsItIs) {
+  const std::string trigger =
+      "CREATE TRIGGER t AFTER UPDATE ON vv_Vertraege BEGIN DELETE FROM Adressen; END";
+  const auto error = [&](OpenMode mode) {
+    return ErrorNumberOf([&] { Open(std::chrono::seconds(1), mode); });
+  };
+  CreateVersion1(1);
+  RunSql(trigger);
+  std::string before = BytesOf(path_);
+  EXPECT_EQ(error(OpenMode::Write), Number(StoreError::ReadOnly));
+  EXPECT_NE(FindContract(*Open(std::chrono::seconds(1), OpenMode::Any), "Ä1"), 0);
+  EXPECT_EQ(CheckSqlite(path_).additions.size(), 1u);
+  EXPECT_EQ(BytesOf(path_), before);
+
+  RunSql("DROP TRIGGER t; DROP INDEX Adressen_order");
+  before = BytesOf(path_);
+  for (const OpenMode mode : {OpenMode::Read, OpenMode::Any, OpenMode::Write})
+    EXPECT_EQ(error(mode), Number(StoreError::NotADatabase));
+  EXPECT_EQ(CheckSqlite(path_).faults,
+            std::vector<std::string>{"der Index „Adressen_order“ fehlt"});
+  EXPECT_EQ(BytesOf(path_), before);
 }
 
 TEST_F(SqliteMigration, KilledAtAnyMomentItIsWholeOrNotBegun) {

@@ -117,7 +117,7 @@ TEST_F(SqliteUsers, AUnitThatTheStorageGaveUpIsLostUntilRollback) {
   auto own = std::make_unique<sqlite::Connection>(path_, sqlite::Access::ReadWrite, 0ms);
   sqlite::Connection* const connection = own.get();
   connection->SetUp();
-  schema::Catalog catalog = sqlite::ReadCatalog(*connection);
+  schema::Catalog catalog = sqlite::ReadStructure(*connection).catalog;
   const auto store =
       std::make_unique<sqlite::SqliteRecordStore>(std::move(own), std::move(catalog));
   const TableId addresses = TableOf(*store, table::Adressen);

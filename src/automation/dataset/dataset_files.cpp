@@ -26,13 +26,14 @@ std::size_t CountRows(store::RecordStore& store) {
   return rows;
 }
 
-// An export would silently omit values of a foreign type and rows without a parent.
-void RequireSound(const std::string& database) {
-  const std::vector<std::string> faults = workspace::CheckStorage(database);
-  if (faults.empty()) return;
+// A copy of one moment. An export of a damaged database would silently omit values of a
+// foreign type and rows without a parent.
+std::unique_ptr<store::RecordStore> SoundCopy(const std::string& database) {
+  workspace::StorageCheck check = workspace::CheckStorage(database);
+  if (check.faults.empty()) return std::move(check.store);
   formats::Raise(formats::DoorError::NotCarriedOut,
-                 fmt::format("{}: {}{}", database, faults.front(),
-                             faults.size() > 1 ? "; pactora check nennt alle Mängel" : ""));
+                 fmt::format("{}: {}{}", database, check.faults.front(),
+                             check.faults.size() > 1 ? "; pactora check nennt alle Mängel" : ""));
 }
 
 }  // namespace
@@ -63,8 +64,7 @@ void ImportDatabase(const std::string& database, const formats::TextSource& sour
 void ExportDatabase(const std::string& database, const std::string& file,
                     const Progress& progress) {
   workspace::RequireOutside(database, file);
-  const auto store = workspace::OpenDatabase(database, workspace::Access::Snapshot);
-  RequireSound(database);
+  const auto store = SoundCopy(database);
   const std::size_t all = CountRows(*store);
   std::size_t done = 0;
   formats::WriteOutput(

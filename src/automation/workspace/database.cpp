@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "automation/formats/ScratchFile.h"
 #include "automation/formats/errors.h"
@@ -42,6 +43,13 @@ void RequireAvailable(const std::string& name) {
 
 std::function<void(const std::string&)> report_migration;
 
+#ifdef PACTORA_HAS_SQLITE
+void RequireFile(const std::string& name) {
+  if (!DatabaseExists(name))
+    store::Raise(store::StoreError::NotReachable, "die Datei gibt es nicht");
+}
+#endif
+
 }  // namespace
 
 void ReportMigrationTo(std::function<void(const std::string& name)> report) {
@@ -78,8 +86,7 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
       if (report_migration) report_migration(name);
     };
     return Naming(name, [&] {
-      if (!DatabaseExists(name))
-        store::Raise(store::StoreError::NotReachable, "die Datei gibt es nicht");
+      RequireFile(name);
       return store::OpenSqlite(name, options);
     });
   }
@@ -131,12 +138,18 @@ bool IsEmpty(store::RecordStore& store) {
   return true;
 }
 
-std::vector<std::string> CheckStorage(const std::string& name) {
+StorageCheck CheckStorage(const std::string& name) {
   RequireAvailable(name);
 #ifdef PACTORA_HAS_SQLITE
-  if (name != kMemoryName) return Naming(name, [&] { return store::CheckSqlite(name); });
+  if (name != kMemoryName) {
+    return Naming(name, [&]() -> StorageCheck {
+      RequireFile(name);
+      store::SqliteCheck check = store::CheckSqlite(name);
+      return {std::move(check.faults), std::move(check.additions), std::move(check.store)};
+    });
+  }
 #endif
-  return {};
+  return {{}, {}, OpenDatabase(name, Access::Read)};
 }
 
 }  // namespace pactora::workspace

@@ -73,7 +73,13 @@ auto Naming(const std::string& database, const Body& body) {
 // Whether no table has a row.
 bool IsEmpty(store::RecordStore& store);
 
-// What the storage itself finds wrong with its file; empty for ":memory:".
-std::vector<std::string> CheckStorage(const std::string& name);
+// What the storage itself finds wrong with a database, and the copy of one moment that it
+// looked at; null where that can't be walked.
+struct StorageCheck {
+  std::vector<std::string> faults;
+  std::vector<std::string> additions;  // of others, which refuse writing, but no reading
+  std::unique_ptr<store::RecordStore> store;
+};
+StorageCheck CheckStorage(const std::string& name);
 
 }  // namespace pactora::workspace

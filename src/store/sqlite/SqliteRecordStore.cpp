@@ -125,6 +125,12 @@ bool SqliteRecordStore::Find(Statement& statement, TableId table, Record& record
   return true;
 }
 
+// A damaged index leads back to rows that lie behind; a walk over it would never end.
+void SqliteRecordStore::RaiseAstray(TableId table) const {
+  Raise(StoreError::NotADatabase,
+        "ein Index der Tabelle „" + catalog_.tables[table].name + "“ führt zu falschen Zeilen");
+}
+
 bool SqliteRecordStore::Read(TableId table, Oid oid, Record& record) {
   Statement& statement = File().statements.Get(table, Operation::Read);
   statement.Bind(1, oid);
@@ -137,7 +143,11 @@ bool SqliteRecordStore::NextInParent(TableId table, Oid parent, std::int64_t aft
   int parameter = 1;
   if (catalog_.tables[table].parent) statement.Bind(parameter++, parent);
   statement.Bind(parameter, after);
-  return Find(statement, table, record);
+  if (!Find(statement, table, record)) return false;
+  if (record.order <= after || record.parent != (catalog_.tables[table].parent ? parent : 0)) {
+    RaiseAstray(table);
+  }
+  return true;
 }
 
 bool SqliteRecordStore::NextByKey(TableId table, IndexId index, std::string_view key,
@@ -145,7 +155,10 @@ bool SqliteRecordStore::NextByKey(TableId table, IndexId index, std::string_view
   Statement& statement = File().statements.NextByKey(table, index);
   statement.Bind(1, key);
   statement.Bind(2, after);
-  return Find(statement, table, record);
+  if (!Find(statement, table, record)) return false;
+  const int compared = std::string_view(record.keys[index]).compare(key);
+  if (compared < 0 || (compared == 0 && record.order <= after)) RaiseAstray(table);
+  return true;
 }
 
 std::int64_t SqliteRecordStore::CountInParent(TableId table, Oid parent) {

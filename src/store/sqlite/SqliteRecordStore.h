@@ -52,6 +52,7 @@ class SqliteRecordStore final : public RecordStore {
 
   // Runs a statement that finds one row at most.
   bool Find(Statement& statement, TableId table, Record& record);
+  [[noreturn]] void RaiseAstray(TableId table) const;
   bool UpdateWith(Operation operation, TableId table, const Record& record);
   // Whether the statement that ran last wrote a row. Raises the error of code.
   bool HasWritten(int code);

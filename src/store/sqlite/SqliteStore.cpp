@@ -42,9 +42,11 @@ std::unique_ptr<RecordStore> CreateSqliteInMemory(const schema::Catalog& catalog
 }
 
 std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptions& options) {
-  auto connection = sqlite::OpenConnection(path, options);
-  schema::Catalog catalog = sqlite::ReadCatalog(*connection);
-  return std::make_unique<SqliteRecordStore>(std::move(connection), std::move(catalog));
+  sqlite::OpenedFile file = sqlite::OpenConnection(path, options);
+  const std::vector<std::string>& faults = file.structure.faults;
+  if (!faults.empty()) Raise(StoreError::NotADatabase, faults.front());
+  return std::make_unique<SqliteRecordStore>(std::move(file.connection),
+                                             std::move(file.structure.catalog));
 }
 
 }  // namespace pactora::store

@@ -40,15 +40,25 @@ std::unique_ptr<RecordStore> CreateSqliteInMemory(const schema::Catalog& catalog
 
 // Opens an existing database. One of an earlier structure is migrated, whole or not at all,
 // where it is opened to write; otherwise a copy in memory is. Raises StoreError::NotReachable,
-// NotADatabase, OtherVersion, Locked or ReadOnly. A unit of work that was broken off by a crash is
-// rolled back first, except for a rehearsal, which writes nothing and raises
-// StoreError::NotReachable then.
+// NotADatabase, OtherVersion, Locked or ReadOnly. Where others have put triggers or indexes on
+// its tables, opening to write or to rehearse raises ReadOnly, and OpenMode::Any reads. A unit of
+// work that was broken off by a crash is rolled back first, except for a rehearsal, which writes
+// nothing and raises StoreError::NotReachable then.
 std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptions& options = {});
 
-// Examines the whole file: its pages and indexes, the references between rows,
-// the columns and the types of their values. One line for each fault, empty when
-// there is none. Raises what OpenSqlite raises for a file that can't be opened.
-std::vector<std::string> CheckSqlite(const std::string& path,
-                                     std::chrono::milliseconds lock_timeout = kDefaultLockTimeout);
+// What an examination found.
+struct SqliteCheck {
+  std::vector<std::string> faults;     // German, a line each
+  std::vector<std::string> additions;  // what refuses writing, but no reading
+  // What was examined, for further checks; null where it can't be walked.
+  std::unique_ptr<RecordStore> store;
+};
+
+// Examines a copy of the whole file as it is at this moment: its pages and indexes, what was
+// left out of the structure, altered or added to it, the references between rows, their
+// values and numbers. Other users are kept from saving no longer than the copy takes. Raises
+// what OpenSqlite raises for a file that is no database or can't be opened.
+SqliteCheck CheckSqlite(const std::string& path,
+                        std::chrono::milliseconds lock_timeout = kDefaultLockTimeout);
 
 }  // namespace pactora::store

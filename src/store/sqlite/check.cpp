@@ -1,8 +1,7 @@
 // The examination of a whole database file.
-#include <map>
-#include <set>
-
+#include "platform/Text.h"
 #include "store/errors.h"
+#include "store/sqlite/SqliteRecordStore.h"
 #include "store/sqlite/SqliteStore.h"
 #include "store/sqlite/Statement.h"
 #include "store/sqlite/opening.h"
@@ -15,92 +14,153 @@ using sqlite::Connection;
 using sqlite::Quoted;
 using sqlite::Statement;
 
+constexpr const char* kWrongType = "der Wert passt nicht zum Typ des Feldes";
+constexpr const char* kNoUtf8 = "der Text ist kein UTF-8";
+
+// What must not hold for any row, in SQL.
+struct Rule {
+  std::string column;
+  std::string broken;
+  const char* fault;
+};
+
+// The SQL function is_utf8(text).
+void IsUtf8(sqlite3_context* context, int, sqlite3_value** arguments) {
+  const auto* const bytes = static_cast<const char*>(sqlite3_value_blob(arguments[0]));
+  const auto size = static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]));
+  sqlite3_result_int(context, platform::IsValidUtf8({bytes, size}) ? 1 : 0);
+}
+
 class Examination {
  public:
-  explicit Examination(const Connection& connection) : connection_(connection) {}
+  explicit Examination(const Connection& connection) : connection_(connection) {
+    sqlite3_create_function(connection.Handle(), "is_utf8", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                            nullptr, IsUtf8, nullptr, nullptr);
+  }
 
   void Pages() {
     Statement pages(connection_, "PRAGMA integrity_check");
     while (pages.Step()) {
-      if (pages.Text(0) != "ok") faults_.emplace_back(pages.Text(0));
+      if (pages.Text(0) != "ok") Add(std::string(pages.Text(0)));
     }
   }
 
-  void References() {
-    Statement references(connection_, "PRAGMA foreign_key_check");
-    while (references.Step()) {
-      faults_.push_back(std::string(references.Text(0)) + ", Oid " +
-                        std::to_string(references.Integer(1)) + ": in " +
-                        std::string(references.Text(2)) + " fehlt der übergeordnete Datensatz");
+  void OwnTable(const std::string& table) {
+    std::vector<Rule> rules;
+    std::string row;  // the first column of the primary key
+    Statement columns(connection_, "SELECT name, type, pk FROM pragma_table_info(?1)");
+    columns.Bind(1, std::string_view(table));
+    while (columns.Step()) {
+      const std::string name(columns.Text(0));
+      if (columns.Integer(2) == 1) row = name;
+      if (columns.Text(1) == "INTEGER") AddType(rules, name, "'integer'");
+      if (columns.Text(1) == "TEXT") AddType(rules, name, "'text'");
+      AddText(rules, name);
     }
+    References(table, "Zeile");
+    Rows(table, row, "Zeile", rules);
   }
 
   void Table(const schema::Table& table) {
-    const auto columns = Columns(table.name);
-    if (columns.empty()) return Add("die Tabelle " + table.name + " fehlt");
-    std::string unfit;  // in SQL: the first column whose value is of a wrong type
-    const auto examine = [&](const std::string& column, std::string_view type, bool may_be_null) {
-      const auto found = columns.find(column);
-      if (found == columns.end()) {
-        faults_.push_back(table.name + ": die Spalte " + column + " fehlt");
-      } else if (found->second != type) {
-        faults_.push_back(table.name + ": die Spalte " + column + " ist vom Typ " + found->second);
-      } else {
-        unfit += " WHEN typeof(" + Quoted(column) + ") NOT IN (" + ValueTypes(type) +
-                 (may_be_null ? ", 'null'" : "") + ") THEN '" + column + "'";
-      }
-    };
-    examine("oid", "INTEGER", false);
-    if (table.parent) examine("parent", "INTEGER", false);
-    examine("ord", "INTEGER", false);
-    examine("version", "INTEGER", false);
-    for (const schema::Field& field : table.fields) {
-      examine(field.name, sqlite::ColumnType(field.type), true);
+    std::vector<Rule> rules;
+    for (const char* const column : {"oid", "ord", "version"}) {
+      AddType(rules, column, "'integer'");
+      rules.push_back({column, std::string(column) + " < 1", "die Zahl ist kleiner als 1"});
     }
-    for (const schema::Index& index : table.indexes) examine("key_" + index.name, "TEXT", false);
-    if (!unfit.empty()) Values(table.name, unfit);
-    Indexes(table);
+    if (table.parent) AddType(rules, "parent", "'integer'");
+    for (const schema::Field& field : table.fields) AddField(rules, field);
+    for (const schema::Index& index : table.indexes) {
+      AddType(rules, "key_" + index.name, "'text'");
+      AddText(rules, "key_" + index.name);
+    }
+    References(table.name, "Oid");
+    Rows(table.name, "oid", "Oid", rules);
+    Numbers(table.name);
   }
 
-  void Add(const std::string& fault) { faults_.push_back(fault); }
+  void Add(std::string fault) { faults_.push_back(std::move(fault)); }
+  bool FoundNothing() const { return faults_.empty(); }
   std::vector<std::string> Faults() && { return std::move(faults_); }
 
  private:
-  // What SQLite may keep in a sound column of that type, as a list in SQL. The
-  // floating-point numbers that it has no form for are kept as bytes.
-  static std::string ValueTypes(std::string_view column_type) {
-    if (column_type == "INTEGER") return "'integer'";
-    return column_type == "REAL" ? "'real', 'blob'" : "'text'";
+  static void AddType(std::vector<Rule>& rules, const std::string& column,
+                      const std::string& types) {
+    rules.push_back({column, "typeof(" + Quoted(column) + ") NOT IN (" + types + ")", kWrongType});
   }
 
-  // Names and types.
-  std::map<std::string, std::string> Columns(const std::string& table) const {
-    std::map<std::string, std::string> columns;
-    Statement info(connection_, "SELECT name, type FROM pragma_table_info(?1)");
-    info.Bind(1, std::string_view(table));
-    while (info.Step()) columns.emplace(info.Text(0), info.Text(1));
-    return columns;
+  static void AddText(std::vector<Rule>& rules, const std::string& column) {
+    const std::string name = Quoted(column);
+    rules.push_back(
+        {column, "typeof(" + name + ") = 'text' AND NOT is_utf8(" + name + ")", kNoUtf8});
   }
 
-  void Values(const std::string& table, const std::string& unfit) {
-    Statement rows(connection_, "SELECT * FROM (SELECT rowid, CASE" + unfit +
-                                    " END AS unfit FROM " + Quoted(table) +
-                                    ") WHERE unfit IS NOT NULL");
-    while (rows.Step()) {
-      faults_.push_back(table + ", Oid " + std::to_string(rows.Integer(0)) + ", " +
-                        std::string(rows.Text(1)) + ": der Wert passt nicht zum Typ des Feldes");
+  static void AddField(std::vector<Rule>& rules, const schema::Field& field) {
+    const std::string name = Quoted(field.name);
+    switch (field.type) {
+      case schema::FieldType::Long:
+        AddType(rules, field.name, "'integer', 'null'");
+        rules.push_back({field.name, name + " NOT BETWEEN -2147483648 AND 2147483647",
+                         "die Zahl hat mehr als 32 Bit"});
+        return;
+      case schema::FieldType::Boolean:
+        rules.push_back({field.name, name + " NOT IN (0, 1)", "weder 0 noch 1"});
+        return;
+      case schema::FieldType::Double:
+      case schema::FieldType::Date:
+        // The numbers that SQLite has no form for are kept as bytes.
+        rules.push_back({field.name,
+                         "typeof(" + name + ") NOT IN ('real', 'null') AND " + name +
+                             " NOT IN (CAST('-0.0' AS BLOB), CAST('NaN' AS BLOB))",
+                         kWrongType});
+        return;
+      case schema::FieldType::Text:
+      case schema::FieldType::Document:
+        AddType(rules, field.name, "'text', 'null'");
+        AddText(rules, field.name);
+        return;
     }
   }
 
-  void Indexes(const schema::Table& table) {
-    std::set<std::string> known;
-    Statement list(connection_, "SELECT name FROM pragma_index_list(?1)");
-    list.Bind(1, std::string_view(table.name));
-    while (list.Step()) known.emplace(list.Text(0));
-    for (const auto& index : sqlite::IndexDefinitions(table)) {
-      if (!known.contains(index.name)) {
-        faults_.push_back(table.name + ": der Index " + index.name + " fehlt");
+  // One fault for each row and rule that it breaks.
+  void Rows(const std::string& table, const std::string& row, const std::string& noun,
+            const std::vector<Rule>& rules) {
+    std::string columns = Quoted(row);
+    std::string any;
+    for (const Rule& rule : rules) {
+      columns += ", (" + rule.broken + ")";
+      any += (any.empty() ? "(" : " OR (") + rule.broken + ")";
+    }
+    Statement rows(connection_, "SELECT " + columns + " FROM " + Quoted(table) + " WHERE " + any);
+    while (rows.Step()) {
+      for (std::size_t i = 0; i < rules.size(); ++i) {
+        if (rows.Integer(static_cast<int>(i) + 1) == 0) continue;
+        Add(table + ", " + noun + " " + std::to_string(rows.Integer(0)) + ", " + rules[i].column +
+            ": " + rules[i].fault);
       }
+    }
+  }
+
+  void References(const std::string& table, const std::string& noun) {
+    Statement references(connection_, "SELECT rowid, parent FROM pragma_foreign_key_check(?1)");
+    references.Bind(1, std::string_view(table));
+    while (references.Step()) {
+      const std::string row =
+          references.IsNull(0) ? "" : ", " + noun + " " + std::to_string(references.Integer(0));
+      Add(table + row + ": in " + std::string(references.Text(1)) +
+          " fehlt der übergeordnete Datensatz");
+    }
+  }
+
+  // The next number given out must be one that no row has.
+  void Numbers(const std::string& table) {
+    Statement greatest(connection_, "SELECT oid, max(max(oid, ord)), last_number FROM " +
+                                        Quoted(table) +
+                                        ", pactora_database WHERE typeof(ord) = 'integer'");
+    while (greatest.Step()) {
+      if (greatest.Integer(1) <= greatest.Integer(2)) continue;
+      Add("pactora_database, last_number: steht auf " + std::to_string(greatest.Integer(2)) +
+          ", aber " + table + ", Oid " + std::to_string(greatest.Integer(0)) + ", hat schon " +
+          std::to_string(greatest.Integer(1)));
     }
   }
 
@@ -110,25 +170,32 @@ class Examination {
 
 }  // namespace
 
-std::vector<std::string> CheckSqlite(const std::string& path,
-                                     std::chrono::milliseconds lock_timeout) {
+SqliteCheck CheckSqlite(const std::string& path, std::chrono::milliseconds lock_timeout) {
   OpenOptions options;
   options.lock_timeout = lock_timeout;
   options.mode = OpenMode::Snapshot;
-  const auto copy = sqlite::OpenConnection(path, options);
-  Connection& connection = *copy;
-  const schema::Catalog catalog = sqlite::ReadCatalog(connection);
-  Examination examination(connection);
+  auto [copy, structure] = sqlite::OpenConnection(path, options);
+  SqliteCheck check;
+  check.faults = structure.faults;
+  check.additions = std::move(structure.additions);
+  Examination examination(*copy);
   try {
     examination.Pages();
-    examination.References();
-    for (const schema::Table& table : catalog.tables) examination.Table(table);
+    // On damaged pages a walk may lead anywhere.
+    if (examination.FoundNothing() && structure.faults.empty()) {
+      for (const sqlite::Part& part : sqlite::OwnTables()) examination.OwnTable(part.name);
+      for (const schema::Table& table : structure.catalog.tables) examination.Table(table);
+      check.store = std::make_unique<sqlite::SqliteRecordStore>(std::move(copy),
+                                                                std::move(structure.catalog));
+    }
   } catch (const platform::Error& error) {
     // Too damaged to read on.
     if (error.Number() != Number(StoreError::NotADatabase)) throw;
     examination.Add(error.Description());
   }
-  return std::move(examination).Faults();
+  const auto found = std::move(examination).Faults();
+  check.faults.insert(check.faults.end(), found.begin(), found.end());
+  return check;
 }
 
 }  // namespace pactora::store

@@ -6,7 +6,6 @@
 #include "store/errors.h"
 #include "store/rows.h"
 #include "store/sqlite/Statement.h"
-#include "store/sqlite/structure.h"
 
 namespace pactora::store::sqlite {
 namespace {
@@ -40,9 +39,12 @@ CREATE UNIQUE INDEX "Vertragsschluessel_unique"
   ON "Vertragsschluessel" (ifnull("Schluessel", x'00'));
 CREATE VIEW "Vertragsschluessel_lesbar" AS
   SELECT oid, "Schluessel", "Pruefsumme", "Liste", "Vertragnummer", "VertragOid",
-    CASE WHEN "Zeitpunkt" = 0 THEN '' ELSE date(CAST("Zeitpunkt" AS INTEGER) + 2415018.5) ||
-      strftime(' %H:%M:%S', 2415018.5 + abs("Zeitpunkt" - CAST("Zeitpunkt" AS INTEGER))) END
-      AS "Zeitpunkt"
+    CASE WHEN "Zeitpunkt" = 0 THEN ''
+      WHEN "Zeitpunkt" = CAST("Zeitpunkt" AS INTEGER)
+        THEN date(CAST("Zeitpunkt" AS INTEGER) + 2415018.5)
+      ELSE date(CAST("Zeitpunkt" AS INTEGER) + 2415018.5) ||
+        strftime(' %H:%M:%S', 2415018.5 + abs("Zeitpunkt" - CAST("Zeitpunkt" AS INTEGER)))
+      END AS "Zeitpunkt"
   FROM "Vertragsschluessel" ORDER BY ord;
 )sql";
 
@@ -85,11 +87,15 @@ bool IsOfEarlierVersion(const Connection& connection) {
   return ReadVersion(connection) < schema::Catalog().version;
 }
 
-void Migrate(Connection& connection) {
+Structure Migrate(Connection& connection) {
+  // Triggers of others would change what a copy is read for.
+  sqlite3_db_config(connection.Handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
   connection.Run("BEGIN EXCLUSIVE");
   try {
     if (ReadVersion(connection) == 1) ToVersion2(connection);
-    connection.Run("COMMIT");
+    Structure structure = ReadStructure(connection);
+    connection.Run(structure.faults.empty() ? "COMMIT" : "ROLLBACK");
+    return structure;
   } catch (...) {
     if (connection.InTransaction()) connection.Run("ROLLBACK");
     throw;

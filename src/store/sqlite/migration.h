@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "store/sqlite/Connection.h"
+#include "store/sqlite/structure.h"
 
 namespace pactora::store::sqlite {
 
@@ -14,8 +15,9 @@ std::int32_t ReadVersion(const Connection& connection);
 // Whether the database has to be migrated before it is worked with. Raises the same.
 bool IsOfEarlierVersion(const Connection& connection);
 
-// Brings the structure to today's, unless another user has done so by now; all of it or
-// nothing. Requires: no open transaction, and SetUp was called.
-void Migrate(Connection& connection);
+// Brings the structure to today's, unless another user has done so by now; all of it, or
+// nothing where that leaves faults. What the structure is then. The connection runs no triggers
+// from now on. Requires: no open transaction, and SetUp was called.
+Structure Migrate(Connection& connection);
 
 }  // namespace pactora::store::sqlite

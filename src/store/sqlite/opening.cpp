@@ -1,5 +1,7 @@
 #include "store/sqlite/opening.h"
 
+#include <utility>
+
 #include "store/errors.h"
 #include "store/sqlite/migration.h"
 
@@ -20,24 +22,26 @@ std::unique_ptr<Connection> CopyToMemory(const Connection& file) {
 
 }  // namespace
 
-std::unique_ptr<Connection> OpenConnection(const std::string& path, const OpenOptions& options) {
+OpenedFile OpenConnection(const std::string& path, const OpenOptions& options) {
   const bool rehearsal = options.mode == OpenMode::Rehearsal;
   const Access access = rehearsal ? Access::ReadOnly : Access::ReadWrite;
   auto connection = std::make_unique<Connection>(path, access, options.lock_timeout);
   const bool is_old = IsOfEarlierVersion(*connection);
   const bool is_protected = sqlite3_db_readonly(connection->Handle(), "main") == 1;
   if (options.mode == OpenMode::Write && is_protected) Raise(StoreError::ReadOnly);
-  const bool reads =
-      options.mode == OpenMode::Read || (options.mode == OpenMode::Any && is_protected);
+  // Others' triggers would work along with a migration as with every save.
+  const std::vector<std::string> additions = ReadStructure(*connection).additions;
+  if ((options.mode == OpenMode::Write || rehearsal) && !additions.empty())
+    Raise(StoreError::ReadOnly, additions.front());
+  const bool reads = options.mode == OpenMode::Read ||
+                     (options.mode == OpenMode::Any && (is_protected || !additions.empty()));
   const bool copies = rehearsal || options.mode == OpenMode::Snapshot || (reads && is_old);
   if (copies) connection = CopyToMemory(*connection);
   connection->SetUp();
-  if (is_old) {
-    Migrate(*connection);
-    if (!copies && options.on_migrated) options.on_migrated();
-  }
+  Structure structure = is_old ? Migrate(*connection) : ReadStructure(*connection);
+  if (is_old && !copies && structure.faults.empty() && options.on_migrated) options.on_migrated();
   if (reads) connection->Run("PRAGMA query_only = ON");
-  return connection;
+  return {std::move(connection), std::move(structure)};
 }
 
 }  // namespace pactora::store::sqlite

@@ -6,11 +6,18 @@
 
 #include "store/sqlite/Connection.h"
 #include "store/sqlite/SqliteStore.h"
+#include "store/sqlite/structure.h"
 
 namespace pactora::store::sqlite {
 
-// Opens the file, or a copy of it, set up and of today's structure. Raises what
-// OpenSqlite raises.
-std::unique_ptr<Connection> OpenConnection(const std::string& path, const OpenOptions& options);
+struct OpenedFile {
+  std::unique_ptr<Connection>
+      connection;  // set up, and of today's structure unless that has faults
+  Structure structure;
+};
+
+// Opens the file, or a copy of it. A file whose structure has faults stays as it is. Raises what
+// OpenSqlite raises but for those faults.
+OpenedFile OpenConnection(const std::string& path, const OpenOptions& options);
 
 }  // namespace pactora::store::sqlite

@@ -27,12 +27,19 @@ std::string KeyColumn(const schema::Index& index);
 // The type of a field's column.
 std::string_view ColumnType(schema::FieldType type);
 
-// The indexes of a table in the file.
-struct IndexDefinition {
+// A table, an index or a view of the file.
+struct Part {
+  std::string type;  // as SQLite names it: "table", "index" or "view"
   std::string name;
-  std::string sql;
+  std::string sql;  // what makes it
 };
-std::vector<IndexDefinition> IndexDefinitions(const schema::Table& table);
+
+// Everything that a database is made of, tables before what lies on them. SQLite keeps
+// the texts as they are, and files are compared with them when they are opened: any
+// change of a text is a new version of the structure.
+std::vector<Part> Parts(const schema::Catalog& catalog);
+// Those of them that are no tables of the catalogue and nothing on such a table.
+std::vector<Part> OwnTables();
 
 // Makes all tables, indexes and views. Requires: an open transaction on an empty
 // database.
@@ -41,7 +48,15 @@ void CreateStructure(Connection& connection, const schema::Catalog& catalog);
 // Whether nothing was ever made in the file.
 bool IsBlank(const Connection& connection);
 
-// The catalogue of a database of today's structure. Raises StoreError::NotADatabase.
-schema::Catalog ReadCatalog(const Connection& connection);
+// How a file stands to what this program makes.
+struct Structure {
+  schema::Catalog catalog;             // the one that the database was made with
+  std::vector<std::string> faults;     // what is missing or was altered, a German clause each
+  std::vector<std::string> additions;  // triggers and indexes of others on our tables
+};
+
+// Raises StoreError::NotADatabase for texts in another encoding than UTF-8. In a database of an
+// earlier structure the additions are the same as after its migration, the faults are not.
+Structure ReadStructure(const Connection& connection);
 
 }  // namespace pactora::store::sqlite
