@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "cli/ProgramTest.h"
+#include "store/sqlite/Connection.h"
 #include "support/company_text.h"
 
 namespace pactora::cli {
@@ -160,6 +162,49 @@ TEST_F(Commands, WhatCheckFindsEndsWithOne) {
   const Ended checked = Run({"check", bad});
   EXPECT_EQ(checked.status, 1);
   EXPECT_THAT(checked.out, HasSubstr("hat keinen Vertragsstand"));
+}
+
+// What another tool wrote is named, or the export can be imported.
+TEST_F(Commands, WhatCheckCallsSoundCanBeExportedAndImported) {
+  const auto run_sql = [](const std::string& file, const char* sql) {
+    store::sqlite::Connection(file, store::sqlite::Access::ReadWrite, std::chrono::seconds(9))
+        .Run(sql);
+  };
+  // Two contracts with one number.
+  ASSERT_EQ(Run({"new-contract", db, "-"}, kOrder).status, 0);
+  run_sql(db, "UPDATE KELM_Nummern SET Nummer = '00000000'");
+  ASSERT_EQ(Run({"new-contract", db, "-"}, kOrder).status, 0);
+  const struct {
+    const char* sql;
+    int status;
+    const char* out;
+  } cases[] = {
+      {"UPDATE vv_Vertraege SET VertragEnde = 2958465.99998, GeschlossenAm = -657434.0,"
+       " AktValue = -1e300, Auftragsnummer = 'Ä' || char(7)",
+       0, "Vertragnummer: „00000001“ hat auch Oid"},
+      {"UPDATE vv_Vertraege SET VertragEnde = 2958466.0", 1, "VertragEnde: das Datum liegt nicht"},
+      {"UPDATE vv_Vertraege SET AktValue = 9e999", 1, "AktValue: keine endliche Zahl"},
+      {"UPDATE vv_Vertraege SET Memo = CAST(x'FF' AS TEXT)", 1, "Memo: der Text ist kein UTF-8"},
+      {"DELETE FROM pactora_users", 1, "mindestens ein Benutzer"},
+      {"UPDATE pactora_database SET current_user_name = 'X'", 1, "steht nicht unter „users“"},
+      {"CREATE TRIGGER t AFTER INSERT ON Adressen BEGIN SELECT 1; END", 1, "der Trigger „t“"},
+      {"DROP VIEW vv_Vertraege_lesbar", 1, "die Sicht „vv_Vertraege_lesbar“ fehlt"},
+  };
+  for (const auto& [sql, status, out] : cases) {
+    SCOPED_TRACE(sql);
+    const std::string written = folder.File("fremd-bearbeitet.db");
+    std::filesystem::copy_file(db, written, std::filesystem::copy_options::overwrite_existing);
+    run_sql(written, sql);
+    const Ended checked = Run({"check", written});
+    EXPECT_EQ(checked.status, status) << checked.out << checked.error;
+    EXPECT_THAT(checked.out, HasSubstr(out));
+    if (status != 0) continue;
+    const Ended exported = Run({"export", written});
+    const std::string copy = folder.File("kopie.db");
+    std::filesystem::remove(copy);
+    EXPECT_EQ(Run({"import", copy, "-"}, exported.out).status, 0);
+    EXPECT_EQ(Run({"export", copy}).out, exported.out);
+  }
 }
 
 // Wrong usage and bad input. $ stands for the test's folder, '' for an empty word.

@@ -14,8 +14,13 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <vector>
 
+#include "automation/checks/check.h"
+#include "automation/workspace/database.h"
 #include "cli/ProgramTest.h"
+#include "schema/names.h"
+#include "store/rows.h"
 #include "store/sqlite/Connection.h"
 
 namespace pactora::cli {
@@ -63,6 +68,34 @@ TEST_F(Processes, ThatDrawNumbersAtOnceGetEachNumberOnceAndNoneIsRefused) {
   EXPECT_EQ(*numbers.begin(), "00000001");
   EXPECT_EQ(*numbers.rbegin(), "00000050");
   ExpectSound();
+}
+
+TEST_F(Processes, ACheckFindsNothingWrongWithWhatOthersSaveMeanwhile) {
+  ASSERT_EQ(Run({"new-contract", db, "-"}, Orders(2)).status, 0);
+  const auto writer = workspace::OpenDatabase(db, workspace::Access::Write);
+  const store::TableId addresses = writer->Catalog().Table(schema::table::Adressen);
+  const store::TableId contracts = writer->Catalog().Table(schema::table::vv_Vertraege);
+  const auto insert = [&](store::TableId table, store::Oid parent) {
+    store::Record record;
+    record.parent = parent;
+    record.cells.resize(writer->Catalog().tables[table].fields.size());
+    store::InsertRow(*writer, table, record, nullptr);
+    return record.oid;
+  };
+  const workspace::StorageCheck storage = workspace::CheckStorage(db);
+  EXPECT_THAT(storage.faults, testing::IsEmpty());
+  std::vector<std::string> findings;
+  std::size_t saved = 0;
+  checks::CheckDatabase(
+      *storage.store, [&](const std::string& text) { findings.push_back(text); },
+      [&] {
+        if (++saved > 50) return;
+        insert(contracts, insert(addresses, 0));
+        insert(contracts, 1);
+        writer->Commit();
+      });
+  EXPECT_GT(saved, 0u);
+  EXPECT_THAT(findings, testing::IsEmpty());
 }
 
 // The numbers of the contracts that the program says it has made.
