@@ -268,7 +268,7 @@ TEST_F(Takeover, FilesOfAnotherKindAreNamedAndLeftAlone) {
   for (const Case& c :
        {Case{db, list, "-", "der Bericht muss eine Datei sein"},
         {db, list, folder.File("ordner"), "der Bericht muss eine gewöhnliche Datei sein"},
-        {db, list, folder.File("zettel"), "kein Bericht einer Übernahme"},
+        {db, list, folder.File("zettel"), "kein Bericht, die Datei wird nicht ersetzt"},
         {db, list, list, "das ist die Liste selbst"},
         {db, list, db, "das ist die Datenbank selbst"},
         {folder.File("d.abgelehnt.csv"), list, folder.File("d"), "das ist die Datenbank selbst"}}) {

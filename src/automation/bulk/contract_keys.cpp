@@ -1,5 +1,9 @@
 #include "automation/bulk/contract_keys.h"
 
+#include <fmt/format.h>
+
+#include <utility>
+
 #include "automation/formats/digest.h"
 #include "platform/Text.h"
 #include "schema/names.h"
@@ -10,6 +14,9 @@ namespace pactora::bulk {
 namespace {
 
 namespace field = schema::field;
+
+// Stands before the digest of a contract that lacks rows.
+constexpr std::string_view kIncomplete = "unvollständig ";
 
 // A longer text stands for itself by its digest.
 std::string Fitting(const schema::Table& table, std::string_view name, const std::string& text) {
@@ -47,9 +54,11 @@ std::optional<EnteredContract> ContractKeys::Find(const std::string& key) {
   if (!Seek(keys_, field::Schluessel, Fitting(schema, field::Schluessel, key), any, found))
     return std::nullopt;
   const store::RowView row(schema, found);
-  return EnteredContract{row.Text(field::Pruefsumme), row.Text(field::Liste),
-                         row.Text(field::Vertragnummer),
-                         store::ParseOid(row.Text(field::VertragOid)).value_or(0)};
+  std::string digest = row.Text(field::Pruefsumme);
+  const bool is_incomplete = digest.starts_with(kIncomplete);
+  if (is_incomplete) digest.erase(0, kIncomplete.size());
+  return EnteredContract{std::move(digest), row.Text(field::Liste), row.Text(field::Vertragnummer),
+                         store::ParseOid(row.Text(field::VertragOid)).value_or(0), is_incomplete};
 }
 
 void ContractKeys::Add(const std::string& key, const EnteredContract& entered, platform::Date now) {
@@ -60,7 +69,7 @@ void ContractKeys::Add(const std::string& key, const EnteredContract& entered, p
     record.cells[schema.FindField(name).value()] = value;
   };
   set(field::Schluessel, Fitting(schema, field::Schluessel, key));
-  set(field::Pruefsumme, entered.digest);
+  set(field::Pruefsumme, (entered.is_incomplete ? std::string(kIncomplete) : "") + entered.digest);
   set(field::Liste, Fitting(schema, field::Liste, entered.list));
   set(field::Vertragnummer, entered.number);
   set(field::VertragOid, entered.oid == 0 ? std::string() : std::to_string(entered.oid));
@@ -68,9 +77,21 @@ void ContractKeys::Add(const std::string& key, const EnteredContract& entered, p
   store::InsertRow(store_, keys_, record, nullptr);
 }
 
-bool ContractKeys::Exists(const EnteredContract& entered) {
+ReportLine ContractKeys::Judge(const EnteredContract& entered, const std::string& digest) {
+  ReportLine line{0, {}, Outcome::Skipped, entered.number, entered.list, {}};
   store::Record row;
-  return entered.oid != 0 && store_.Read(contracts_, entered.oid, row);
+  if (!entered.digest.empty() && entered.digest != digest) {
+    line.outcome = Outcome::Refused;
+    line.number.clear();
+    line.message =
+        fmt::format("der Schlüssel gehört mit anderen Werten schon zu Vertrag {}", entered.number);
+  } else if (!store_.Read(contracts_, entered.oid, row)) {
+    line.message = "den Vertrag gibt es nicht mehr";
+  } else if (entered.is_incomplete) {
+    line.message = fmt::format(
+        "ein früherer Lauf ist daran gescheitert; Vertrag {} ist unvollständig", entered.number);
+  }
+  return line;
 }
 
 store::Oid ContractKeys::ContractOf(const std::string& number) {

@@ -6,16 +6,22 @@
 #include <string>
 #include <string_view>
 
+#include "automation/bulk/report.h"
 #include "platform/Date.h"
 #include "store/RecordStore.h"
 
 namespace pactora::bulk {
 
+// Said of a contract whose number is another one's too.
+inline constexpr const char* kNumberTaken = "die Vertragsnummer hat schon ein anderer Vertrag";
+
 struct EnteredContract {
   std::string digest;  // of the values that were entered; empty where nobody knows them
   std::string list;    // the list or file that they stood in
   std::string number;  // of the contract
-  store::Oid oid = 0;  // of the contract; 0 where the failure left none
+  store::Oid oid = 0;  // of the contract
+  // Making it failed half-way: the contract lacks rows.
+  bool is_incomplete = false;
 };
 
 // A fixed-length text that differs where the values do.
@@ -31,8 +37,9 @@ class ContractKeys {
   // Adds the key to the open unit. Requires: it is not known yet.
   void Add(const std::string& key, const EnteredContract& entered, platform::Date now);
 
-  // Whether the contract is still there.
-  bool Exists(const EnteredContract& entered);
+  // What becomes of a contract with that digest whose key is known: it is skipped, or refused
+  // where the values are others. Line and key are the caller's to fill in.
+  ReportLine Judge(const EnteredContract& entered, const std::string& digest);
   // A contract of that very number, or 0.
   store::Oid ContractOf(const std::string& number);
   // Whether another contract has the number too.

@@ -12,6 +12,7 @@
 #include "automation/formats/csv.h"
 #include "automation/formats/errors.h"
 #include "automation/formats/files.h"
+#include "automation/workspace/database.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
@@ -159,7 +160,18 @@ std::vector<ReportedContract> ReadEarlierReport(const std::string& path) {
   if (text.empty() || (!rows.empty() && rows.front().cells == kColumns)) return {};
   if (!rows.empty() && rows.front().cells == kEarlierColumns) return ContractsOf(rows);
   formats::Raise(formats::DoorError::BadInput,
-                 path + ": kein Bericht einer Übernahme, die Datei wird nicht ersetzt");
+                 path + ": kein Bericht, die Datei wird nicht ersetzt");
+}
+
+void RequireOwnFile(const std::string& report, const std::string& database,
+                    const std::vector<std::string>& lists) {
+  if (report == formats::kStandardStream)
+    formats::Raise(formats::DoorError::BadInput,
+                   "der Bericht muss eine Datei sein, die Standardausgabe ist es nicht");
+  workspace::RequireOutside(database, report);
+  for (const std::string& list : lists)
+    if (list != formats::kStandardStream && formats::IsSameFile(list, report))
+      formats::Raise(formats::DoorError::BadInput, report + ": das ist die Liste selbst");
 }
 
 }  // namespace pactora::bulk

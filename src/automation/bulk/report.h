@@ -28,7 +28,7 @@ struct ReportLine {
   std::string key;
   Outcome outcome = Outcome::Failed;
   std::string number;  // of the contract
-  std::string list;    // in which the contract was entered
+  std::string list;    // in which the contract was entered, or that the rejected line is in
   std::string message;
 };
 
@@ -63,5 +63,10 @@ struct ReportedContract {
 // release, whose contracts are returned. Raises DoorError::BadInput for any other file, which
 // must not be replaced, and DoorError::NotCarriedOut where the report can't be written.
 std::vector<ReportedContract> ReadEarlierReport(const std::string& path);
+
+// Raises DoorError::BadInput where the report would be standard output, the database or
+// one of the lists.
+void RequireOwnFile(const std::string& report, const std::string& database,
+                    const std::vector<std::string>& lists);
 
 }  // namespace pactora::bulk

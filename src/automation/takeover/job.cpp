@@ -21,15 +21,8 @@ std::string NameOf(const std::string& list) {
 
 // The order; raises where one file is named for two purposes.
 const Order& Checked(const Order& order) {
-  if (order.report == formats::kStandardStream)
-    formats::Raise(formats::DoorError::BadInput,
-                   "der Bericht muss eine Datei sein, die Standardausgabe ist es nicht");
-  const std::string rejected = RejectedFile(order.report);
-  workspace::RequireOutside(order.database, order.report);
-  workspace::RequireOutside(order.database, rejected);
-  if (order.list == formats::kStandardStream) return order;
-  if (formats::IsSameFile(order.list, order.report))
-    formats::Raise(formats::DoorError::BadInput, order.report + ": das ist die Liste selbst");
+  bulk::RequireOwnFile(order.report, order.database, {order.list});
+  workspace::RequireOutside(order.database, RejectedFile(order.report));
   return order;
 }
 

@@ -76,7 +76,7 @@ void Run::AdoptEarlier(const std::vector<ReportedContract>& reported) {
     for (const ReportedContract& contract : contracts) {
       const store::Oid oid = keys_.ContractOf(contract.number);
       if (oid != 0 && !keys_.Find(contract.key))
-        keys_.Add(contract.key, {{}, {}, contract.number, oid}, clock_.Now());
+        keys_.Add(contract.key, {{}, {}, contract.number, oid, false}, clock_.Now());
     }
   group_.End();
 }
@@ -129,18 +129,11 @@ ReportLine Run::Take(const Line& line, const Line& first) {
 
 ReportLine Run::TakeKnown(const Line& line, const Line& first,
                           const bulk::EnteredContract& entered) {
-  ReportLine result{line.line, line.key, Outcome::Skipped, entered.number, entered.list, {}};
-  const bool is_same = entered.digest.empty() || entered.digest == bulk::DigestOf(line.values);
-  if (!is_same) {
-    result.outcome = Outcome::Refused;
-    result.number.clear();
-    result.message =
-        fmt::format("der Schlüssel gehört mit anderen Werten schon zu Vertrag {}", entered.number);
-  } else if (&first != &line) {
+  ReportLine result = keys_.Judge(entered, bulk::DigestOf(line.values));
+  result.line = line.line;
+  result.key = line.key;
+  if (result.outcome == Outcome::Skipped && &first != &line)
     result.message = fmt::format("dasselbe steht in Zeile {}", first.line);
-  } else if (!keys_.Exists(entered)) {
-    result.message = "den Vertrag gibt es nicht mehr";
-  }
   return result;
 }
 
@@ -189,10 +182,11 @@ void Run::EnterContract(const Line& line, ReportLine& result) {
   result.list = list_name_;
   const auto contracts = session_.Host().Table(schema::table::vv_Vertraege);
   const store::Oid oid = store::ParseOid(contracts->Oid()).value_or(0);
-  keys_.Add(line.key, {bulk::DigestOf(line.values), list_name_, result.number, oid}, clock_.Now());
+  keys_.Add(line.key, {bulk::DigestOf(line.values), list_name_, result.number, oid, false},
+            clock_.Now());
   if (keys_.IsTaken(result.number, oid)) {
     result.message += result.message.empty() ? "" : " | ";
-    result.message += "die Vertragsnummer hat schon ein anderer Vertrag";
+    result.message += bulk::kNumberTaken;
   }
 }
 
