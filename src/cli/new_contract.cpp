@@ -5,11 +5,9 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "automation/dataset/ContractMaker.h"
-#include "automation/dataset/WrittenRows.h"
-#include "automation/dataset/contract_file.h"
+#include "automation/bulk/report.h"
+#include "automation/dataset/ContractJob.h"
 #include "automation/formats/JsonWriter.h"
 #include "automation/formats/errors.h"
 #include "automation/workspace/database.h"
@@ -23,86 +21,98 @@ namespace pactora::cli {
 namespace {
 
 struct NewContractArguments {
-  std::string database;
-  std::vector<std::string> files;
+  dataset::ContractJobOrder order;
   std::optional<platform::Date> today;
-  bool dry_run = false;
   bool json = false;
 };
 
-class Bulk {
+class ContractsCommand {
  public:
-  explicit Bulk(const NewContractArguments& arguments) : arguments_(arguments) {
-    for (const std::string& file : arguments.files) files_.push_back(formats::FileSource(file));
-    // All files are checked before the first contract is made.
-    for (const auto& file : files_)
-      dataset::ForEachContract(file, [this](const dataset::ContractOrder&) { ++total_; });
-  }
+  explicit ContractsCommand(const NewContractArguments& arguments)
+      : arguments_(arguments), job_(arguments.order), bar_(job_.Size()) {}
 
   Status Run() {
     const auto clock = ClockFor(arguments_.today);
-    auto store = workspace::OpenDatabase(arguments_.database, AccessFor(arguments_.dry_run));
-    dataset::WrittenRows* written = nullptr;
-    if (arguments_.dry_run) written = &dataset::WrittenRows::Watch(store);
-    dataset::ContractMaker maker(std::move(store), *clock);
-    ProgressBar bar(total_);
-    bar_ = &bar;
+    const bulk::Count& count = job_.Count();
     try {
-      for (const auto& file : files_)
-        dataset::ForEachContract(file,
-                                 [&](const dataset::ContractOrder& order) { Make(maker, order); });
+      job_.CarryOut(
+          *clock, InterruptAsked, [this](const auto& results) { Print(results); },
+          [this](dataset::WrittenRows& written) { PrintRows(written); });
     } catch (const platform::Error& error) {
-      // The rest is skipped: the database is not reachable, or the user stops.
-      bar.Clear();
-      const std::string why = formats::Describe(workspace::Named(arguments_.database, error));
-      Complain(total_ > 1 ? fmt::format("{} ({} von {} angelegt)", why, made_, total_) : why);
+      // The rest is left out: the database is not reachable, or the user stops.
+      bar_.Clear();
+      if (Done() + count.Rejected() == 0) throw;
+      const std::string why = InterruptAsked() ? formats::kInterrupted : formats::Describe(error);
+      Complain(job_.Size() > 1 ? fmt::format("{} ({} von {} angelegt{})", why, count.created,
+                                             job_.Size(), SkippedText())
+                               : why);
       const Status status = StatusOf(error);
-      return status == Status::Interrupted || made_ == 0 ? status : Status::PartlyDone;
+      const bool is_partly_done = status != Status::Interrupted && Done() > 0;
+      return is_partly_done ? Status::PartlyDone : status;
     }
-    bar.Clear();
-    if (written) PrintRows(*written);
-    if (made_ == total_) return Status::Done;
-    if (total_ > 1)
-      fmt::print(stderr, "{} von {} Verträgen {}\n", made_, total_,
-                 arguments_.dry_run ? "wären angelegt" : "angelegt");
-    return made_ > 0 ? Status::PartlyDone : Status::Refused;
+    bar_.Clear();
+    if (count.created < job_.Size() && job_.Size() > 1)
+      fmt::print(stderr, "{} von {} Verträgen {}{}\n", count.created, job_.Size(),
+                 arguments_.order.rehearsal ? "wären angelegt" : "angelegt", SkippedText());
+    if (count.Rejected() == 0) return Status::Done;
+    return Done() > 0 ? Status::PartlyDone : Status::Refused;
   }
 
  private:
-  void Make(dataset::ContractMaker& maker, const dataset::ContractOrder& order) {
-    RaiseIfInterrupted();
-    try {
-      const dataset::MadeContract made = maker.Make(order);
-      ++made_;
-      bar_->ClearForOutput();
-      Print(order, made);
-    } catch (const platform::Error& error) {
-      if (StatusOf(error) != Status::Refused) throw;
-      bar_->Clear();
-      Complain(fmt::format("{}: {}", order.source, formats::Describe(error)));
-    }
-    bar_->Advance();
+  std::size_t Done() const { return job_.Count().created + job_.Count().skipped; }
+  std::string SkippedText() const {
+    const std::size_t skipped = job_.Count().skipped;
+    return skipped > 0 ? fmt::format(", {} übersprungen", skipped) : std::string();
   }
 
-  void Print(const dataset::ContractOrder& order, const dataset::MadeContract& made) {
-    const std::string contract = fmt::format("Oid {} ({})", made.oid, order.source);
-    if (arguments_.json) {
-      std::cout << formats::OneLine({{"source", order.source},
-                                     {"Vertragnummer", made.number},
-                                     {"oid", made.oid}})
-                << '\n';
-    } else if (arguments_.dry_run) {
-      fmt::print(stderr, "Vertrag {} wäre angelegt, {}\n", made.number, contract);
-    } else {
-      std::cout << fmt::format("Vertrag {} angelegt, {}\n", made.number, contract);
+  void Print(const dataset::ContractRun::Results& results) {
+    for (const dataset::ContractResult& result : results) {
+      const bulk::ReportLine& line = result.line;
+      if (!bulk::IsRejected(line.outcome)) {
+        bar_.ClearForOutput();
+        PrintContract(result);
+      }
+      if (!line.message.empty()) {
+        bar_.Clear();
+        Complain(fmt::format("{}: {}", result.source, line.message));
+      }
+      bar_.Advance();
     }
-    // The contract is stored: it is reported before anything else can fail.
+    // The contracts are stored: they are reported before anything else can fail.
     std::cout.flush();
   }
 
+  void PrintContract(const dataset::ContractResult& result) const {
+    const bulk::ReportLine& line = result.line;
+    const bool is_known = line.outcome == bulk::Outcome::Skipped;
+    if (arguments_.json) {
+      formats::Json text = {{"source", result.source},
+                            {"Vertragnummer", line.number},
+                            {"oid", std::to_string(result.oid)}};
+      if (is_known) {
+        text["Ergebnis"] = bulk::Text(line.outcome);
+        text["Liste"] = line.list;
+      }
+      std::cout << formats::OneLine(text) << '\n';
+      return;
+    }
+    // The standard output of a rehearsal is the rows.
+    const bool rehearsal = arguments_.order.rehearsal;
+    const std::string what = is_known    ? fmt::format("übersprungen, schon aus {}", line.list)
+                             : rehearsal ? "wäre angelegt"
+                                         : "angelegt";
+    const std::string text =
+        fmt::format("Vertrag {} {}, Oid {} ({})\n", line.number, what, result.oid, result.source);
+    if (rehearsal)
+      fmt::print(stderr, "{}", text);
+    else
+      std::cout << text;
+  }
+
   // What the rehearsal would have written.
-  void PrintRows(dataset::WrittenRows& written) const {
+  void PrintRows(dataset::WrittenRows& written) {
     using formats::JsonWriter;
+    bar_.Clear();
     JsonWriter out(std::cout,
                    arguments_.json ? JsonWriter::Layout::OneLine : JsonWriter::Layout::Indented);
     out.BeginObject();
@@ -114,10 +124,8 @@ class Bulk {
   }
 
   const NewContractArguments& arguments_;
-  std::vector<formats::TextSource> files_;
-  std::size_t total_ = 0;
-  std::size_t made_ = 0;
-  ProgressBar* bar_ = nullptr;
+  dataset::ContractJob job_;
+  ProgressBar bar_;
 };
 
 }  // namespace
@@ -125,17 +133,28 @@ class Bulk {
 void AddNewContract(CLI::App& app, Run& run) {
   const auto arguments = std::make_shared<NewContractArguments>();
   CLI::App* command = AddCommand(app, "new-contract", "Legt Verträge aus Vertragsdateien an");
-  AddDatabase(*command, arguments->database);
+  AddDatabase(*command, arguments->order.database);
   command
-      ->add_option("DATEI", arguments->files,
+      ->add_option("DATEI", arguments->order.files,
                    "Vertragsdateien, auch mit einem Vertrag je Zeile; - ist die Standardeingabe")
       ->required();
+  command
+      ->add_option("--key-from", arguments->order.key_field,
+                   "Die Eigenschaft des Vertrags, die sein Schlüssel ist, wo „key“ fehlt: was "
+                   "unter einem Schlüssel angelegt ist, wird kein zweites Mal angelegt")
+      ->type_name("FELD")
+      ->group(kOptionGroup);
+  command
+      ->add_option("--report", arguments->order.report, "Der Bericht: was aus jedem Vertrag wurde")
+      ->type_name("BERICHT")
+      ->group(kOptionGroup);
   AddToday(*command, arguments->today);
-  AddDryRun(*command, arguments->dry_run,
+  AddDryRun(*command, arguments->order.rehearsal,
             "; die Zeilen, die entstanden "
             "wären, kommen als JSON auf die Standardausgabe");
   AddJson(*command, arguments->json);
-  command->callback([&run, arguments] { run = [arguments] { return Bulk(*arguments).Run(); }; });
+  command->callback(
+      [&run, arguments] { run = [arguments] { return ContractsCommand(*arguments).Run(); }; });
 }
 
 }  // namespace pactora::cli

@@ -91,6 +91,47 @@ TEST_F(Commands, ABulkRunGoesOnPastARefusedLineAndEndsWithThree) {
   EXPECT_TRUE(IsOneLine(none.error)) << none.error;
 }
 
+TEST_F(Commands, AContractIsKnownByItsKeyAndTheReportSaysWhatBecameOfEach) {
+  const auto order = [](const char* key, const char* name) {
+    std::string text = OneLine(kOrder);
+    text.replace(text.find("\"Wartung\""), 9,
+                 "\"" + std::string(name) + R"(", "Auftragsnummer": ")" + key + '"');
+    return text;
+  };
+  const std::string report = folder.File("bericht.csv");
+  const auto run = [&](const std::string& file, const std::vector<std::string>& more = {}) {
+    std::vector<std::string> call = {"new-contract",   db,         file,  "--key-from",
+                                     "Auftragsnummer", "--report", report};
+    call.insert(call.end(), more.begin(), more.end());
+    return Run(call);
+  };
+  std::string bad = order("B", "Wartung");
+  bad.replace(bad.find("\"Dauer\": 12"), 11, "\"Dauer\": 13");
+  const std::string first = File("januar.jsonl", order("A", "Wartung") + "\n" + bad);
+  EXPECT_EQ(run(first, {"--dry-run"}).status, 3);
+  EXPECT_FALSE(std::filesystem::exists(report));
+  EXPECT_EQ(run(first).status, 3);
+  const std::string header = "Zeile;Schlüssel;Ergebnis;Vertragsnummer;Liste;Meldung\n";
+  EXPECT_EQ(Contents(report), header +
+                                  "1;A;angelegt;00000001;januar.jsonl;\n"
+                                  "3;B;abgelehnt;;januar.jsonl;Fehler 0x80045005: Ungültige "
+                                  "Dauer.\n");
+  // What was refused is mended, and then all of it is known.
+  const std::string second = File("februar.jsonl", order("A", "Wartung") + order("B", "Wartung"));
+  EXPECT_EQ(run(second).status, 0);
+  const Ended again = run(second);
+  EXPECT_EQ(again.status, 0);
+  EXPECT_THAT(again.out, HasSubstr("Vertrag 00000001 übersprungen, schon aus januar.jsonl"));
+  EXPECT_EQ(again.error, "0 von 2 Verträgen angelegt, 2 übersprungen\n");
+  EXPECT_EQ(run(File("maerz.jsonl", order("A", "Prüfung") + order("B", "Wartung"))).status, 3);
+  EXPECT_EQ(Contents(report),
+            header +
+                "1;A;abgelehnt;;januar.jsonl;der Schlüssel gehört mit anderen Werten schon zu "
+                "Vertrag 00000001\n"
+                "2;B;übersprungen;00000002;februar.jsonl;\n");
+  EXPECT_EQ(List("contracts").size(), 2u);
+}
+
 TEST_F(Commands, AScriptsTranscriptIsStandardOutputAndItsErrorsEndWithOne) {
   const Ended ended =
       Run({"run", db, "-"}, R"({"steps": [{"call": "DLLVersion"}, {"goto": "Adressen", "oid": "1"},
@@ -255,10 +296,18 @@ TEST_F(Commands, BadCallsEndWithOneClearLineAndNothingWritten) {
        R"({"address": {"Name": "Niemand"}, "contract": {}, "articles": []})"},
       {"new-contract $firma.db - $fremd.db", 2, "fremd.db",
        R"({"address": "1", "contract": {}, "articles": []})"},
+      {"new-contract $firma.db - --key-from dauer", 2, "keine Eigenschaft „dauer“", kOrder.c_str()},
+      {"new-contract $firma.db - --key-from Auftragsnummer", 2,
+       "contract.Auftragsnummer: der Schlüssel fehlt", kOrder.c_str()},
+      {"new-contract $firma.db - --report $firma.db", 2, "das ist die Datenbank selbst"},
+      {"new-contract $firma.db $fremd.db --report $fremd.db", 2, "das ist die Liste selbst"},
+      {"new-contract $firma.db - --report $fremd.db", 2, "kein Bericht"},
+      {"new-contract $firma.db - --report $frueher.csv", 2, "braucht noch die Übernahme"},
       {"run $firma.db -", 2, "steps[1]: unbekannter Schlüssel „jump“",
        R"({"steps": [{"persistVar": "x", "value": 1}, {"jump": 1}]})"},
   };
   File("fremd.db", std::string(5000, 'x'));
+  File("frueher.csv", "Zeile;Schlüssel;Ergebnis;Vertragsnummer;Meldung\n2;K1;angelegt;7;\n");
   std::filesystem::create_directory(folder.File("ordner"));
   ASSERT_EQ(Run({"init", folder.File("leer.db")}).status, 0);
   const auto files = [&] {

@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <nlohmann/json.hpp>
 #include <random>
@@ -38,6 +39,14 @@ std::string Orders(int count) {
       "\n";
   std::string orders;
   for (int i = 0; i < count; ++i) orders += order;
+  return orders;
+}
+
+// Likewise with the keys "K0", "K1", …
+std::string Keyed(int count) {
+  std::string orders;
+  for (int i = 0; i < count; ++i)
+    orders += R"({"key": "K)" + std::to_string(i) + R"(", )" + Orders(1).substr(1);
   return orders;
 }
 
@@ -112,24 +121,45 @@ void WaitForFirstContract(const Child& child) {
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
 
-TEST_F(Processes, ThatAreKilledLeaveWholeContractsAndACounterThatIsAhead) {
+TEST_F(Processes, ThatAreKilledAndRepeatedMakeEachKeyedContractOnce) {
+  const std::string orders = Keyed(2000);
+  const std::vector<std::string> call = {"new-contract", db,         "-",
+                                         "--json",       "--report", folder.File("bericht.csv")};
   std::mt19937 random(20240315);  // of the moments at which they are killed
   std::set<std::string> announced;
-  for (int round = 0; round < 6; ++round) {
-    Child child(folder, {"new-contract", db, "-", "--json"}, Orders(2000));
-    WaitForFirstContract(child);
+  int killed = 0;
+  for (int round = 0; round < 8; ++round) {
+    Child child(folder, call, orders);
     std::this_thread::sleep_for(
-        std::chrono::microseconds(std::uniform_int_distribution(0, 60000)(random)));
+        std::chrono::milliseconds(std::uniform_int_distribution(5, 250)(random)));
     child.Signal(SIGKILL);
     const Ended ended = child.Wait();
-    EXPECT_EQ(ended.status, -SIGKILL) << ended.error;
+    killed += ended.status == -SIGKILL;
     announced.merge(Announced(ended.out));
     ExpectSound();
     EXPECT_THAT(Numbers(), testing::IsSupersetOf(announced)) << "said to be stored, and is not";
   }
-  const std::size_t before = Numbers().size();
+  EXPECT_GT(killed, 0);
+  const Ended last = Run(call, orders);
+  EXPECT_EQ(last.status, 0) << last.error;
+  EXPECT_EQ(Announced(last.out), Numbers());
+  EXPECT_EQ(Numbers().size(), 2000u);
+  const std::string report = Contents(folder.File("bericht.csv"));
+  EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 2001);
   EXPECT_EQ(Run({"new-contract", db, "-"}, Orders(1)).status, 0);
-  EXPECT_EQ(Numbers().size(), before + 1);
+  EXPECT_EQ(Numbers().size(), 2001u) << "the counter is ahead";
+}
+
+TEST_F(Processes, ThatEnterTheSameKeysAtOnceMakeEachContractOnce) {
+  const std::string orders = Keyed(600);
+  Child first(folder, {"new-contract", db, "-", "--json"}, orders);
+  Child second(folder, {"new-contract", db, "-", "--json"}, orders);
+  for (Child* child : {&first, &second}) {
+    const Ended ended = child->Wait();
+    EXPECT_EQ(ended.status, 0) << ended.error;
+    EXPECT_EQ(Announced(ended.out), Numbers());
+  }
+  EXPECT_EQ(Numbers().size(), 600u);
 }
 
 TEST_F(Processes, ThatAreInterruptedEndBetweenTwoContracts) {

@@ -5,12 +5,29 @@
 #include <utility>
 
 #include "automation/formats/errors.h"
+#include "automation/workspace/exit_status.h"
+#include "automation/workspace/fatal_store_error.h"
 #include "host/HostTable.h"
 #include "host/row.h"
 #include "schema/names.h"
+#include "shell/handlers.h"
 #include "ui/Form.h"
 
 namespace pactora::dataset {
+namespace {
+
+bool ConcernsDatabase(const platform::Error& error) {
+  const workspace::Status status = workspace::StatusOf(error);
+  return status != workspace::Status::Refused || workspace::FatalStoreErrorOf(error.Number());
+}
+
+// Whether it is raised before anything is stored.
+bool IsRefusal(const platform::Error& error) {
+  return error.Number() == Number(formats::DoorError::NotCarriedOut) ||
+         error.Source() == shell::module_name::modAPI;
+}
+
+}  // namespace
 
 ui::Answer ContractMaker::Messages::ShowMessage(const ui::Message& message) {
   texts.push_back(message.text);
@@ -26,34 +43,45 @@ ContractMaker::ContractMaker(std::unique_ptr<store::RecordStore> store,
     : session_(std::move(store), messages_, clock), addresses_(session_.Store()) {}
 
 MadeContract ContractMaker::Make(const ContractOrder& order) {
+  const auto contracts = session_.Host().Table(schema::table::vv_Vertraege);
+  auto& shown = session_.AddOn().last_shown_error;
+  shown.reset();
+  messages_.texts.clear();
+  MadeContract made;
+  std::string oid_before;
+  try {
+    GoToAddress(order.address);
+    oid_before = contracts->Oid();
+    session_.Entry().NewContractDebitor(session_.App(), order.contract, order.articles);
+    if (!messages_.texts.empty()) made.message = formats::SingleLine(messages_.texts.front());
+  } catch (const platform::Error& error) {
+    if (ConcernsDatabase(error)) throw;
+    made.message = formats::Describe(error);
+    if (IsRefusal(error)) made.outcome = bulk::Outcome::Refused;
+  }
+  if (shown && ConcernsDatabase(*shown)) throw platform::Error(*shown);
+  if (made.outcome == bulk::Outcome::Refused) return made;
+  const std::string oid = contracts->Oid();
+  if (oid != oid_before) made.oid = store::ParseOid(oid).value_or(0);
+  if (made.oid != 0)
+    made.number = host::GetText(*contracts, schema::field::Vertragnummer);
+  else if (made.message.empty())
+    made.message = "es ist kein Vertrag entstanden";
+  if (!made.message.empty()) made.outcome = bulk::Outcome::Failed;
+  return made;
+}
+
+void ContractMaker::GoToAddress(const RowSelector& selector) {
   const store::TableId addresses = session_.Store().Catalog().Table(schema::table::Adressen);
-  const auto address = addresses_.Find(addresses, order.address);
+  const auto address = addresses_.Find(addresses, selector);
   if (!address)
     formats::Raise(formats::DoorError::NotCarriedOut,
-                   fmt::format("address: keine Adresse mit {}", Describe(order.address)));
+                   fmt::format("address: keine Adresse mit {}", Describe(selector)));
   if (!address->only)
-    formats::Raise(formats::DoorError::NotCarriedOut,
-                   fmt::format("address: mehrere Adressen mit {}; nennen Sie die Oid",
-                               Describe(order.address)));
+    formats::Raise(
+        formats::DoorError::NotCarriedOut,
+        fmt::format("address: mehrere Adressen mit {}; nennen Sie die Oid", Describe(selector)));
   session_.GoTo(addresses, address->oid);
-  const auto contracts = session_.Host().Table(schema::table::vv_Vertraege);
-  const std::string oid_before = contracts->Oid();
-
-  messages_.texts.clear();
-  try {
-    session_.Entry().NewContractDebitor(session_.App(), order.contract, order.articles);
-  } catch (...) {
-    session_.Host().EndUnit();
-    throw;
-  }
-  session_.Host().EndUnit();
-  if (!messages_.texts.empty())
-    formats::Raise(formats::DoorError::NotCarriedOut, messages_.texts.front());
-
-  const std::string oid = contracts->Oid();
-  if (oid.empty() || oid == oid_before)
-    formats::Raise(formats::DoorError::NotCarriedOut, "es ist kein Vertrag entstanden");
-  return {host::GetText(*contracts, schema::field::Vertragnummer), oid};
 }
 
 }  // namespace pactora::dataset

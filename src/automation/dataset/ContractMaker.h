@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/bulk/report.h"
 #include "automation/dataset/contract_file.h"
 #include "automation/dataset/row_selector.h"
 #include "automation/workspace/Session.h"
@@ -14,9 +15,14 @@
 
 namespace pactora::dataset {
 
+// What one call of the add-on came to.
 struct MadeContract {
+  // Refused stored nothing, Failed what was stored before the failure: with an Oid a contract
+  // that lacks rows, without one none.
+  bulk::Outcome outcome = bulk::Outcome::Created;
   std::string number;
-  std::string oid;
+  store::Oid oid = 0;
+  std::string message;  // why it is not made
 };
 
 class ContractMaker {
@@ -24,16 +30,17 @@ class ContractMaker {
   // The clock must outlive the maker.
   ContractMaker(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock);
 
-  // Makes the contract in a unit of work of its own. Raises the add-on's refusal or
-  // failure; DoorError::NotCarriedOut with the text of a message that the add-on
-  // showed, for an address that is missing or ambiguous, and where the call stored no
-  // contract.
-  // What was stored before a failure stays.
+  // Makes the contract in the open unit of work, which goes on. Raises what concerns the
+  // database as a whole.
   MadeContract Make(const ContractOrder& order);
 
+  embedded::Host& Host() { return session_.Host(); }
   store::RecordStore& Store() { return session_.Store(); }
 
  private:
+  // Raises DoorError::NotCarriedOut for an address that is missing or ambiguous.
+  void GoToAddress(const RowSelector& selector);
+
   // No person is there: messages are kept, and dialogs are not expected.
   class Messages final : public ui::Screen {
    public:

@@ -2,10 +2,12 @@
 
 #include <fmt/format.h>
 
+#include <filesystem>
 #include <utility>
 
 #include "automation/dataset/records.h"
 #include "automation/dataset/values.h"
+#include "automation/formats/JsonWriter.h"
 #include "schema/names.h"
 
 namespace pactora::dataset {
@@ -17,6 +19,34 @@ RowSelector ReadAddress(const formats::Json& address, const formats::Place& plac
   if (!address.is_object()) place.Fail("eine Oid oder ein Objekt mit Feldern wird erwartet");
   const schema::Catalog catalog = schema::ContractCatalog(true);
   return ReadWhere(catalog.tables[catalog.Table(schema::table::Adressen)], address, place);
+}
+
+// A property's value as a key; empty for none.
+std::string KeyText(const formats::Json& value) {
+  if (value.is_null()) return {};
+  return value.is_string() ? value.get<std::string>() : formats::OneLine(value);
+}
+
+std::string ReadKey(const formats::Json& order, std::string_view field,
+                    const formats::Place& place) {
+  if (const formats::Json* key = formats::Find(order, "key")) {
+    const formats::Place here = place.Key("key");
+    const std::string text = formats::RequireText(*key, here);
+    if (text.empty()) here.Fail("ein Schlüssel ist nicht leer");
+    return text;
+  }
+  if (field.empty()) return {};
+  const formats::Json* value = formats::Find(order["contract"], field);
+  const std::string text = value ? KeyText(*value) : std::string();
+  if (text.empty()) place.Key("contract").Key(field).Fail("der Schlüssel fehlt");
+  return text;
+}
+
+// Whatever the order of the members and the blanks between them.
+std::string ValuesOf(const formats::Json& order) {
+  nlohmann::json values(order);
+  values.erase("key");
+  return values.dump();
 }
 
 bool IsBlank(const std::string& line) {
@@ -35,27 +65,40 @@ bool HasOneContractALine(const formats::TextSource& file) {
 
 }  // namespace
 
-ContractOrder ReadContractOrder(const formats::Json& order, const std::string& source) {
+ContractOrder ReadContractOrder(const formats::Json& order, const std::string& source,
+                                std::string_view key_field) {
   const formats::Place place(source);
-  formats::AllowKeys(formats::RequireObject(order, place), {"address", "contract", "articles"},
-                     place);
-  return {source, ReadAddress(formats::Require(order, "address", place), place.Key("address")),
-          ReadContract(formats::Require(order, "contract", place), place.Key("contract")),
-          ReadArticles(formats::Require(order, "articles", place), place.Key("articles"))};
+  formats::AllowKeys(formats::RequireObject(order, place),
+                     {"key", "address", "contract", "articles"}, place);
+  ContractOrder result;
+  result.source = source;
+  result.address = ReadAddress(formats::Require(order, "address", place), place.Key("address"));
+  result.contract = ReadContract(formats::Require(order, "contract", place), place.Key("contract"));
+  result.articles = ReadArticles(formats::Require(order, "articles", place), place.Key("articles"));
+  result.key = ReadKey(order, key_field, place);
+  if (!result.key.empty()) result.values = ValuesOf(order);
+  return result;
 }
 
 void ForEachContract(const formats::TextSource& file,
-                     const std::function<void(ContractOrder)>& take) {
+                     const std::function<void(ContractOrder)>& take, std::string_view key_field) {
   const auto in = file.open();
+  const auto take_one = [&](const formats::Json& record, const std::string& source,
+                            std::size_t number) {
+    ContractOrder order = ReadContractOrder(record, source, key_field);
+    order.list = std::filesystem::path(file.name).filename().string();
+    order.line = number;
+    take(std::move(order));
+  };
   if (!HasOneContractALine(file)) {
-    take(ReadContractOrder(formats::ParseJson(*in, file.name), file.name));
+    take_one(formats::ParseJson(*in, file.name), file.name, 1);
     return;
   }
   std::string line;
   for (std::size_t number = 1; std::getline(*in, line); ++number) {
     if (IsBlank(line)) continue;
     const std::string source = fmt::format("{}, Zeile {}", file.name, number);
-    take(ReadContractOrder(formats::ParseJsonLine(line, source), source));
+    take_one(formats::ParseJsonLine(line, source), source, number);
   }
 }
 

@@ -43,6 +43,7 @@ class Damaged {
         [this](const dataset::ContractOrder& order) {
           maker_.Make(order);
           maker_.Make(order);
+          maker_.Host().EndUnit();
         });
   }
 

@@ -4,14 +4,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "automation/company.h"
 #include "automation/dataset/ContractMaker.h"
+#include "automation/dataset/ContractRun.h"
 #include "automation/formats/errors.h"
+#include "automation/workspace/ForwardingStore.h"
 #include "platform/Clock.h"
 #include "platform/Error.h"
+#include "store/errors.h"
+#include "store/rows.h"
 #include "support/contract_world.h"
 
 namespace pactora::dataset {
@@ -66,6 +72,8 @@ TEST(ContractFile, FaultsNameTheirPlace) {
       {"[]", "Zeile 1: ein Objekt wird erwartet"},
       {"{}", "Zeile 1: „address“ fehlt"},
       {R"({"address": "1", "contract": {}})", "Zeile 1: „articles“ fehlt"},
+      {R"({"key": 5, )" + Order("\"1\"").substr(1), "Zeile 1: key: ein Text wird erwartet"},
+      {R"({"key": "", )" + Order("\"1\"").substr(1), "key: ein Schlüssel ist nicht leer"},
       {R"({"address": "1", "x": 1})", "Zeile 1: unbekannter Schlüssel „x“"},
       {Order("1"), "Zeile 1: address: eine Oid oder ein Objekt mit Feldern wird erwartet"},
       {Order("\"x\""), "Zeile 1: address: eine Oid wird erwartet, eine positive ganze Zahl"},
@@ -101,7 +109,7 @@ TEST(ContractMaker, GivesNumberAndOidOfTheContractAndGoesOnAfterARefusal) {
   thirteen.replace(thirteen.find("12,"), 2, "13");
   const std::pair<std::string, const char*> cases[] = {
       {Order("\"1\""), "00000001/"},
-      {thirteen, "Ungültige Dauer."},
+      {thirteen, "Fehler 0x80045005: Ungültige Dauer."},
       {Order(R"({"Name": "Beispiel AG"})"), "00000002/"},
       {Order("\"9\""), "address: keine Adresse mit Oid 9"},
       {Order(R"({"Name": "Muster GmbH"})"),
@@ -110,18 +118,114 @@ TEST(ContractMaker, GivesNumberAndOidOfTheContractAndGoesOnAfterARefusal) {
   };
   const auto contracts = maker.Store().Catalog().FindTable("vv_Vertraege").value();
   for (const auto& [order, result] : cases) {
-    std::string made;
-    const auto error = ErrorOf([&, &text = order] {
-      const MadeContract contract = maker.Make(ReadFile(text)[0]);
-      store::Record row;
-      EXPECT_TRUE(maker.Store().Read(contracts, store::ParseOid(contract.oid).value(), row));
-      made = contract.number + "/";
-    });
-    EXPECT_EQ(error ? error->Description() : made, result);
+    const MadeContract made = maker.Make(ReadFile(order)[0]);
+    maker.Host().EndUnit();
+    store::Record row;
+    EXPECT_EQ(maker.Store().Read(contracts, made.oid, row), made.outcome == bulk::Outcome::Created);
+    EXPECT_EQ(made.message.empty() ? made.number + "/" : made.message, result);
   }
   EXPECT_FALSE(maker.Store().InUnit());
   EXPECT_EQ(maker.Store().CountInParent(contracts, 1), 1);
   EXPECT_EQ(maker.Store().CountInParent(contracts, 2), 2);
+}
+
+// A store whose disk is full after so many operations.
+struct FullDisk : workspace::ForwardingStore {
+  using ForwardingStore::ForwardingStore;
+  void Insert(store::TableId table, store::Record& record) override {
+    if (inserts_left-- == 0) store::Raise(store::StoreError::Full);
+    ForwardingStore::Insert(table, record);
+  }
+  void Commit() override {
+    if (commits_left-- == 0) store::Raise(store::StoreError::Full);
+    ForwardingStore::Commit();
+  }
+  int inserts_left = 1000;
+  int commits_left = 1000;
+};
+
+struct ContractRuns : testing::Test {
+  // What becomes of the records: "created 00000001: message".
+  std::vector<std::string> CarryOut(
+      const std::string& text, const std::function<bool()>& stop_asked = [] { return false; }) {
+    std::vector<std::string> lines;
+    const auto take = [&](const ContractRun::Results& results) {
+      EXPECT_FALSE(store->InUnit()) << "durable before it is told";
+      for (const ContractResult& result : results)
+        lines.push_back(std::string(bulk::Text(result.line.outcome)) + " " + result.line.number +
+                        ": " + result.line.message);
+    };
+    const auto error = ErrorOf([&] {
+      run.CarryOut({formats::MemorySource("v.json", text)}, "Auftragsnummer", stop_asked, take);
+    });
+    if (error) lines.push_back(error->Description());
+    return lines;
+  }
+  static std::string Keyed(const std::string& key, const std::string& more = {}) {
+    std::string order = Order("\"1\"");
+    order.replace(order.find("12,"), 3, "12," + more);
+    return "{\"key\": \"" + key + "\", " + order.substr(1) + "\n";
+  }
+
+  const platform::FixedClock clock{platform::FromCivil(2024, 3, 15)};
+  std::unique_ptr<FullDisk> owned = std::make_unique<FullDisk>(support::Company());
+  FullDisk* full_disk = owned.get();
+  store::RecordStore* store = owned.get();
+  ContractRun run{std::move(owned), clock, false};
+};
+
+TEST_F(ContractRuns, ARecordThatFailsHalfWayIsKeptWithItsKeyAndOneThatStoredNothingIsNot) {
+  const std::string too_long =
+      R"("Memo": "x", "Auftragsnummer": ")" + std::string(300, 'x') + "\",";
+  std::string half = Keyed("half");
+  half.replace(half.find("\"dblAnzahl\": 2"), 14, "\"dblAnzahl\": 1e308");
+  EXPECT_THAT(
+      CarryOut(half + Keyed("long", too_long) + Keyed("half")),
+      ElementsAre("Fehler 00000001: Fehler 0x6: Überlauf; Vertrag 00000001 ist unvollständig "
+                  "gespeichert",
+                  testing::StartsWith("Fehler : Fehler 0x8004102A: "),
+                  "abgelehnt : der Schlüssel gehört mit anderen Werten schon zu Vertrag "
+                  "00000001"));
+  EXPECT_THAT(CarryOut(half + Keyed("long")),
+              ElementsAre("übersprungen 00000001: ein früherer Lauf ist daran gescheitert; Vertrag "
+                          "00000001 ist unvollständig",
+                          testing::StartsWith("angelegt ")));
+}
+
+TEST_F(ContractRuns, AnInterruptKeepsWhatIsFinishedAndARepetitionGoesOn) {
+  int asked = 0;
+  const std::string orders = Keyed("1") + Keyed("2") + Keyed("3");
+  EXPECT_THAT(CarryOut(orders, [&] { return ++asked == 3; }),
+              ElementsAre("angelegt 00000001: ", "angelegt 00000002: ", "abgebrochen"));
+  EXPECT_THAT(
+      CarryOut(orders),
+      ElementsAre("übersprungen 00000001: ", "übersprungen 00000002: ", "angelegt 00000003: "));
+}
+
+TEST_F(ContractRuns, ADrawnNumberThatAnotherContractHasIsTold) {
+  ASSERT_THAT(CarryOut(Keyed("1")), ElementsAre("angelegt 00000001: "));
+  const store::TableId table = store->Catalog().Table("vv_Vertraege");
+  const schema::Table& schema = store->Catalog().tables[table];
+  store::Record row;
+  ASSERT_TRUE(store->NextInParent(table, 1, 0, row));
+  row.cells[schema.FindField("Vertragnummer").value()] = std::string("00000002");
+  row.keys = store::MakeKeys(store->Catalog(), table, row.cells, nullptr);
+  ASSERT_TRUE(store->Update(table, row));
+  store->Commit();
+  EXPECT_THAT(CarryOut(Keyed("2")),
+              ElementsAre(std::string("angelegt 00000002: ") + bulk::kNumberTaken));
+}
+
+TEST_F(ContractRuns, AFailureOfTheDatabaseClaimsNothingOfItsGroup) {
+  const std::string orders = Keyed("1") + Keyed("2") + Keyed("3");
+  for (const auto left : {&FullDisk::inserts_left, &FullDisk::commits_left}) {
+    full_disk->*left = left == &FullDisk::commits_left ? 0 : 12;  // in the third contract
+    EXPECT_THAT(CarryOut(orders), ElementsAre(testing::HasSubstr("Speicherplatz ist erschöpft")));
+    full_disk->*left = 1000;
+    EXPECT_EQ(store->Count(store->Catalog().Table("vv_Vertraege")), 0);
+  }
+  EXPECT_THAT(CarryOut(orders),
+              ElementsAre("angelegt 00000001: ", "angelegt 00000002: ", "angelegt 00000003: "));
 }
 
 }  // namespace

@@ -1,0 +1,91 @@
+#include "automation/dataset/ContractRun.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+#include "automation/formats/errors.h"
+
+namespace pactora::dataset {
+
+using bulk::Outcome;
+
+ContractRun::ContractRun(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock,
+                         bool gives_way)
+    : clock_(clock),
+      maker_(std::move(store), clock),
+      keys_(maker_.Store()),
+      group_(maker_.Host(), gives_way) {}
+
+void ContractRun::CarryOut(const std::vector<formats::TextSource>& files,
+                           std::string_view key_field, const std::function<bool()>& stop_asked,
+                           const std::function<void(const Results&)>& after_group) {
+  Results of_group;
+  const auto end_group = [&] {
+    const Results finished = std::exchange(of_group, {});
+    group_.End();
+    if (!finished.empty()) after_group(finished);
+  };
+  for (const formats::TextSource& file : files) {
+    const auto take = [&](const ContractOrder& order) {
+      if (stop_asked()) formats::RaiseInterrupted();
+      try {
+        of_group.push_back(Take(order));
+      } catch (...) {
+        group_.Drop();
+        of_group.clear();
+        throw;
+      }
+      if (group_.IsFull()) end_group();
+    };
+    try {
+      ForEachContract(file, take, key_field);
+    } catch (...) {
+      end_group();
+      throw;
+    }
+  }
+  end_group();
+}
+
+ContractResult ContractRun::Take(const ContractOrder& order) {
+  ContractResult result;
+  result.source = order.source;
+  if (!IsKnown(order, result)) {
+    const bool held_database = maker_.Store().InUnit();
+    group_.Begin();
+    // Another run may have entered it before this one got the database.
+    if (held_database || !IsKnown(order, result)) Enter(order, result);
+  }
+  result.line.line = order.line;
+  result.line.key = order.key;
+  return result;
+}
+
+bool ContractRun::IsKnown(const ContractOrder& order, ContractResult& result) {
+  if (order.key.empty()) return false;
+  const auto entered = keys_.Find(order.key);
+  if (!entered) return false;
+  result.line = keys_.Judge(*entered, bulk::DigestOf(order.values));
+  result.oid = entered->oid;
+  return true;
+}
+
+void ContractRun::Enter(const ContractOrder& order, ContractResult& result) {
+  const MadeContract made = maker_.Make(order);
+  result.line = {0, {}, made.outcome, made.number, order.list, made.message};
+  result.oid = made.oid;
+  if (made.oid == 0) return;
+  std::string& message = result.line.message;
+  const bool is_incomplete = made.outcome == Outcome::Failed;
+  if (is_incomplete)
+    message += fmt::format("; Vertrag {} ist unvollständig gespeichert", made.number);
+  if (!order.key.empty())
+    keys_.Add(order.key,
+              {bulk::DigestOf(order.values), order.list, made.number, made.oid, is_incomplete},
+              clock_.Now());
+  if (keys_.IsTaken(made.number, made.oid))
+    message += (message.empty() ? "" : "; ") + std::string(bulk::kNumberTaken);
+}
+
+}  // namespace pactora::dataset
