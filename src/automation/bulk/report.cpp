@@ -15,6 +15,7 @@
 #include "automation/workspace/database.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "store/errors.h"
 
 namespace pactora::bulk {
 namespace {
@@ -129,8 +130,9 @@ void Write(formats::JsonWriter& out, const std::vector<ReportLine>& lines) {
   out.EndArray();
 }
 
-platform::Error NamingContracts(const platform::Error& error,
+platform::Error NamingUncertain(const platform::Error& error,
                                 const std::vector<ReportLine>& lines) {
+  if (error.Number() != store::Number(store::StoreError::Uncertain)) return error;
   std::vector<std::string> numbers;
   for (const ReportLine& line : lines)
     if (line.outcome == Outcome::Created) numbers.push_back(line.number);

@@ -49,8 +49,8 @@ std::string TextOf(const std::vector<ReportLine>& lines);
 // The same as an array with an object for each line.
 void Write(formats::JsonWriter& out, const std::vector<ReportLine>& lines);
 
-// The error with the contracts among the lines, whose storing it leaves uncertain.
-platform::Error NamingContracts(const platform::Error& error, const std::vector<ReportLine>& lines);
+// The error of a group of lines; one that leaves uncertain what is stored names the contracts.
+platform::Error NamingUncertain(const platform::Error& error, const std::vector<ReportLine>& lines);
 
 // A contract named in a report of an earlier release, when keys were kept in reports and not
 // yet in the database.

@@ -23,7 +23,13 @@ void ContractRun::CarryOut(const std::vector<formats::TextSource>& files,
   Results of_group;
   const auto end_group = [&] {
     const Results finished = std::exchange(of_group, {});
-    group_.End();
+    try {
+      group_.End();
+    } catch (const platform::Error& error) {
+      std::vector<bulk::ReportLine> lines;
+      for (const ContractResult& result : finished) lines.push_back(result.line);
+      throw bulk::NamingUncertain(error, lines);
+    }
     if (!finished.empty()) after_group(finished);
   };
   for (const formats::TextSource& file : files) {

@@ -112,10 +112,9 @@ void Run::CarryOut(const List& list, std::vector<ReportLine>& done,
     }
     end_group();
   } catch (const platform::Error& error) {
-    if (error.Number() == store::Number(store::StoreError::Uncertain))
-      throw bulk::NamingContracts(error, of_group);
-    group_.Drop();
-    throw;
+    // Of an uncertain group nothing can be dropped: its store is closed.
+    if (error.Number() != store::Number(store::StoreError::Uncertain)) group_.Drop();
+    throw bulk::NamingUncertain(error, of_group);
   }
 }
 
@@ -123,8 +122,13 @@ ReportLine Run::Take(const Line& line, const Line& first) {
   if (first.values != line.values)
     return {line.line, line.key, Outcome::Refused,
             {},        {},       fmt::format("der Schlüssel steht schon in Zeile {}", first.line)};
-  if (const auto entered = keys_.Find(line.key)) return TakeKnown(line, first, *entered);
-  return Enter(line);
+  auto entered = keys_.Find(line.key);
+  if (!entered && !session_.Store().InUnit()) {
+    // Another run may have entered it before this one got the database.
+    session_.Store().LockForUpdate();
+    entered = keys_.Find(line.key);
+  }
+  return entered ? TakeKnown(line, first, *entered) : Enter(line);
 }
 
 ReportLine Run::TakeKnown(const Line& line, const Line& first,

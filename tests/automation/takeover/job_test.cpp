@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -16,7 +15,6 @@
 #include "automation/takeover/job.h"
 #include "schema/names.h"
 #include "store/errors.h"
-#include "store/sqlite/Connection.h"
 #include "support/FailingFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/contract_world.h"
@@ -172,18 +170,6 @@ TEST_F(TakeoverJobs, APeriodIsKnownByItsWholeDate) {
     EXPECT_EQ(Messages(other).at(0).empty(), whole) << pattern;
     EXPECT_FALSE(Messages(other).at(1).empty()) << pattern;
   }
-}
-
-TEST_F(TakeoverJobs, NothingOfALineThatFailsHalfWayStays) {
-  const std::int64_t before = CountContracts();
-  {
-    store::sqlite::Connection tool(db, store::sqlite::Access::ReadWrite, std::chrono::seconds(20));
-    tool.Run(
-        "CREATE TRIGGER voll BEFORE INSERT ON vv_Vertragspositionen "
-        "BEGIN SELECT RAISE(ABORT, 'voll'); END");
-  }
-  EXPECT_THAT(Messages(db), testing::Each(testing::StartsWith("Fehler &H")));
-  EXPECT_EQ(CountContracts(), before);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,6 +16,7 @@
 #include "automation/takeover/run.h"
 #include "automation/workspace/ForwardingStore.h"
 #include "platform/Clock.h"
+#include "schema/names.h"
 #include "support/error_of.h"
 
 namespace pactora::takeover {
@@ -118,16 +120,20 @@ TEST(TakeoverList, ALineThatIsUnclearIsRefusedAlone) {
   EXPECT_EQ(list.lines[1].address, "Müller");
 }
 
+// Fails when a contract's positions are stored: the contract and its term are there by then.
 struct FailingStore final : workspace::ForwardingStore {
-  explicit FailingStore(store::StoreError error)
-      : ForwardingStore(support::SampleCompany()), error_(error) {}
-  void Insert(store::TableId, store::Record&) override { store::Raise(error_); }
+  FailingStore(std::unique_ptr<store::RecordStore> store, store::StoreError error)
+      : ForwardingStore(std::move(store)), error_(error) {}
+  void Insert(store::TableId table, store::Record& record) override {
+    if (table == Catalog().Table(schema::table::vv_Vertragspositionen)) store::Raise(error_);
+    ForwardingStore::Insert(table, record);
+  }
 
  private:
   store::StoreError error_;
 };
 
-TEST(TakeoverRun, AnErrorThatTheDialogShowsFailsItsLineOrStopsTheRun) {
+TEST(TakeoverRun, AnErrorThatTheDialogShowsFailsItsLineWholeOrStopsTheRun) {
   const List list = ReadList(
       "Adresse;Vertragstyp;Vertragsbeginn\n1;Wartung Server;01.01.2024\n"
       "1;Wartung Server;01.02.2024\n1;Wartung Server;gestern\n",
@@ -135,15 +141,26 @@ TEST(TakeoverRun, AnErrorThatTheDialogShowsFailsItsLineOrStopsTheRun) {
   const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
   std::vector<bulk::ReportLine> lines;
   const auto run = [&](store::StoreError error) {
-    takeover::Run(std::make_unique<FailingStore>(error), clock, "liste.csv", false)
-        .CarryOut(list, lines, [] {});
+    auto company = support::SampleCompany();
+    store::RecordStore& store = *company;
+    const auto contracts = [&] {
+      return store.Count(store.Catalog().Table(schema::table::vv_Vertraege));
+    };
+    const std::int64_t before = contracts();
+    takeover::Run carried_out(std::make_unique<FailingStore>(std::move(company), error), clock,
+                              "liste.csv", false);
+    const std::optional<platform::Error> stopped =
+        ErrorOf([&] { carried_out.CarryOut(list, lines, [] {}); });
+    EXPECT_EQ(contracts(), before);
+    EXPECT_EQ(store.Count(store.Catalog().Table(schema::table::Vertragsschluessel)), 0);
+    return stopped;
   };
-  run(store::StoreError::Failed);
+  EXPECT_FALSE(run(store::StoreError::Failed));
   using bulk::Outcome;
   const Outcome outcomes[] = {Outcome::Failed, Outcome::Failed, Outcome::Refused};
   ASSERT_EQ(lines.size(), std::size(outcomes));
   for (std::size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(lines[i].outcome, outcomes[i]);
-  const auto stopped = ErrorOf([&] { run(store::StoreError::Locked); });
+  const auto stopped = run(store::StoreError::Locked);
   ASSERT_TRUE(stopped);
   EXPECT_EQ(stopped->Number(), Number(store::StoreError::Locked));
 }
