@@ -30,7 +30,7 @@ class SaveFailureTest : public DefinitionTest {
   void FailEachOperation(const std::function<void(const Acts& save)>& scenario,
                          const std::string& position_procedure, bool makes_type) {
     std::vector<std::string> saved;
-    for (FaultSweep sweep; sweep.Next();) {
+    for (FaultSweep sweep(FaultSweep::kSparse); sweep.Next();) {
       const std::size_t types_before = Types().size();
       scenario([&](DialogUser& user) {
         const std::size_t types_open = Types().size();

@@ -107,7 +107,7 @@ TEST_P(SaveFailures, LeaveTheDialogOpenForACompleteSecondSave) {
     without_discount = std::exchange(complete, LastContract(world));
   }
   bool ended = false;  // the discount
-  for (support::FaultSweep sweep; sweep.Next();) {
+  for (support::FaultSweep sweep(support::FaultSweep::kSparse); sweep.Next();) {
     support::ContractWorld world;
     Dialog dialog(world);
     Prepare(world, dialog);

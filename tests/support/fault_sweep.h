@@ -68,7 +68,7 @@ class FailingProbe final : public OperationLog {
 };
 
 // The runs of a scenario in which nothing fails first, and then each operation of
-// the host in its turn (each seventh under the sanitizer):
+// the host in its turn:
 //
 //   for (FaultSweep sweep; sweep.Next();) {
 //     World world;
@@ -77,12 +77,15 @@ class FailingProbe final : public OperationLog {
 //   }
 class FaultSweep {
  public:
+  // Of long scenarios each seventh operation is enough under the sanitizer.
+  static constexpr std::size_t kSparse = support::kSanitized ? 7 : 1;
+  explicit FaultSweep(std::size_t step = 1) : step_(step) {}
+
   // Ends when each operation of the first run has failed.
   bool Next() {
-    constexpr std::size_t kStep = support::kSanitized ? 7 : 1;
     trace_.reset();
-    if (nth_ && *nth_ + kStep > operations_.size()) return false;
-    nth_ = nth_ ? *nth_ + kStep : 0;
+    if (nth_ && *nth_ + step_ > operations_.size()) return false;
+    nth_ = nth_ ? *nth_ + step_ : 0;
     trace_.emplace(__FILE__, __LINE__, "operation " + std::to_string(*nth_) + " " + Failing());
     return true;
   }
@@ -102,6 +105,7 @@ class FaultSweep {
   }
 
  private:
+  const std::size_t step_;
   std::optional<std::size_t> nth_;
   std::vector<std::string> operations_;
   std::optional<testing::ScopedTrace> trace_;
