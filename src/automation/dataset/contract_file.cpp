@@ -31,13 +31,13 @@ std::string ReadKey(const formats::Json& order, std::string_view field,
                     const formats::Place& place) {
   if (const formats::Json* key = formats::Find(order, "key")) {
     const formats::Place here = place.Key("key");
-    const std::string text = formats::RequireText(*key, here);
+    std::string text = formats::RequireText(*key, here);
     if (text.empty()) here.Fail("ein Schlüssel ist nicht leer");
     return text;
   }
   if (field.empty()) return {};
   const formats::Json* value = formats::Find(order["contract"], field);
-  const std::string text = value ? KeyText(*value) : std::string();
+  std::string text = value ? KeyText(*value) : std::string();
   if (text.empty()) place.Key("contract").Key(field).Fail("der Schlüssel fehlt");
   return text;
 }

@@ -134,8 +134,9 @@ class Examination {
     while (rows.Step()) {
       for (std::size_t i = 0; i < rules.size(); ++i) {
         if (rows.Integer(static_cast<int>(i) + 1) == 0) continue;
-        Add(table + ", " + noun + " " + std::to_string(rows.Integer(0)) + ", " + rules[i].column +
-            ": " + rules[i].fault);
+        std::string fault = table;
+        fault.append(", ").append(noun).append(" ").append(std::to_string(rows.Integer(0)));
+        Add(fault.append(", ").append(rules[i].column).append(": ").append(rules[i].fault));
       }
     }
   }
