@@ -130,6 +130,24 @@ void Write(formats::JsonWriter& out, const std::vector<ReportLine>& lines) {
   out.EndArray();
 }
 
+void LeavingReport(const std::string& path, const std::vector<ReportLine>& lines,
+                   const std::function<void()>& run) {
+  const auto write = [&] {
+    if (!path.empty()) formats::ReplaceFile(path, TextOf(lines));
+  };
+  try {
+    run();
+  } catch (...) {
+    try {
+      write();
+    } catch (const platform::Error&) {
+      // What stopped the run is the message.
+    }
+    throw;
+  }
+  write();
+}
+
 platform::Error NamingUncertain(const platform::Error& error,
                                 const std::vector<ReportLine>& lines) {
   if (error.Number() != store::Number(store::StoreError::Uncertain)) return error;

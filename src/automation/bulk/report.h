@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,6 +49,11 @@ struct Count {
 std::string TextOf(const std::vector<ReportLine>& lines);
 // The same as an array with an object for each line.
 void Write(formats::JsonWriter& out, const std::vector<ReportLine>& lines);
+
+// Carries out a run and then leaves its lines in the report, also when the run raises: its
+// error is the one that is raised. An empty path stands for no report.
+void LeavingReport(const std::string& path, const std::vector<ReportLine>& lines,
+                   const std::function<void()>& run);
 
 // The error of a group of lines; one that leaves uncertain what is stored names the contracts.
 platform::Error NamingUncertain(const platform::Error& error, const std::vector<ReportLine>& lines);

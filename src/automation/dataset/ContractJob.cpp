@@ -59,24 +59,10 @@ void ContractJob::CarryOut(const platform::Clock& clock, const std::function<boo
     const bool gives_way =
         size_ > 1 && !order_.rehearsal && order_.database != workspace::kMemoryName;
     ContractRun run(std::move(store), clock, gives_way);
-    try {
-      run.CarryOut(files_, order_.key_field, stop_asked, take);
-    } catch (...) {
-      try {
-        WriteReport();
-      } catch (const platform::Error&) {
-        // What stopped the run is the message.
-      }
-      throw;
-    }
-    WriteReport();
+    bulk::LeavingReport(order_.rehearsal ? std::string() : order_.report, lines_,
+                        [&] { run.CarryOut(files_, order_.key_field, stop_asked, take); });
     if (rows) written(*rows);
   });
-}
-
-void ContractJob::WriteReport() const {
-  if (!order_.report.empty() && !order_.rehearsal)
-    formats::ReplaceFile(order_.report, bulk::TextOf(lines_));
 }
 
 }  // namespace pactora::dataset

@@ -40,8 +40,6 @@ class ContractJob {
                 const std::function<void(WrittenRows&)>& written);
 
  private:
-  void WriteReport() const;
-
   const ContractJobOrder order_;
   std::vector<formats::TextSource> files_;
   std::size_t size_ = 0;

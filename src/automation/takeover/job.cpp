@@ -43,17 +43,8 @@ bulk::Count Job::CarryOut(const platform::Clock& clock, const std::function<void
     if (show) written = &dataset::WrittenRows::Watch(store);
     Run run(std::move(store), clock, NameOf(order_.list), !order_.rehearsal);
     run.AdoptEarlier(earlier_);
-    try {
-      run.CarryOut(list_, lines_, after_line);
-    } catch (...) {
-      try {
-        WriteReport();
-      } catch (const platform::Error&) {
-        // What stopped the run is the message.
-      }
-      throw;
-    }
-    WriteReport();
+    bulk::LeavingReport(order_.rehearsal ? std::string() : order_.report, lines_,
+                        [&] { run.CarryOut(list_, lines_, after_line); });
     if (!order_.rehearsal)
       kept_ = WriteRejectedLines(list_, lines_, RejectedFile(order_.report), order_.list);
     if (show) show(*written);
@@ -61,10 +52,6 @@ bulk::Count Job::CarryOut(const platform::Clock& clock, const std::function<void
     for (const bulk::ReportLine& line : lines_) count.Add(line.outcome);
     return count;
   });
-}
-
-void Job::WriteReport() const {
-  if (!order_.rehearsal) formats::ReplaceFile(order_.report, bulk::TextOf(lines_));
 }
 
 std::vector<std::string> Job::FilesLeft() const {

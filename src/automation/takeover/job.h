@@ -47,8 +47,6 @@ class Job {
   const std::vector<bulk::ReportLine>& Lines() const { return lines_; }
 
  private:
-  void WriteReport() const;
-
   const Order order_;
   const List list_;
   const std::vector<bulk::ReportedContract> earlier_;

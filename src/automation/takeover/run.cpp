@@ -72,6 +72,8 @@ Run::FoundAddress Run::FindAddress(const std::string& name) const {
 }
 
 void Run::AdoptEarlier(const std::vector<ReportedContract>& reported) {
+  // Another run may adopt the same.
+  if (!reported.empty()) session_.Store().LockForUpdate();
   for (const auto& contracts : {reported, TakeRemembered()})
     for (const ReportedContract& contract : contracts) {
       const store::Oid oid = keys_.ContractOf(contract.number);

@@ -38,7 +38,7 @@ bool DatabaseExists(const std::string& name);
 // today's when it was opened.
 void ReportMigrationTo(std::function<void(const std::string& name)> report);
 
-// asked is called about twenty times a second while a database waits for other users,
+// asked is called again and again while a database waits for other users,
 // on the waiting thread, with the time since the wait began. Once it returns true, the
 // wait ends and raises StoreError::Locked. asked must not use that database.
 void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited));

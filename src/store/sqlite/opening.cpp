@@ -29,16 +29,20 @@ OpenedFile OpenConnection(const std::string& path, const OpenOptions& options) {
   const bool is_old = IsOfEarlierVersion(*connection);
   const bool is_protected = sqlite3_db_readonly(connection->Handle(), "main") == 1;
   if (options.mode == OpenMode::Write && is_protected) Raise(StoreError::ReadOnly);
+  Structure structure = ReadStructure(*connection);
   // Others' triggers would work along with a migration as with every save.
-  const std::vector<std::string> additions = ReadStructure(*connection).additions;
-  if ((options.mode == OpenMode::Write || rehearsal) && !additions.empty())
-    Raise(StoreError::ReadOnly, additions.front());
+  const bool has_additions = !structure.additions.empty();
+  if ((options.mode == OpenMode::Write || rehearsal) && has_additions)
+    Raise(StoreError::ReadOnly, structure.additions.front());
   const bool reads = options.mode == OpenMode::Read ||
-                     (options.mode == OpenMode::Any && (is_protected || !additions.empty()));
+                     (options.mode == OpenMode::Any && (is_protected || has_additions));
   const bool copies = rehearsal || options.mode == OpenMode::Snapshot || (reads && is_old);
   if (copies) connection = CopyToMemory(*connection);
   connection->SetUp();
-  Structure structure = is_old ? Migrate(*connection) : ReadStructure(*connection);
+  if (is_old)
+    structure = Migrate(*connection);
+  else if (copies)
+    structure = ReadStructure(*connection);  // of the copy's moment
   if (is_old && !copies && structure.faults.empty() && options.on_migrated) options.on_migrated();
   if (reads) connection->Run("PRAGMA query_only = ON");
   return {std::move(connection), std::move(structure)};
