@@ -1,98 +1,22 @@
-#include <sqlite3.h>
-
 #include <cstdio>
 #include <cstdlib>
-#include <iostream>
 #include <string>
-#include <vector>
 
 #include "company.h"
 #include "floors.h"
+#include "sql.h"
 
 namespace pactora::bench {
 namespace {
 
-void Check(sqlite3* database, int code) {
-  if (code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE) return;
-  std::cerr << sqlite3_errmsg(database) << '\n';
-  std::exit(1);
-}
-
-class Sql {
- public:
-  Sql(sqlite3* database, const std::string& text) : database_(database) {
-    Check(database_, sqlite3_prepare_v3(database_, text.c_str(), -1, SQLITE_PREPARE_PERSISTENT,
-                                        &statement_, nullptr));
-  }
-  ~Sql() { sqlite3_finalize(statement_); }
-  Sql(const Sql&) = delete;
-  Sql& operator=(const Sql&) = delete;
-
-  template <typename... Values>
-  bool Run(const Values&... values) {
-    sqlite3_reset(statement_);
-    int at = 0;
-    (Bind(++at, values), ...);
-    const int code = sqlite3_step(statement_);
-    Check(database_, code);
-    return code == SQLITE_ROW;
-  }
-  void Done() { sqlite3_reset(statement_); }
-  std::string Text(int column) {
-    const auto* text = sqlite3_column_text(statement_, column);
-    return text == nullptr ? std::string() : reinterpret_cast<const char*>(text);
-  }
-  double Number(int column) { return sqlite3_column_double(statement_, column); }
-  std::int64_t Whole(int column) { return sqlite3_column_int64(statement_, column); }
-
- private:
-  void Bind(int at, std::int64_t value) { sqlite3_bind_int64(statement_, at, value); }
-  void Bind(int at, int value) { sqlite3_bind_int64(statement_, at, value); }
-  void Bind(int at, double value) { sqlite3_bind_double(statement_, at, value); }
-  void Bind(int at, const char* value) {
-    sqlite3_bind_text(statement_, at, value, -1, SQLITE_STATIC);
-  }
-  void Bind(int at, const std::string& value) {
-    sqlite3_bind_text(statement_, at, value.data(), static_cast<int>(value.size()), SQLITE_STATIC);
-  }
-
-  sqlite3* database_;
-  sqlite3_stmt* statement_ = nullptr;
-};
-
-std::string Insert(const std::string& table, const std::string& columns, int count) {
-  std::string sql = "INSERT INTO " + table + " (oid, version, ord, parent, " + columns +
-                    ") VALUES (?1, 1, ?1, ?2";
-  for (int i = 0; i < count; ++i) sql += ", ?" + std::to_string(i + 3);
-  return sql + ")";
-}
-
-sqlite3* Open(const std::string& path, Place place) {
-  sqlite3* file = nullptr;
-  Check(file, sqlite3_open(path.c_str(), &file));
-  if (place == Place::OnDisk) {
-    Check(file, sqlite3_exec(file,
-                             "PRAGMA foreign_keys=ON; PRAGMA journal_mode=TRUNCATE; "
-                             "PRAGMA synchronous=FULL; PRAGMA cache_size=-32000; "
-                             "PRAGMA temp_store=MEMORY",
-                             nullptr, nullptr, nullptr));
-    return file;
-  }
-  sqlite3* memory = nullptr;
-  Check(memory, sqlite3_open(":memory:", &memory));
-  sqlite3_backup* copy = sqlite3_backup_init(memory, "main", file, "main");
-  sqlite3_backup_step(copy, -1);
-  sqlite3_backup_finish(copy);
-  sqlite3_close(file);
-  Check(memory, sqlite3_exec(memory, "PRAGMA foreign_keys=ON", nullptr, nullptr, nullptr));
-  return memory;
-}
-
 class SqlFloor final : public Floor {
  public:
-  explicit SqlFloor(sqlite3* database) : database_(database) {}
+  SqlFloor(sqlite3* database, int contracts)
+      : database_(database), unit_(database, contracts), bulk_(contracts > 1) {}
 
   void ConcludeContract() override {
+    const std::string key = bulk_ ? std::to_string(++keys_) : std::string();
+    if (bulk_) unit_.FindKey(key);
     if (!next_address_.Run(address_)) next_address_.Run(std::int64_t{0});
     address_ = next_address_.Whole(0);
     next_address_.Done();
@@ -101,19 +25,11 @@ class SqlFloor final : public Floor {
       find_article_.Run(ArticleId(i));
       find_article_.Done();
     }
-    begin_.Run();
-    number_.Run();
-    std::int64_t oid = number_.Whole(0);
-    number_.Done();
+    std::int64_t oid = unit_.Begin();
 
     setting_.Run("vv_alarmwochenkuendigung");
     setting_.Done();
-    counter_.Run("VV_VERTRAEGEVERTRAGNUMMER");
-    char digits[32];
-    std::snprintf(digits, sizeof digits, "%08ld", std::atol(counter_.Text(1).c_str()) + 1);
-    const std::int64_t counter = counter_.Whole(0);
-    counter_.Done();
-    set_counter_.Run(digits, counter);
+    const std::string digits = unit_.NextNumber();
 
     const std::int64_t contract = ++oid;
     contract_.Run(contract, address_, "D", 45352.0, 45716.0, 45352.0, "", 0, "Wartungsvertrag", "",
@@ -142,43 +58,31 @@ class SqlFloor final : public Floor {
     }
     set_value_.Run(sum, term);
     set_act_value_.Run(sum, contract);
-    const std::string description = std::string(digits) + " / Wartungsvertrag";
+    const std::string description = digits + " / Wartungsvertrag";
     attribute_.Run(++oid, address_, "Verträge", "Wartung", "ja", 45352.0, 45716.0, description);
-    set_number_.Run(oid);
-    commit_.Run();
-    commit_.Done();
+    if (bulk_) unit_.AddKey(++oid, key, contract, digits);
+    unit_.End(oid);
   }
 
   ~SqlFloor() override = default;
 
  private:
-  struct Closer {
-    sqlite3* database;
-    ~Closer() { sqlite3_close_v2(database); }
-  };
-
   sqlite3* database_;
-  Closer closer_{database_};
+  SqlCloser closer_{database_};
+  SqlUnit unit_;
+  const bool bulk_;
+  std::int64_t keys_ = 0;
   std::int64_t address_ = 0;
-  Sql begin_{database_, "BEGIN IMMEDIATE"};
-  Sql commit_{database_, "COMMIT"};
   Sql next_address_{database_,
                     "SELECT oid, version, Name FROM Adressen WHERE ord > ?1 ORDER BY ord LIMIT 1"};
   Sql find_article_{database_, "SELECT oid FROM Artikel WHERE key_Id = upper(?1)"};
   Sql read_article_{database_,
                     "SELECT Bezeichnung, Nummer, Art, Einheit, Beschreibung, Nettopreis, "
                     "Erloeskonto, USTSatz FROM Artikel WHERE key_Id = upper(?1)"};
-  Sql number_{database_, "SELECT last_number FROM pactora_database"};
-  Sql set_number_{database_, "UPDATE pactora_database SET last_number = ?1"};
   Sql setting_{
       database_,
       "SELECT value FROM pactora_settings WHERE scope = 'PersistVar' AND folded_owner = '' "
       "AND folded_name = ?1"};
-  Sql counter_{database_,
-               "SELECT n.oid, n.Nummer FROM KELM_Nummern n JOIN KELM_Mandanten m ON m.oid = "
-               "n.parent WHERE n.key_Tabelle_Feld = ?1 AND m.key_tessarinName = 'FIRMA'"};
-  Sql set_counter_{database_,
-                   "UPDATE KELM_Nummern SET Nummer = ?1, version = version + 1 WHERE oid = ?2"};
   Sql contract_{
       database_,
       Insert("vv_Vertraege",
@@ -215,7 +119,11 @@ class SqlFloor final : public Floor {
 }  // namespace
 
 std::unique_ptr<Floor> SqliteFloor(const std::string& path, Place place) {
-  return std::make_unique<SqlFloor>(Open(path, place));
+  return std::make_unique<SqlFloor>(Open(path, place), 1);
+}
+
+std::unique_ptr<Floor> SqliteBulkFloor(const std::string& path, Place place) {
+  return std::make_unique<SqlFloor>(Open(path, place), kGroup);
 }
 
 }  // namespace pactora::bench

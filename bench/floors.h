@@ -23,6 +23,12 @@ class Floor {
 enum class Place { OnDisk, InMemory };
 std::unique_ptr<Floor> SqliteFloor(const std::string& path, Place place);
 
+// As many contracts of a bulk run in one transaction, each with the row of its key.
+inline constexpr int kGroup = 500;
+std::unique_ptr<Floor> SqliteBulkFloor(const std::string& path, Place place);
+// The same of a takeover list's lines, over a file with the sample company.
+std::unique_ptr<Floor> SqliteTakeoverFloor(const std::string& path, Place place);
+
 // Plain structs in vectors and maps.
 std::unique_ptr<Floor> MemoryFloor();
 

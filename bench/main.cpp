@@ -11,12 +11,12 @@
 #include <memory>
 #include <string>
 
+#include "bulk.h"
 #include "company.h"
 #include "floors.h"
 #include "schema/Catalog.h"
 #include "store/memory/MemoryStore.h"
 #include "store/sqlite/SqliteStore.h"
-#include "takeover.h"
 
 namespace pactora::bench {
 namespace {
@@ -56,18 +56,38 @@ void AddOn(benchmark::State& state, const StoreMaker& make, std::int64_t contrac
   for (auto _ : state) office.ConcludeContract();
 }
 
-// One iteration is a whole list; the counter tells lines a second.
-void Takeover(benchmark::State& state, const StoreMaker& make) {
-  TakeoverOffice office(make());
+// The counter that tells how many contracts an iteration is.
+constexpr const char* kContracts = "contracts";
+
+void Takeover(benchmark::State& state, const StoreMaker& make, int lines) {
+  TakeoverOffice office(make(), lines);
   office.TakeOver();
   for (auto _ : state) office.TakeOver();
-  state.SetItemsProcessed(state.iterations() * TakeoverOffice::kLines);
+  state.counters[kContracts] = lines;
+}
+
+void ContractFiles(benchmark::State& state, const StoreMaker& make, int contracts) {
+  ContractFileOffice office(make(), contracts);
+  for (int file = -1; file < 0 || state.KeepRunning(); ++file) {
+    if (file >= 0) state.PauseTiming();
+    office.WriteFile();
+    if (file >= 0) state.ResumeTiming();
+    office.MakeContracts();
+  }
+  state.counters[kContracts] = contracts;
 }
 
 void ByHand(benchmark::State& state, const std::function<std::unique_ptr<Floor>()>& make) {
   const auto floor = make();
   for (int i = 0; i < 20; ++i) floor->ConcludeContract();
   for (auto _ : state) floor->ConcludeContract();
+}
+
+void ManyByHand(benchmark::State& state, const std::function<std::unique_ptr<Floor>()>& make) {
+  const auto floor = make();
+  for (auto _ : state)
+    for (int i = 0; i < kGroup; ++i) floor->ConcludeContract();
+  state.counters[kContracts] = kGroup;
 }
 
 // Keeps the best of the repetitions: what the machine does beside only adds.
@@ -78,8 +98,11 @@ class Ratios final : public benchmark::ConsoleReporter {
     for (const Run& run : runs) {
       if (run.run_type != Run::RT_Iteration) continue;
       const std::string name = run.run_name.function_name;
-      Keep(cpu_, name, run.GetAdjustedCPUTime());
-      Keep(wall_, name, run.GetAdjustedRealTime());
+      // One iteration may be many contracts.
+      const auto found = run.counters.find(kContracts);
+      const double contracts = found == run.counters.end() ? 1 : found->second.value;
+      Keep(cpu_, name, run.GetAdjustedCPUTime() / contracts);
+      Keep(wall_, name, run.GetAdjustedRealTime() / contracts);
     }
   }
 
@@ -87,6 +110,12 @@ class Ratios final : public benchmark::ConsoleReporter {
     std::printf("\nratio (best of the repetitions)                          measured   limit\n");
     Line("SQLite on disk / by hand, wall time", wall_, "sqlite_on_disk", "by_hand_on_disk", 1.3);
     Line("SQLite in memory / by hand, CPU", cpu_, "sqlite_in_memory", "by_hand_in_memory", 2.0);
+    Line("new-contract, groups in memory / by hand, CPU", cpu_, "files", "files_by_hand", 2.5);
+    Line("takeover, groups in memory / by hand, CPU", cpu_, "takeover", "takeover_by_hand", 3.0);
+    Line("new-contract on disk, groups / one each, wall time", wall_, "files_on_disk",
+         "files_one_each", 1 / 8.0);
+    Line("takeover on disk, groups / one each, wall time", wall_, "takeover_on_disk",
+         "takeover_one_each", 1 / 8.0);
     Line("memory store / bare SQLite in memory, CPU", cpu_, "memory_store", "by_hand_in_memory",
          1.0);
     Line("memory store, 300,000 / 1,000 contracts, CPU", cpu_, "memory_300000", "memory_1000", 1.5);
@@ -107,8 +136,8 @@ class Ratios final : public benchmark::ConsoleReporter {
                    double limit) {
     if (!times.contains(one) || !times.contains(other)) return;
     const double ratio = times.at(one) / times.at(other);
-    std::printf("%-55s %9.2f", what, ratio);
-    if (limit > 0) std::printf(" %7.1f %s", limit, ratio <= limit ? "" : "  missed");
+    std::printf("%-55s %9.3f", what, ratio);
+    if (limit > 0) std::printf(" %7.3f %s", limit, ratio <= limit ? "" : "  missed");
     std::printf("\n");
   }
 
@@ -141,9 +170,24 @@ void Register(const Directory& directory) {
   Add("by_hand_on_disk", [=](benchmark::State& state) {
     ByHand(state, [=] { return SqliteFloor(filled, Place::OnDisk); });
   });
-  Add("takeover_memory", [](benchmark::State& state) { Takeover(state, InMemory); });
-  Add("takeover_on_disk",
-      [make = on_disk("takeover")](benchmark::State& state) { Takeover(state, make); });
+  const auto many = [&](const std::string& name, const auto& bulk, int contracts,
+                        const StoreMaker& make) {
+    Add(name.c_str(), [=](benchmark::State& state) { bulk(state, make, contracts); });
+  };
+  many("files", ContractFiles, kGroup, SqliteInMemory);
+  many("files_on_disk", ContractFiles, kGroup, on_disk("files"));
+  many("files_one_each", ContractFiles, 1, on_disk("file"));
+  many("takeover", Takeover, kGroup, SqliteInMemory);
+  many("takeover_on_disk", Takeover, kGroup, on_disk("takeovers"));
+  many("takeover_one_each", Takeover, 1, on_disk("takeover"));
+  const std::string sample = directory.File("sample.db");
+  FillSample(*OnDisk(sample));
+  Add("files_by_hand", [=](benchmark::State& state) {
+    ManyByHand(state, [=] { return SqliteBulkFloor(filled, Place::InMemory); });
+  });
+  Add("takeover_by_hand", [=](benchmark::State& state) {
+    ManyByHand(state, [=] { return SqliteTakeoverFloor(sample, Place::InMemory); });
+  });
   for (const auto& [suffix, contracts] : {std::pair("1000", 1000), std::pair("300000", 300000)}) {
     add((std::string("memory_") + suffix).c_str(), InMemory, contracts);
     add((std::string("sqlite_") + suffix).c_str(), SqliteInMemory, contracts);
