@@ -74,5 +74,7 @@ struct Catalog {
 // The tables of the contract add-on and of its host. Without the workflow
 // add-on there is neither KELDO_Vorgaenge nor the optional KELDO_ fields.
 Catalog ContractCatalog(bool workflow_add_on);
+// Every table and field that a database can have.
+const Catalog& WholeCatalog();
 
 }  // namespace pactora::schema

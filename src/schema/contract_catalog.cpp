@@ -319,4 +319,9 @@ Catalog ContractCatalog(bool workflow_add_on) {
   return catalog;
 }
 
+const Catalog& WholeCatalog() {
+  static const Catalog catalog = ContractCatalog(true);
+  return catalog;
+}
+
 }  // namespace pactora::schema

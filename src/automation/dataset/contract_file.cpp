@@ -17,7 +17,7 @@ namespace {
 RowSelector ReadAddress(const formats::Json& address, const formats::Place& place) {
   if (address.is_string()) return {ReadOid(address, place), {}};
   if (!address.is_object()) place.Fail("eine Oid oder ein Objekt mit Feldern wird erwartet");
-  const schema::Catalog catalog = schema::ContractCatalog(true);
+  const schema::Catalog& catalog = schema::WholeCatalog();
   return ReadWhere(catalog.tables[catalog.Table(schema::table::Adressen)], address, place);
 }
 

@@ -206,7 +206,7 @@ store::Profile ReadProfile(const formats::Json& members, const std::string& sour
     ReadSettings(profile, SettingScope::Database, {}, *settings, root.Key(key::kDbSettings));
   if (const formats::Json* tables = formats::Find(members, key::kTableSettings)) {
     const formats::Place place = root.Key(key::kTableSettings);
-    const schema::Catalog catalog = schema::ContractCatalog(true);
+    const schema::Catalog& catalog = schema::WholeCatalog();
     for (const auto& table : formats::RequireObject(*tables, place).items()) {
       if (!catalog.FindTable(table.key()))
         place.Key(table.key()).Fail("diese Tabelle gibt es nicht");

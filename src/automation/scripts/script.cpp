@@ -22,16 +22,10 @@ constexpr std::array<std::pair<std::string_view, Operation>, 5> kOperations = {{
     {"EditContractDefinition", Operation::EditContractDefinition},
 }};
 
-// Every table that a database can have.
-const schema::Catalog& AllTables() {
-  static const schema::Catalog catalog = schema::ContractCatalog(true);
-  return catalog;
-}
-
 const schema::Table& ReadTable(const formats::Json& name, const formats::Place& place) {
-  const auto table = AllTables().FindTable(formats::RequireText(name, place));
+  const auto table = schema::WholeCatalog().FindTable(formats::RequireText(name, place));
   if (!table) place.Fail(fmt::format("die Tabelle „{}“ gibt es nicht", name.get<std::string>()));
-  return AllTables().tables[*table];
+  return schema::WholeCatalog().tables[*table];
 }
 
 std::string ReadName(const formats::Json& name, const formats::Place& place) {
