@@ -13,6 +13,7 @@ namespace {
 
 using host::Value;
 using schema::FieldType;
+using Lookup = UnitReads::Lookup;
 
 void BindCell(Statement& statement, int parameter, FieldType type, const Value& cell) {
   if (cell.IsEmpty()) return statement.BindNull(parameter);
@@ -36,29 +37,29 @@ void BindCell(Statement& statement, int parameter, FieldType type, const Value& 
   statement.BindNull(parameter);
 }
 
-void ReadCell(const Statement& statement, int column, FieldType type, Value& cell) {
-  if (statement.IsNull(column)) {
+void ReadCell(StoredValue stored, FieldType type, Value& cell) {
+  if (stored.IsNull()) {
     cell = Value();
     return;
   }
   switch (type) {
     case FieldType::Text:
-      cell = statement.Text(column);
+      cell = stored.Text();
       return;
     case FieldType::Long:
-      cell = static_cast<std::int32_t>(statement.Integer(column));
+      cell = static_cast<std::int32_t>(stored.Integer());
       return;
     case FieldType::Double:
-      cell = statement.Real(column);
+      cell = stored.Real();
       return;
     case FieldType::Date:
-      cell = host::Date{statement.Real(column)};
+      cell = host::Date{stored.Real()};
       return;
     case FieldType::Boolean:
-      cell = statement.Integer(column) != 0;
+      cell = stored.Integer() != 0;
       return;
     case FieldType::Document:
-      cell = std::make_shared<NamedDocument>(std::string(statement.Text(column)));
+      cell = std::make_shared<NamedDocument>(std::string(stored.Text()));
       return;
   }
 }
@@ -85,7 +86,7 @@ void ReadRow(const Statement& statement, const schema::Table& table, Record& rec
   record.keys.resize(table.indexes.size());
   int column = kFirstCellColumn;
   for (std::size_t field = 0; field < table.fields.size(); ++field) {
-    ReadCell(statement, column++, table.fields[field].type, record.cells[field]);
+    ReadCell(statement.Cell(column++), table.fields[field].type, record.cells[field]);
   }
   for (std::string& key : record.keys) key = statement.Text(column++);
 }
@@ -116,7 +117,8 @@ SqliteRecordStore::OpenFile::OpenFile(std::unique_ptr<Connection> file,
 SqliteRecordStore::SqliteRecordStore(std::unique_ptr<Connection> connection,
                                      schema::Catalog catalog)
     : catalog_(std::move(catalog)),
-      file_(std::make_unique<OpenFile>(std::move(connection), catalog_)) {}
+      file_(std::make_unique<OpenFile>(std::move(connection), catalog_)),
+      reads_(catalog_.tables.size()) {}
 
 bool SqliteRecordStore::Find(Statement& statement, TableId table, Record& record) {
   const ResetAtEnd reset(statement);
@@ -131,34 +133,47 @@ void SqliteRecordStore::RaiseAstray(TableId table) const {
         "ein Index der Tabelle „" + catalog_.tables[table].name + "“ führt zu falschen Zeilen");
 }
 
+template <typename Reader>
+bool SqliteRecordStore::FindOnce(TableId table, UnitReads::Lookup lookup, Record& record,
+                                 const Reader& read) {
+  return in_unit_ ? reads_.Find(table, std::move(lookup), record, read) : read(record);
+}
+
 bool SqliteRecordStore::Read(TableId table, Oid oid, Record& record) {
-  Statement& statement = File().statements.Get(table, Operation::Read);
-  statement.Bind(1, oid);
-  return Find(statement, table, record);
+  return FindOnce(table, {Lookup::Kind::ByOid, oid}, record, [&](Record& row) {
+    Statement& statement = File().statements.Get(table, Operation::Read);
+    statement.Bind(1, oid);
+    return Find(statement, table, row);
+  });
 }
 
 bool SqliteRecordStore::NextInParent(TableId table, Oid parent, std::int64_t after,
                                      Record& record) {
-  Statement& statement = File().statements.Get(table, Operation::NextInParent);
-  int parameter = 1;
-  if (catalog_.tables[table].parent) statement.Bind(parameter++, parent);
-  statement.Bind(parameter, after);
-  if (!Find(statement, table, record)) return false;
-  if (record.order <= after || record.parent != (catalog_.tables[table].parent ? parent : 0)) {
-    RaiseAstray(table);
-  }
-  return true;
+  return FindOnce(table, {Lookup::Kind::InParent, parent, after}, record, [&](Record& row) {
+    Statement& statement = File().statements.Get(table, Operation::NextInParent);
+    int parameter = 1;
+    if (catalog_.tables[table].parent) statement.Bind(parameter++, parent);
+    statement.Bind(parameter, after);
+    if (!Find(statement, table, row)) return false;
+    if (row.order <= after || row.parent != (catalog_.tables[table].parent ? parent : 0)) {
+      RaiseAstray(table);
+    }
+    return true;
+  });
 }
 
 bool SqliteRecordStore::NextByKey(TableId table, IndexId index, std::string_view key,
                                   std::int64_t after, Record& record) {
-  Statement& statement = File().statements.NextByKey(table, index);
-  statement.Bind(1, key);
-  statement.Bind(2, after);
-  if (!Find(statement, table, record)) return false;
-  const int compared = std::string_view(record.keys[index]).compare(key);
-  if (compared < 0 || (compared == 0 && record.order <= after)) RaiseAstray(table);
-  return true;
+  Lookup lookup{Lookup::Kind::ByKey, static_cast<std::int64_t>(index), after, std::string(key)};
+  return FindOnce(table, std::move(lookup), record, [&](Record& row) {
+    Statement& statement = File().statements.NextByKey(table, index);
+    statement.Bind(1, key);
+    statement.Bind(2, after);
+    if (!Find(statement, table, row)) return false;
+    const int compared = std::string_view(row.keys[index]).compare(key);
+    if (compared < 0 || (compared == 0 && row.order <= after)) RaiseAstray(table);
+    return true;
+  });
 }
 
 std::int64_t SqliteRecordStore::CountInParent(TableId table, Oid parent) {
@@ -177,7 +192,7 @@ bool SqliteRecordStore::HasWritten(int code) {
 }
 
 void SqliteRecordStore::Insert(TableId table, Record& record) {
-  EnterUnit();
+  EnterUnitToWrite(table);
   std::int64_t number = std::max({last_number_, record.oid, record.order});
   // A number for the row itself and one for its order at most.
   if (number >= std::numeric_limits<std::int64_t>::max() - 1) {
@@ -209,7 +224,7 @@ bool SqliteRecordStore::UpdateWith(Operation operation, TableId table, const Rec
 }
 
 bool SqliteRecordStore::Update(TableId table, Record& record) {
-  EnterUnit();
+  EnterUnitToWrite(table);
   const schema::Table& description = catalog_.tables[table];
   const bool has_keys = !description.indexes.empty() || !description.unique_fields.empty();
   if (!(has_keys && UpdateWith(Operation::UpdateKeepingKeys, table, record)) &&
@@ -221,7 +236,7 @@ bool SqliteRecordStore::Update(TableId table, Record& record) {
 }
 
 void SqliteRecordStore::UpdateKeys(TableId table, Oid oid, const std::vector<std::string>& keys) {
-  EnterUnit();
+  EnterUnitToWrite(table);
   if (keys.empty()) return;
   Statement& statement = File().statements.Get(table, Operation::UpdateKeys);
   statement.Bind(1, oid);
@@ -230,7 +245,7 @@ void SqliteRecordStore::UpdateKeys(TableId table, Oid oid, const std::vector<std
 }
 
 bool SqliteRecordStore::Erase(TableId table, Oid oid, std::int64_t version) {
-  EnterUnit();
+  EnterUnitToWrite(table);
   Statement& statement = File().statements.Get(table, Operation::Erase);
   statement.Bind(1, oid);
   statement.Bind(2, version);
@@ -247,6 +262,16 @@ void SqliteRecordStore::EnterUnit() {
   File().begin.Step();
   in_unit_ = true;
   last_number_ = saved_last_number_ = ReadNumber(File().read_last_number);
+}
+
+void SqliteRecordStore::EnterUnitToWrite(TableId table) {
+  EnterUnit();
+  reads_.Written(table);
+}
+
+void SqliteRecordStore::LeaveUnit() {
+  in_unit_ = has_savepoint_ = false;
+  reads_.Clear();
 }
 
 void SqliteRecordStore::LockForUpdate() { EnterUnit(); }
@@ -267,7 +292,7 @@ void SqliteRecordStore::Commit() {
     Rollback();
     throw;
   }
-  in_unit_ = has_savepoint_ = false;
+  LeaveUnit();
 }
 
 // After an input or output error reading the file back would prove nothing: the system may
@@ -280,7 +305,7 @@ void SqliteRecordStore::FailCommit(int code) {
 }
 
 void SqliteRecordStore::Rollback() {
-  in_unit_ = has_savepoint_ = false;
+  LeaveUnit();
   if (file_ != nullptr && File().connection->InTransaction()) File().rollback.Step();
 }
 

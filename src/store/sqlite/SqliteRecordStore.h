@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "store/RecordStore.h"
+#include "store/UnitReads.h"
 #include "store/errors.h"
 #include "store/sqlite/Connection.h"
 #include "store/sqlite/statements.h"
@@ -47,11 +48,16 @@ class SqliteRecordStore final : public RecordStore {
   // Opens the unit if none is open. Raises StoreError::UnitLost when SQLite gave
   // up the one that was.
   void EnterUnit();
+  void EnterUnitToWrite(TableId table);
+  void LeaveUnit();
   void SaveLastNumber();
   [[noreturn]] void FailCommit(int code);
 
   // Runs a statement that finds one row at most.
   bool Find(Statement& statement, TableId table, Record& record);
+  // As read, once for each lookup in a unit.
+  template <typename Reader>
+  bool FindOnce(TableId table, UnitReads::Lookup lookup, Record& record, const Reader& read);
   [[noreturn]] void RaiseAstray(TableId table) const;
   bool UpdateWith(Operation operation, TableId table, const Record& record);
   // Whether the statement that ran last wrote a row. Raises the error of code.
@@ -82,6 +88,8 @@ class SqliteRecordStore final : public RecordStore {
 
   schema::Catalog catalog_;
   std::unique_ptr<OpenFile> file_;
+
+  UnitReads reads_;
 
   bool in_unit_ = false;
   bool has_savepoint_ = false;

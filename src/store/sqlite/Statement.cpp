@@ -44,11 +44,11 @@ void Statement::Bind(int parameter, std::string_view text) {
     connection_.Fail(code);  // longer than SQLite's limit
 }
 
-double Statement::Real(int column) const {
-  if (sqlite3_column_type(statement_, column) == SQLITE_BLOB) [[unlikely]] {
-    return Text(column) == kNegativeZero ? -0.0 : std::numeric_limits<double>::quiet_NaN();
+double StoredValue::Real() const {
+  if (sqlite3_value_type(value_) == SQLITE_BLOB) [[unlikely]] {
+    return Text() == kNegativeZero ? -0.0 : std::numeric_limits<double>::quiet_NaN();
   }
-  return sqlite3_column_double(statement_, column);
+  return sqlite3_value_double(value_);
 }
 
 void Statement::Finish(int code) {

@@ -10,6 +10,25 @@
 
 namespace pactora::store::sqlite {
 
+// A cell of the row that a statement found.
+class StoredValue {
+ public:
+  explicit StoredValue(sqlite3_value* value) : value_(value) {}
+
+  bool IsNull() const { return sqlite3_value_type(value_) == SQLITE_NULL; }
+  std::int64_t Integer() const { return sqlite3_value_int64(value_); }
+  double Real() const;
+  std::string_view Text() const {
+    // A text is read like bytes: it may hold NUL characters, and no terminator
+    // is needed.
+    const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value_));
+    return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value_))};
+  }
+
+ private:
+  sqlite3_value* value_;
+};
+
 class Statement {
  public:
   Statement(const Connection& connection, std::string_view sql);
@@ -42,17 +61,16 @@ class Statement {
   }
   void Reset() { sqlite3_reset(statement_); }
 
-  // Columns of the row that Step found. A text is valid until the next Step or
-  // Reset.
-  bool IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
-  std::int64_t Integer(int column) const { return sqlite3_column_int64(statement_, column); }
-  double Real(int column) const;
-  std::string_view Text(int column) const {
-    // A text is read like bytes: it may hold NUL characters, and no terminator
-    // is needed.
-    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_, column));
-    return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+  // Columns of the row that Step found. A cell and a text are valid until the next
+  // Step or Reset. SQLite looks a column up at each of its calls, so what reads many of
+  // them takes the cell.
+  StoredValue Cell(int column) const {
+    return StoredValue(sqlite3_column_value(statement_, column));
   }
+  bool IsNull(int column) const { return Cell(column).IsNull(); }
+  std::int64_t Integer(int column) const { return Cell(column).Integer(); }
+  double Real(int column) const { return Cell(column).Real(); }
+  std::string_view Text(int column) const { return Cell(column).Text(); }
 
  private:
   void Finish(int code);
