@@ -56,6 +56,23 @@ TEST_F(SqliteUsers, ASecondWriterWaitsAndReadsWhatTheFirstCommitted) {
   EXPECT_EQ(second.get(), "00000002");
 }
 
+TEST_F(SqliteUsers, AUnitReadsWhatAnotherUserWroteSinceTheLastOne) {
+  const TableId addresses = TableOf(*one_, table::Adressen);
+  const Oid oid = AddAddress(*one_, "alt");
+  Record record;
+  const auto name_in_unit = [&] {
+    two_->LockForUpdate();
+    two_->Read(addresses, oid, record);
+    two_->Commit();
+    return Cell(*two_, table::Adressen, record, field::Name);
+  };
+  EXPECT_EQ(name_in_unit().AsText(), "alt");
+  Cell(*one_, table::Adressen, record, field::Name) = "neu";
+  ASSERT_TRUE(one_->Update(addresses, record));
+  one_->Commit();
+  EXPECT_EQ(name_in_unit().AsText(), "neu");
+}
+
 TEST_F(SqliteUsers, NumbersAreNeverGivenOutTwice) {
   std::vector<Oid> oids;
   for (int round = 0; round < 3; ++round) {
