@@ -15,20 +15,6 @@ using testing::HasSubstr;
 const Message kQuestion{"Weg damit?", 292, "Frage"};
 const Message kNote{"Fertig."};
 
-TEST(Screen, KnowsTheButtonsOfABox) {
-  struct Case {
-    std::int32_t flags;
-    Answer answer;
-  };
-  for (const auto& [flags, answer] :
-       {Case{0, Answer::Ok}, Case{48, Answer::Ok}, Case{64, Answer::Ok}, Case{292, Answer::No},
-        Case{4 + 32, Answer::Yes}, Case{4 + 256 + 48, Answer::No}}) {
-    EXPECT_EQ(DefaultAnswer(flags), answer) << flags;
-    EXPECT_EQ(Offers(flags, Answer::Ok), answer == Answer::Ok) << flags;
-    EXPECT_EQ(Offers(flags, Answer::Yes), answer != Answer::Ok) << flags;
-  }
-}
-
 // A screen that let things pass would blind every other test of dialogs.
 TEST(RecordingScreen, NamesWhatComesDifferently) {
   RecordingScreen screen;
