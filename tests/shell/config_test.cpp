@@ -84,6 +84,7 @@ TEST_F(Config, EachFamilyHasItsOwnStore) {
   EXPECT_THAT(found,
               testing::ElementsAre("privat", "öffentlich", "Datenbank", "Variable", "Tabelle"));
   EXPECT_EQ(config.ReadSetting("Ort"), "privat");
+  EXPECT_FALSE(Db().Users().Item(1).PrivateSettings().Exists("Ort"));
 }
 
 TEST_F(Config, AnErrorOfTheStoreNamesTheOperationOrIsIgnored) {
@@ -109,7 +110,7 @@ TEST_F(Config, AnErrorOfTheStoreNamesTheOperationOrIsIgnored) {
   EXPECT_TRUE(probe.HasFailed());
 }
 
-TEST_F(Config, AReadOnlyVariableStaysAndANewOneIsMade) {
+TEST_F(Config, AReadOnlyVariableStays) {
   world.ChangeProfile([](store::Profile& profile) {
     profile.settings.push_back({store::SettingScope::PersistVar, "", "Fest", "alt", true});
   });
@@ -117,8 +118,6 @@ TEST_F(Config, AReadOnlyVariableStaysAndANewOneIsMade) {
   CConfig config(world.module);
   config.WritePersistVarSetting("Fest", "neu");
   EXPECT_EQ(config.ReadPersistVarSetting("Fest"), "alt");
-  config.WritePersistVarSetting("Zahl", 12);
-  EXPECT_EQ(Db().Formulas().PersistVars().Item("Zahl")->Value(), Value(12));
 }
 
 TEST_F(Config, ReadSettingTakesTheWholeNameFromTheHostsOwnApplication) {
@@ -144,12 +143,6 @@ TEST_F(Config, BooleansAreMinusOneAndTheWordsForTrue) {
        std::vector<Value>{"1", "", "0", false, Value(), 1, "ja", " true", "wahrlich", "-10"}) {
     EXPECT_FALSE(config.CBoolean(value)) << host::ToText(value);
   }
-}
-
-TEST_F(Config, WithoutADatabaseThereIsNothingToRead) {
-  world.module.gDb.reset();
-  CConfig config(world.module);
-  EXPECT_EQ(support::ErrorNumberOf([&] { config.ReadDatabaseSetting("x"); }), 91);
 }
 
 }  // namespace

@@ -46,12 +46,6 @@ class Entry : public support::ContractWorldTest {
   bool show_def = false;
 };
 
-TEST_F(Entry, TheVersionNeedsNoHost) {
-  EXPECT_EQ(entry.DLLVersion(), "Version 2.9.0.2");
-  EXPECT_FALSE(world.module.gDb);
-  EXPECT_EQ(world.module.gVersionText, "");
-}
-
 TEST_F(Entry, TheReporterLivesAsLongAsAnyEntryObject) {
   const auto first = world.module.gAddonError;
   ASSERT_TRUE(first);
@@ -174,12 +168,6 @@ TEST_F(Entry, EditContractDefinitionReadsTheSettingForAppointments) {
   EXPECT_EQ(support::ErrorNumberOf([&] { entry.EditContractDefinition(world.host.App(), true); }),
             13);
   EXPECT_EQ(world.module.gVersionText, "unverändert");
-}
-
-TEST_F(Entry, EditContractDefinitionShowsNothingForARowThatCannotBeShown) {
-  world.screen.ExpectMessage(support::ReporterMessage(
-      "vv_FEditDefinitions.InitEdit", Number(embedded::HostError::NoCurrentRow), "Tessarin"));
-  entry.EditContractDefinition(world.host.App(), false);
 }
 
 }  // namespace

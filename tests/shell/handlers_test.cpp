@@ -41,29 +41,6 @@ TEST_F(Handlers, TheReporterShowsNumberSourceAndTheHostsText) {
   }
 }
 
-TEST_F(Handlers, WithReporterEndsNormally) {
-  world.screen.ExpectMessage(
-      support::ReporterMessage("CVV.NewContract", Missing().Number(), "abc"));
-  int steps = 0;
-  WithReporter(world.module, module_name::CVV, "NewContract", [&] {
-    ++steps;
-    throw Missing();
-  });
-  WithReporter(world.module, module_name::CVV, "NewContract", [&] { ++steps; });
-  EXPECT_EQ(steps, 2) << "what was done before the failure stays";
-  EXPECT_EQ(world.module.last_shown_error->Number(), Missing().Number());
-}
-
-TEST_F(Handlers, WithInlineMessageShowsTheDescriptionWithoutIconOrTitle) {
-  world.screen.ExpectMessage(
-      {"Fehler &H80040002\r\n(Mandant X fehlt in Mandantentabelle!)\r\nin "
-       "vv_FNewContract.cmdOK_Click",
-       0, "Pactora"});
-  WithInlineMessage(world.module, module_name::frmNewContract, "cmdOK_Click",
-                    [] { throw Missing(); });
-  EXPECT_EQ(world.module.last_shown_error->Number(), Missing().Number());
-}
-
 TEST_F(Handlers, RaisingAgainKeepsNumberAndDescriptionAndNamesTheProcedure) {
   const auto raised = [](const std::function<int()>& body) {
     const auto error =
@@ -75,15 +52,6 @@ TEST_F(Handlers, RaisingAgainKeepsNumberAndDescriptionAndNamesTheProcedure) {
   EXPECT_EQ(raised([]() -> int { throw std::bad_alloc(); }),
             "33 Interner Fehler modAPI.InitTables");
   EXPECT_EQ(RaisingAgain(module_name::modAPI, "x", [] { return 7; }), 7);
-}
-
-TEST_F(Handlers, IgnoredErrorsCanBeLookedAt) {
-  Error error(0, "");
-  EXPECT_TRUE(IgnoringErrors(&error, [] {}));
-  EXPECT_EQ(error.Number(), 0);
-  EXPECT_FALSE(IgnoringErrors(&error, [] { throw Missing(); }));
-  EXPECT_EQ(error.Number(), Missing().Number());
-  EXPECT_FALSE(IgnoringErrors(nullptr, [] { throw Missing(); }));
 }
 
 TEST_F(Handlers, AnErrorInAHandlerIsNotCaught) {
