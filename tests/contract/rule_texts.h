@@ -6,11 +6,8 @@
 #include <string_view>
 
 #include "platform/Date.h"
-#include "support/error_of.h"
 
 namespace pactora::contract {
-
-using support::ErrorNumberOf;
 
 // From "dd.MM.yyyy".
 inline platform::Date Day(std::string_view text) {

@@ -136,12 +136,6 @@ TEST(Takeover, RenewalTermOfZeroEndsTheContract) {
             "1 31.12.2023 none, row 31.12.2023 20.11.2023 1 first none, alarm 09.10.2023");
 }
 
-TEST(Takeover, ARowThatIsNotInTheListIsErrorNine) {
-  RunningContract contract = Quarterly("15.10.2023", "01.04.2023");
-  contract.selected = 4;
-  EXPECT_EQ(ErrorNumberOf([&] { PlanRenewableTakeover(contract); }), 9);
-}
-
 TEST(Takeover, NextInvoiceOfTheOtherKinds) {
   struct {
     std::int32_t art;
