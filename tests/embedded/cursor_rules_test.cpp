@@ -30,13 +30,6 @@ class CursorRules : public testing::TestWithParam<support::StoreKind> {
       std::make_unique<Host>(GetParam().create(schema::ContractCatalog(true), {}));
 };
 
-TEST_P(CursorRules, NamesAreComparedWithoutRegardToCase) {
-  EXPECT_EQ(Get("vv_DefinitionsPositionen"), Get(table::vv_Definitionspositionen));
-  Add(table::Adressen, {});
-  Add(table::Adressmerkmale, {{"gültigvom", platform::Date{45000}}});
-  EXPECT_EQ(Get(table::Adressmerkmale)->Fields().Item("GÜLTIGVOM").Value().AsDate().days, 45000);
-}
-
 TEST_P(CursorRules, EachRefusalHasItsNumber) {
   host::HostTable& addresses = *Get(table::Adressen);
   host::HostTable& contracts = *Get(table::vv_Vertraege);
@@ -66,21 +59,6 @@ TEST_P(CursorRules, EachRefusalHasItsNumber) {
   EXPECT_EQ(ErrorNumberOf(write(field::Vertragnummer, std::string(20, '1'))), 0);
   EXPECT_EQ(ErrorNumberOf(write(field::Vertragnummer, std::string(21, '1'))),
             store::Number(store::StoreError::TextTooLong));
-}
-
-TEST_P(CursorRules, ExpressionsReadTheCurrentRow) {
-  Add(table::Adressen, {{field::Name, "Muster GmbH"}});
-  Add(table::Artikelgruppen, {});
-  Add(table::Artikel, {{field::Id, "A"}, {field::Erloeskonto, 8400}, {field::USTSatz, 19}});
-  host::HostFormulas& formulas = host_->App()->CurrentDb()->Formulas();
-  EXPECT_EQ(formulas.Compile("Name()", 0)->Eval(0), host::Value("Muster GmbH"));
-  EXPECT_EQ(formulas.Compile("Erloeskonto()", 0)->Eval(0), host::Value(std::int32_t{8400}));
-  const auto rate = formulas.Compile("ustsatzartikel()", 0);
-  EXPECT_EQ(rate->Eval(0), host::Value(19.0));
-  Add(table::Artikel, {});
-  EXPECT_EQ(rate->Eval(0), host::Value(0.0)) << "evaluated on the row current now";
-  EXPECT_EQ(ErrorNumberOf([&] { formulas.Compile("Datum()", 0); }),
-            Number(HostError::UnknownExpression));
 }
 
 TEST_P(CursorRules, AfterTheHostIsGoneEveryOperationFails) {
