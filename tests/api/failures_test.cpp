@@ -167,22 +167,5 @@ TEST(Failures, AnAttributeWithoutARowOfItsOwnGoesIntoNoOther) {
   }
 }
 
-TEST(Failures, AFailedCallSpendsItsNumberAndDoesNoHarmToTheNext) {
-  ApiWorld world;
-  world.Article();
-  world.contract->Bezeichnung = std::string(256, 'x');
-  EXPECT_EQ(ErrorOf([&] { world.Call(); })->Source(), "modAPI.CreateVandVS");
-  world.contract->Bezeichnung = "kurz";
-  {
-    FailingProbe probe(world.host, 1, "StoreNew", std::string(table::vv_Vertraege),
-                       platform::Error(5, "Abgelehnt"));
-    EXPECT_TRUE(ErrorOf([&] { world.Call(); }));
-  }
-  EXPECT_EQ(world.Counts(), std::vector<std::size_t>(5, 0));
-  world.Call();
-  EXPECT_EQ(world.Counts(), (std::vector<std::size_t>{1, 0, 1, 1, 1}));
-  EXPECT_EQ(world.TheOnly(table::vv_Vertraege)[field::Vertragnummer], Value("00000002"));
-}
-
 }  // namespace
 }  // namespace pactora::api

@@ -8,7 +8,6 @@ namespace {
 
 namespace field = schema::field;
 namespace table = schema::table;
-using support::Day;
 using support::Lines;
 using support::Row;
 using testing::ElementsAre;
@@ -71,22 +70,14 @@ TEST_F(NewContractDebitor, StoresARenewableContract) {
       << "the new contract is current";
 }
 
-TEST_F(NewContractDebitor, StoresAContractThatEnds) {
+TEST_F(NewContractDebitor, StoresAContractThatEndsWithoutARenewal) {
   world.contract->lVertragArt = 2;
   world.Article();
   world.Call();
-  EXPECT_THAT(
-      Stored(world),
-      ElementsAre("AktNaechsteRechnung=01.03.2024, AktNaechsteRechnungStr=20240301, AktValue=18, "
-                  "AktZahlungsperiode=1, AktZahlungsperiodeStr=monatlich, Art=2, "
-                  "ArtStr=einmalig, Auftragsnummer=B-17, Bezeichnung=Wartungsvertrag, Dauer=12, "
-                  "GeschlossenAm=01.03.2024, Memo=Notiz, NoBooking=False, "
-                  "RabattNurErsteLaufzeit=False, Typ=D, Verantwortlich=Anna, "
-                  "VertragBeginn=01.03.2024, VertragEnde=28.02.2025, Vertragnummer=00000001, "
-                  "Zahlungsperiode=1",
-                  kTerm, kPosition, kAttribute,
-                  "Betreff=Vertrag läuft am  28.02.2025  aus, Datum=31.01.2025 09:00:00, "
-                  "Erledigt=False, Typ=Termin, Verantwortlich=Anna"));
+  EXPECT_THAT(Lines(world, table::vv_Vertraege,
+                    {field::Art, field::ArtStr, field::VertragEnde, field::KuendfristDatum,
+                     field::Kuendigungsfrist, field::Verlaengerungsdauer}),
+              ElementsAre("2 einmalig 28.02.2025 (leer) (leer) (leer)"));
 }
 
 TEST_F(NewContractDebitor, MakesTheseAppointmentsAndKeepsTheLastOnesOid) {
@@ -96,15 +87,11 @@ TEST_F(NewContractDebitor, MakesTheseAppointmentsAndKeepsTheLastOnesOid) {
   const auto for_all = [](support::ApiWorld& w) { w.module.gAppointment4AllContracts = true; };
   const std::string signature =
       "17.03.2024 09:00:00 Vertragsabschluss ist noch nicht erfolgt? False";
-  const std::string notice = " 09:00:00 Kündigungsfrist läuft am  18.01.2025  aus False";
   const struct {
     const char* name;
     std::function<void(support::ApiWorld&)> prepare;
     std::vector<std::string> appointments;
   } cases[] = {
-      {"signed, even in the future",
-       [](auto& w) { w.contract->VertragGeschlossenAm = Day(1, 1, 2030); },
-       {}},
       {"not signed yet", unsigned_yet, {signature}},
       {"the end comes before the missing signature",
        [&](auto& w) {
@@ -114,13 +101,9 @@ TEST_F(NewContractDebitor, MakesTheseAppointmentsAndKeepsTheLastOnesOid) {
        },
        {"03.01.2025 09:00:00 Vertrag läuft am  28.02.2025  aus False", signature}},
       // The last day for notice less the six weeks that stand for no setting.
-      {"all contracts", for_all, {"07.12.2024" + notice}},
-      {"all contracts, a week before",
-       [&](auto& w) {
-         for_all(w);
-         w.SetVariable("vv_AlarmWochenKuendigung", 1);
-       },
-       {"11.01.2025" + notice}},
+      {"all contracts",
+       for_all,
+       {"07.12.2024 09:00:00 Kündigungsfrist läuft am  18.01.2025  aus False"}},
       {"the setting for all contracts is not read",
        [](auto& w) {
          w.host.App()->CurrentDb()->DbSettings().Add("CreateAppointment4AllContracts", "true");
@@ -142,18 +125,6 @@ TEST_F(NewContractDebitor, MakesTheseAppointmentsAndKeepsTheLastOnesOid) {
     EXPECT_EQ(host::ToText(contract[field::AlarmOID]),
               rows.empty() ? "" : std::to_string(rows.back().oid));
   }
-}
-
-TEST_F(NewContractDebitor, KeepsTheTimeOfDayAndANegativeNotice) {
-  world.Article();
-  world.contract->VertragBeginn.days += 0.5;
-  world.contract->KuendFristInWochen = -2;
-  world.Call();
-  EXPECT_THAT(Lines(world, table::vv_Vertraege,
-                    {field::VertragEnde, field::KuendfristDatum, field::Kuendigungsfrist}),
-              ElementsAre("28.02.2025 12:00:00 15.03.2025 12:00:00 -2"));
-  EXPECT_THAT(Lines(world, table::Adressmerkmale, {field::GültigBis}),
-              ElementsAre("28.02.2025 12:00:00"));
 }
 
 TEST_F(NewContractDebitor, WritesAnAttributeWithNameAndValueAndPerhapsAGroup) {
