@@ -76,7 +76,6 @@ TEST_F(AttributesTest, StoredTriplesComeBackAlsoWhenTheyAreGone) {
   const std::vector<Strings> cases = {{"Kunde", "Branche", "Industrie"},
                                       {"Kunde", "Betreuer", "Bert"},
                                       {"Kunde", "Branche", "value gone"},
-                                      {"Kunde", "attribute gone", "A"},
                                       {"group gone", "attribute gone", "A"},
                                       {"Zukunft", "attribute of a group without any", "A"},
                                       {"Zukunft", "Sperre", "another group's attribute"},

@@ -95,20 +95,6 @@ TEST_F(PositionDialogTest, RefusedTextsKeepTheFocusAndTheOldValues) {
   });
 }
 
-TEST_F(PositionDialogTest, WithoutATermThereAreNoUnitPrices) {
-  EXPECT_EQ(support::ErrorOf([&] { dialog->InitNew(0, 1, "monatlich"); })->Number(),
-            static_cast<std::int32_t>(platform::RuntimeError::DivisionByZero));
-  ASSERT_TRUE(dialog->InitEdit(0, 1, "monatlich"));
-  Show(*dialog, [&](DialogUser& user) {
-    user.Retype("txtNettopreis", "12");
-    ExpectError("frmFEditDefPositions.txtNettopreis_Validate",
-                platform::RuntimeError::DivisionByZero);
-    user.Click("cmdOk");
-  });
-  EXPECT_TRUE(dialog->mbOK);
-  EXPECT_EQ(dialog->msActPrice, "7,00");
-}
-
 TEST_F(PositionDialogTest, TextAndQuantityMustBeThere) {
   ASSERT_TRUE(dialog->InitNew(7, 7, "einmalig"));
   Show(*dialog, [&](DialogUser& user) {
