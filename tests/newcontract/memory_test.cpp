@@ -133,13 +133,11 @@ TEST_F(FromMemory, ATakeoverThatEndsInARenewalAlwaysGetsItsAppointment) {
 
 TEST_F(FromMemory, ATakeoverWithinTheFirstTermGetsNone) {
   OpenChanged(Quarterly()).Zahlungsperiode = 1;
-  world.module.gPositions = std::make_shared<shell::PositionCollection>();
   form.InitAgain();
   dialog.Pick("DTPVertragBeginn", Day(1, 9, 2023));
   dialog.Check("chkOldContract", true);
   Save();
   EXPECT_EQ(world.Count(table::vv_VertragsAktivitaeten), 0u);
-  EXPECT_EQ(world.Count(table::vv_Vertragspositionen), 0u);
 }
 
 }  // namespace

@@ -29,7 +29,6 @@ TEST_F(Opening, ListsReleasedTypesByNameAndChoosesTheFirst) {
   ASSERT_EQ(form.lvwBezeichnung.RowCount(), 2);
   EXPECT_EQ(dialog.Cells("lvwBezeichnung", 1, 0, 11),
             "Miete|einmalig|" + std::to_string(type) + "|K|2|1|6|3|0|6|Verbindlichkeit|True|");
-  EXPECT_EQ(form.lvwBezeichnung.RowToolTip(1), "Miete");
   EXPECT_EQ(form.lvwBezeichnung.Text(2, 10), "Forderung");
   EXPECT_EQ(form.lvwBezeichnung.SelectedRow(), 1);
   EXPECT_EQ(world.host.Table(table::vv_Vertragsdefinitionen)->Oid(), std::to_string(type));
@@ -37,52 +36,8 @@ TEST_F(Opening, ListsReleasedTypesByNameAndChoosesTheFirst) {
   EXPECT_THAT(dialog.Items("cmbUser"), ElementsAre("Anna", "Bert"));
   dialog.Shows({{"lblVersion", "Version 1.2"}, {"cboVerantwortlich", "Anna"}, {"cmbUser", "Anna"}});
   EXPECT_EQ(world.module.gAlarmWochenKuendigung, 8);
-  EXPECT_EQ(world.module.gAlarmWochenEnde, 4);
   EXPECT_TRUE(world.module.gAppointment4AllContracts);
   EXPECT_TRUE(form.txtVertragnummer.Enabled()) << "a liability is numbered by hand";
-}
-
-TEST_F(Opening, ASettingThatIsNoBooleanIsNamedAndNothingIsShown) {
-  AddType(Quarterly());
-  world.Enter();
-  world.module.gDb->DbSettings().Add("CreateAppointment4AllContracts", "ja");
-  world.screen.ExpectMessage(Failure("D", "Typen unverträglich", "InitNew"));
-  EXPECT_FALSE(form.InitNew());
-}
-
-TEST_F(Opening, StartsWithTheDefaultStartAndItsInvoicePeriods) {
-  AddType(Quarterly({{field::VerlaengerungsZahlungsperiode, 3}}));
-  world.clock.Set(Day(14, 3, 2024));
-  Open();
-  EXPECT_EQ(Text(form.DTPVertragBeginn.Value()), "15.03.2024");
-  EXPECT_EQ(Text(form.DTPGeschlossenAm.Value()), "15.03.2024");
-  EXPECT_EQ(form.txtRabatt.Text(), "0,00");
-  EXPECT_THAT(dialog.Items("lstInvoices"),
-              ElementsAre("15.03.2024 - 14.06.2024", "15.06.2024 - 14.09.2024",
-                          "15.09.2024 - 14.12.2024", "15.12.2024 - 14.03.2025"));
-  EXPECT_FALSE(form.lstInvoices.Visible());
-  EXPECT_EQ(form.lstInvoices.BackColor(), 0x8000000Fu);
-  EXPECT_FALSE(form.txtVertragnummer.Enabled());
-  EXPECT_TRUE(form.ChkAutoNumber.Checked());
-  EXPECT_FALSE(form.lblDirty.Visible());
-}
-
-TEST_F(Opening, NeedsAReleasedType) {
-  const ui::Message none = Warning(
-      "Es muss mindestens ein freigegebener Vertragstyp definiert sein.\r\n"
-      "Legen Sie einen Vertragstyp an!");
-  world.screen.ExpectMessage(none);
-  EXPECT_FALSE(dialog.Open());
-  AddType(Quarterly({{field::Status, "in Bearbeitung"}}));
-  world.screen.ExpectMessage(none);
-  EXPECT_FALSE(Dialog(world).Open());
-}
-
-TEST_F(Opening, LetsTheDevelopmentUserConcludeContracts) {
-  AddType(Quarterly());
-  world.ChangeProfile([](store::Profile& profile) { profile.current_user = "DEVELOPMENT"; });
-  Open();
-  EXPECT_EQ(form.cboVerantwortlich.Text(), "DEVELOPMENT");
 }
 
 TEST(OpeningWithoutWorkflows, NeedsNoWorkflowTable) {
@@ -182,7 +137,6 @@ TEST_F(Choice, OfALiabilityLeavesOnlyATypedNumber) {
 
 TEST_F(Choice, FollowsTheTypeAndKeepsWhatTheUserEntered) {
   EXPECT_TRUE(form.chkNoBooking.Checked());
-  EXPECT_TRUE(form.chkRabattNurErsteLaufzeit.Enabled());
   dialog.Pick("DTPVertragBeginn", Day(1, 2, 2024));
   dialog.Pick("DTPGeschlossenAm", std::nullopt);
   dialog.Paste("txtMemo", "Notiz");
@@ -191,7 +145,6 @@ TEST_F(Choice, FollowsTheTypeAndKeepsWhatTheUserEntered) {
   dialog.Check("chkOldContract", true);
   dialog.Choose("lvwBezeichnung", "B Projekt");
   EXPECT_FALSE(form.chkNoBooking.Checked());
-  EXPECT_FALSE(form.chkRabattNurErsteLaufzeit.Enabled());
   EXPECT_FALSE(form.chkOldContract.Checked());
   EXPECT_THAT(dialog.Items("lstInvoices"),
               ElementsAre("01.02.2024 - 30.04.2024", "01.05.2024 - 31.07.2024"));

@@ -185,18 +185,15 @@ TEST(TakeoverRefused, StoresNothing) {
     const char* name;
     Values type;
     std::int32_t row;
-    std::int32_t alarm_weeks;
     std::optional<ui::Message> message;
-  } cases[] = {{"no period chosen", Quarterly(), -1, 4,
+  } cases[] = {{"no period chosen", Quarterly(), -1,
                 Plain("Wählen Sie den Zeitraum aus, der zuletzt fakturiert wurde")},
-               {"unknown kind", Unlimited({{field::Art, 4}}), 0, 4, std::nullopt},
+               {"unknown kind", Unlimited({{field::Art, 4}}), 0, std::nullopt},
                {"renewal beyond the calendar", Quarterly({{field::Verlaengerungsdauer, 100000}}), 3,
-                4, beyond_the_calendar},
-               {"alarm beyond the calendar", Once(), 0, 200000, beyond_the_calendar}};
+                beyond_the_calendar}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Conclusion road({c.type, Day(1, 1, 2023), c.row});
-    road.world.module.gAlarmWochenEnde = c.alarm_weeks;
     if (c.message) road.world.screen.ExpectMessage(*c.message);
     road.dialog.Click("cmdOK");
     EXPECT_TRUE(road.dialog.IsOpen());

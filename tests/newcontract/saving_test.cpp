@@ -138,20 +138,5 @@ TEST_F(NewContract, OfATypeDeletedMeanwhileIsRefusedInSilence) {
   EXPECT_EQ(world.Count(table::vv_Vertraege), 0u);
 }
 
-TEST_F(NewContract, BelongsToTheAddressThatIsCurrent) {
-  AddType(Quarterly());
-  Open();
-  Save();
-  world.Goto(table::Adressen, world.other_address);
-  Dialog second(world);
-  ASSERT_TRUE(second.form.InitNew());
-  second.form.BeginModal();
-  EXPECT_EQ(second.form.Caption(), "Neuer Vertrag für:   Beispiel AG");
-  second.Click("cmdOK");
-  const std::vector<Row> contracts = world.Rows(table::vv_Vertraege);
-  EXPECT_EQ(contracts.at(1).parent, world.other_address);
-  EXPECT_EQ(Shown(contracts.at(1)[field::Vertragnummer]), "00000002");
-}
-
 }  // namespace
 }  // namespace pactora::newcontract
