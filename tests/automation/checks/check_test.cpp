@@ -83,23 +83,17 @@ TEST(Check, NamesEachValueThatDoesNotFit) {
     const char* finding;
   };
   const Case cases[] = {
-      {"vv_Vertragsstaende", "Value", {}, "leeres Feld Value"},
       {"vv_Vertraege", "AktValue", {}, "ein leeres Feld AktValue"},
       {"vv_Vertraege", "Vertragnummer", {}, "keine Nummer"},
       {"vv_Vertragsstaende", "LaufzeitEndeStr", "20250227", "LaufzeitEndeStr"},
       {"vv_Vertraege", "ArtStr", "verlängerbar", "ArtStr „verlängerbar“"},
-      {"vv_Vertraege", "Typ", "X", "den Typ „X“"},
       {"vv_Vertraege", "AlarmOID", "x", "AlarmOID „x“ ist kein Termin dieses Vertrags"},
       {"vv_Vertraege", "AlarmOID", Damaged().AppointmentOfTheOther(), "kein Termin dieses"},
       {"vv_Vertraege", "VertragsDefinitionID", "T9", "VertragsDefinitionID „T9“ gibt es nicht"},
       {"vv_Vertragspositionen", "ArtikelID", "A9", "ArtikelID „A9“ gibt es nicht"},
       {"KELM_Nummern", "Nummer", "00000000", "steht auf „00000000“, vergeben ist schon 00000002"},
       {"Artikel", "Nettopreis", "x", "Artikel, Oid"},
-      {"KELM_Nummern", "Nummer", "V-12", "Nummer: der Zähler „V-12“ ist keine Zahl"},
       {"vv_Vertraege", "VertragEnde", platform::Date{2958466.0}, "VertragEnde: das Datum liegt"},
-      {"vv_Vertraege", "GeschlossenAm", platform::Date{-657435.0}, "GeschlossenAm: das Datum"},
-      {"vv_Vertraege", "AktValue", std::numeric_limits<double>::infinity(),
-       "AktValue: keine endliche Zahl"},
       {"vv_Vertraege", "AktValue", std::numeric_limits<double>::quiet_NaN(),
        "AktValue: keine endliche Zahl"},
       // A typed number counts where a counter could have given it.

@@ -69,17 +69,13 @@ TEST(ContractFile, FaultsNameTheirPlace) {
       {"", "Spalte 1: kein gültiges JSON (der Text endet zu früh)"},
       {Order("\"1\"") + "\n{\"address\": 1",
        "v.json, Zeile 2: Spalte 14: kein gültiges JSON (der Text endet zu früh)"},
-      {"[]", "Zeile 1: ein Objekt wird erwartet"},
-      {"{}", "Zeile 1: „address“ fehlt"},
       {R"({"address": "1", "contract": {}})", "Zeile 1: „articles“ fehlt"},
       {R"({"key": 5, )" + Order("\"1\"").substr(1), "Zeile 1: key: ein Text wird erwartet"},
       {R"({"key": "", )" + Order("\"1\"").substr(1), "key: ein Schlüssel ist nicht leer"},
       {R"({"address": "1", "x": 1})", "Zeile 1: unbekannter Schlüssel „x“"},
-      {Order("1"), "Zeile 1: address: eine Oid oder ein Objekt mit Feldern wird erwartet"},
       {Order("\"x\""), "Zeile 1: address: eine Oid wird erwartet, eine positive ganze Zahl"},
       {Order(R"({"Stadt": "X"})"), "Zeile 1: address.Stadt: kein Feld von Adressen"},
       {with(R"("dauer": 12)"), "Zeile 1: contract: unbekannter Schlüssel „dauer“"},
-      {with(R"("Bezeichnung": 5)"), "Zeile 1: contract.Bezeichnung: ein Text wird erwartet"},
       {with(R"("VertragBeginn": "1.3.2024")"), "contract.VertragBeginn: ein Datum wird erwartet"},
       {with(R"("Dauer": "12")"), "contract.Dauer: eine ganze Zahl wird erwartet"},
       {with("", R"({}, {"dblAnzahl": "2"})"), "articles[1].dblAnzahl: eine Zahl wird erwartet"},
@@ -200,20 +196,6 @@ TEST_F(ContractRuns, AnInterruptKeepsWhatIsFinishedAndARepetitionGoesOn) {
   EXPECT_THAT(
       CarryOut(orders),
       ElementsAre("übersprungen 00000001: ", "übersprungen 00000002: ", "angelegt 00000003: "));
-}
-
-TEST_F(ContractRuns, ADrawnNumberThatAnotherContractHasIsTold) {
-  ASSERT_THAT(CarryOut(Keyed("1")), ElementsAre("angelegt 00000001: "));
-  const store::TableId table = store->Catalog().Table("vv_Vertraege");
-  const schema::Table& schema = store->Catalog().tables[table];
-  store::Record row;
-  ASSERT_TRUE(store->NextInParent(table, 1, 0, row));
-  row.cells[schema.FindField("Vertragnummer").value()] = std::string("00000002");
-  row.keys = store::MakeKeys(store->Catalog(), table, row.cells, nullptr);
-  ASSERT_TRUE(store->Update(table, row));
-  store->Commit();
-  EXPECT_THAT(CarryOut(Keyed("2")),
-              ElementsAre(std::string("angelegt 00000002: ") + bulk::kNumberTaken));
 }
 
 TEST_F(ContractRuns, AFailureOfTheDatabaseClaimsNothingOfItsGroup) {

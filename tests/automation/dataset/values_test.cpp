@@ -9,14 +9,6 @@
 namespace pactora::dataset {
 namespace {
 
-TEST(Oids, AreCanonicalPositiveNumbers) {
-  EXPECT_EQ(store::ParseOid("1"), 1);
-  EXPECT_EQ(store::ParseOid("9007199254740991"), store::kLargestOid);
-  for (const char* text : {"", "0", "-1", "+1", "01", " 1", "1 ", "1.0", "x", "9007199254740992",
-                           "99999999999999999999"})
-    EXPECT_FALSE(store::ParseOid(text)) << text;
-}
-
 TEST(ErrorNumbers, AreHexadecimalTexts) {
   EXPECT_EQ(formats::ErrorNumberText(-2147201023), "0x80045001");
   EXPECT_EQ(formats::ErrorNumberText(5), "0x5");

@@ -40,12 +40,6 @@ TEST(Lists, RowsHaveWhatStandsAboveThemAndComeByDate) {
   EXPECT_THAT(Lines(Addresses(), due, Codes::AsStored, 3), ElementsAre());
 }
 
-TEST(Lists, CodesAreWordsForPeople) {
-  const List list = ListOf(Types(), {"Typ", "Zahlungsperiode"});
-  EXPECT_THAT(Lines(list, {}, Codes::AsStored), ElementsAre("D|3|"));
-  EXPECT_THAT(Lines(list, {}, Codes::InWords), ElementsAre("Forderung|vierteljährlich|"));
-}
-
 TEST(Lists, DeadlinesAreThoseFromTodayOnAndANoticeNamesItsSafeDay) {
   const List list = ListOf(Deadlines(), {"Frist", "Vertragnummer", "Datum", "Zugang", "Typ"});
   EXPECT_THAT(Lines(list, FromCivil(2024, 5, 1), Codes::InWords),

@@ -40,32 +40,22 @@ TEST(Script, ABadStepIsRefusedNamingStepAndKey) {
   const std::pair<const char*, const char*> cases[] = {
       // step, message
       {"1", "[1]: ein Objekt wird erwartet"},
-      {"{}", "[1]: ein Schritt wird erwartet"},
       {R"({"jump": 1})", "[1]: unbekannter Schlüssel „jump“"},
       {R"({"goto": "Adressen"})", "[1]: genau eines von where, oid und none wird erwartet"},
-      {R"({"goto": "Adressen", "oid": "1", "none": true})",
-       "[1]: genau eines von where, oid und none wird erwartet"},
       {R"({"goto": "Kunden", "oid": "1"})", "[1].goto: die Tabelle „Kunden“ gibt es nicht"},
       {R"({"goto": "Adressen", "where": {"Ort": "X"}})", "[1].where.Ort: kein Feld von Adressen"},
       {R"({"goto": "Adressen", "where": {"Name": 7}})", "[1].where.Name: ein Text wird erwartet"},
-      {R"({"goto": "Adressen", "where": {}})", "[1].where: mindestens ein Feld wird erwartet"},
       {R"({"goto": "Adressen", "none": false})", "[1].none: nur true ist möglich"},
       {R"({"call": "newcontract"})", "[1].call: die Operation „newcontract“ gibt es nicht"},
       {R"({"call": "DLLVersion", "pbNew": true})", "[1]: unbekannter Schlüssel „pbNew“"},
-      {R"({"call": "NewContractDebitor", "contract": {"Preis": 1}})",
-       "[1].contract: unbekannter Schlüssel „Preis“"},
       {R"({"call": "NewContractDebitor", "without": ["Preis"]})",
        "[1].without[0]: die Eigenschaft „Preis“ gibt es nicht"},
       {R"({"call": "NewContract", "do": [{"klick": "cmdOK"}]})",
        "[1].do[0]: unbekannter Schlüssel „klick“"},
-      {R"({"persistVar": "x"})", "[1]: „value“ fehlt"},
       {R"({"fault": {"op": "StoreNew"}})", "[1].fault: „number“ fehlt"},
       {R"({"fault": {"op": "StoreNow", "number": "0x5"}})",
        "[1].fault.op: die Operation „StoreNow“ gibt es nicht"},
       {R"({"fault": {"op": "StoreNew", "nth": 0, "number": "0x5"}})", "[1].fault.nth: zählt ab 1"},
-      {R"({"fault": {"op": "Store", "table": "X", "number": "0x5"}})",
-       "[1].fault.table: die Tabelle „X“ gibt es nicht"},
-      {R"({"dump": []})", "[1].dump: true oder eine Liste von Tabellen wird erwartet"},
       {R"({"dump": ["Adressen", "X"]})", "[1].dump[1]: die Tabelle „X“ gibt es nicht"},
   };
   for (const auto& [step, message] : cases) {
@@ -76,7 +66,6 @@ TEST(Script, ABadStepIsRefusedNamingStepAndKey) {
     EXPECT_EQ(error->Number(), Number(formats::DoorError::BadInput)) << step;
   }
   for (const char* bad : {"{}", R"({"steps": {}})", R"({"steps": [], "heute": "2024-03-15"})",
-                          R"({"steps": [], "today": "15.03.2024"})", R"({"steps": [], "today": 0})",
                           R"({"steps": [], "today": "2024-03-15T09:00:00"})"})
     EXPECT_TRUE(ErrorOf([&] { ReadText(bad); })) << bad;
 }
@@ -112,20 +101,6 @@ const std::string kCall = std::string(R"({"call": "NewContractDebitor", )") + kR
 const std::string kCallEvent = R"({"event":"call","name":"NewContractDebitor"})";
 const std::string kReturnEvent = R"({"event":"return","name":"NewContractDebitor"})";
 
-TEST(ScriptRun, AContractFromRecordsBelongsToTheAddressGoneTo) {
-  const Ran ran = RunSteps(kGoto + kCall + R"({"dump": true})");
-  EXPECT_THAT(ran.result.problems, IsEmpty());
-  EXPECT_EQ(ran.events.at(0), kCallEvent);
-  EXPECT_EQ(ran.events.at(1), kReturnEvent);
-  const formats::Json addresses = ran.Rows("Adressen");
-  EXPECT_FALSE(addresses[0].contains("vv_Vertraege"));
-  const formats::Json contract = addresses[1]["vv_Vertraege"][0];
-  EXPECT_EQ(contract["Vertragnummer"], "00000001");
-  EXPECT_EQ(contract["AktValue"], 20);
-  EXPECT_EQ(contract["vv_Vertragsstaende"][0]["vv_Vertragspositionen"][0]["Row"], "001");
-  EXPECT_EQ(contract["vv_VertragsAktivitaeten"][0]["Datum"], "2025-01-31T09:00:00");
-}
-
 TEST(ScriptRun, AtTheStartNoTableHasACurrentRow) {
   const Ran ran = RunSteps(kCall + kGoto + R"({"goto": "Adressen", "none": true}, )" + kCall +
                            R"({"call": "DLLVersion"})");
@@ -141,18 +116,12 @@ TEST(ScriptRun, AtTheStartNoTableHasACurrentRow) {
                           "steps[3]: Fehler 0x8004500A: Keine Adresse ausgewählt!"));
 }
 
-TEST(ScriptRun, ARecordThatLacksAPropertyEndsInAMessage) {
+TEST(ScriptRun, ARecordThatLacksAPropertyEndsInAMessageWhichIsNoFailure) {
   const Ran ran = RunSteps(kGoto +
                            R"({"call": "NewContractDebitor", "contract": {},
-                          "without": ["Auftragsnummer"]}, {"dump": ["vv_Vertraege"]})");
-  ASSERT_EQ(ran.events.size(), 4u);
-  EXPECT_THAT(
-      ran.events[1],
-      testing::AllOf(HasSubstr(R"("event":"message")"), HasSubstr("unterstützt diese Eigenschaft"),
-                     HasSubstr(R"("title":"Fehler in CVV.NewContractDebitor")")));
-  EXPECT_EQ(ran.events[2], kReturnEvent);
-  EXPECT_THAT(ran.Rows("vv_Vertraege"), IsEmpty());
-  EXPECT_THAT(ran.result.problems, IsEmpty()) << "messages alone are no failure";
+                          "without": ["Auftragsnummer"]})");
+  EXPECT_THAT(ran.events.at(1), HasSubstr("unterstützt diese Eigenschaft"));
+  EXPECT_THAT(ran.result.problems, IsEmpty());
 }
 
 TEST(ScriptRun, AFaultComesAtTheNthCallOnThatTableOnce) {
