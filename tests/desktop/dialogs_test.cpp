@@ -138,25 +138,6 @@ TEST_F(DialogsByEvents, TheAccessKeyOfALabelGoesToItsBox) {
   RunSteps(steps, [&] { office.NewContract(); });
 }
 
-TEST_F(DialogsByEvents, ThreeDialogsOnTopOfEachOther) {
-  In("frmNewContract", [](auto& user) {
-    user.Choose("lvwBezeichnung", "Wartung");
-    user.Click("cmdDetails");
-    user.Click("cmdOK");
-  });
-  In("frmFEditDefinitions", [](auto& user) {
-    user.ChooseRow("lvwPositionen", 1);
-    user.Click("cmdEditPos");
-    user.Click("cmdSave");
-  });
-  In("frmFEditDefPositions", [](auto& user) {
-    user.Retype("txtAnzahl", "5");
-    user.Click("cmdOk");
-  });
-  Call(&Office::NewContract);
-  EXPECT_TRUE(office.saved);
-}
-
 // Opened, changed, cancelled and saved over and over: nothing piles up. Under the sanitizers
 // it shows leaks, in fewer cycles.
 TEST_F(DialogsByEvents, OverAndOver) {

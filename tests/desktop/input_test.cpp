@@ -19,8 +19,7 @@ TEST(TypedDate, IsReadAsPeopleWriteIt) {
       {"31.12.9999", {"31.12.9999"}},
       {"",
        {"29.2.23", "31.4.24", "0.1.24", "1.13.24", "1.1.124", "1..24", "1.1.24.5", "heute", "", ".",
-        "5", "1.1.20244", "99999999999", "-1.1.24"}},
-  };
+        "5", "1.1.20244", "99999999999", "-1.1.24"}}};
   for (const auto& [read, texts] : cases) {
     for (const char* typed : texts) {
       const auto date = ReadTypedDate(typed, platform::FromCivil(2020, 5, 17));
@@ -38,8 +37,7 @@ TEST(AccessKeys, AreDifferentTheFirstTextsChooseFirstAndMakeRoomForOneThatHasNoO
       {{"", "Dauer"}, " d"},
       {{"Ab", "A"}, "ba"},
       {{"Ab", "Bc", "A"}, "bca"},
-      {{"A", "A"}, "a "},
-  };
+      {{"A", "A"}, "a "}};
   for (const auto& [texts, keys] : cases) {
     std::string chosen;
     for (const QChar key : ChooseAccessKeys(texts))

