@@ -27,6 +27,24 @@ inline void WriteBytes(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
+// What a person with an SQL tool does.
+inline void RunSql(const std::string& path, const std::string& sql) {
+  sqlite::Connection connection(path, sqlite::Access::ReadWrite, std::chrono::seconds(20));
+  connection.Run(sql);
+}
+
+// Makes a file of today into one as version 1 left it.
+inline void MakeVersion1(const std::string& path) {
+  RunSql(path, R"sql(
+DROP VIEW "Vertragsschluessel_lesbar";
+DROP TABLE "Vertragsschluessel";
+DROP INDEX "vv_Vertraege_key_Vertragnummer";
+ALTER TABLE "vv_Vertraege" DROP COLUMN "key_Vertragnummer";
+ALTER TABLE "Adressen" DROP COLUMN "Nummer";
+ALTER TABLE "Adressen" DROP COLUMN "Anschrift";
+PRAGMA user_version = 1;)sql");
+}
+
 class SqliteFile : public testing::Test {
  protected:
   support::TemporaryFolder folder_;
@@ -51,11 +69,7 @@ class SqliteFile : public testing::Test {
     return store.Count(TableOf(store, schema::table::Adressen));
   }
 
-  // What a person with an SQL tool does.
-  void RunSql(const std::string& sql) {
-    sqlite::Connection connection(path_, sqlite::Access::ReadWrite, std::chrono::seconds(20));
-    connection.Run(sql);
-  }
+  void RunSql(const std::string& sql) { store::RunSql(path_, sql); }
   // The first column of the first row.
   std::string Query(const std::string& sql) {
     const sqlite::Connection connection(path_, sqlite::Access::ReadOnly, std::chrono::seconds(20));

@@ -1,12 +1,4 @@
-// Files of the structure before this one: what they hold is kept, and they are
-// migrated whole or not at all.
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <random>
-#include <thread>
-
+// Files of the structure before this one: what they hold is kept.
 #include "store/SqliteFile.h"
 
 namespace pactora::store {
@@ -28,14 +20,7 @@ class SqliteMigration : public SqliteFile {
                     {{field::Vertragnummer, "ä" + std::to_string(i)}}, {"Ä" + std::to_string(i)});
       store->Commit();
     }
-    RunSql(R"sql(
-DROP VIEW "Vertragsschluessel_lesbar";
-DROP TABLE "Vertragsschluessel";
-DROP INDEX "vv_Vertraege_key_Vertragnummer";
-ALTER TABLE "vv_Vertraege" DROP COLUMN "key_Vertragnummer";
-ALTER TABLE "Adressen" DROP COLUMN "Nummer";
-ALTER TABLE "Adressen" DROP COLUMN "Anschrift";
-PRAGMA user_version = 1;)sql");
+    MakeVersion1(path_);
   }
   // Tables with the names and types of their columns, indexes and views with theirs.
   std::string Structure() {
@@ -44,7 +29,6 @@ PRAGMA user_version = 1;)sql");
         "AS line FROM sqlite_schema t, pragma_table_info(t.name) c UNION "
         "SELECT i.type || ' ' || i.name || ' ' || i.tbl_name FROM sqlite_schema i ORDER BY 1)");
   }
-  std::string Version() { return Query("SELECT user_version FROM pragma_user_version"); }
 
   // The contract of that number, found by its index.
   static Oid FindContract(RecordStore& store, const std::string& key) {
@@ -108,36 +92,6 @@ TEST_F(SqliteMigration, AnEarlierFileWithFaultsOrOthersTriggersStaysAsItIs) {
   EXPECT_EQ(CheckSqlite(path_).faults,
             std::vector<std::string>{"der Index „Adressen_order“ fehlt"});
   EXPECT_EQ(BytesOf(path_), before);
-}
-
-TEST_F(SqliteMigration, KilledAtAnyMomentItIsWholeOrNotBegun) {
-  constexpr int kContracts = 3000;
-  std::mt19937 random(20261124);
-  CreateVersion1(kContracts);
-  const std::string earlier = BytesOf(path_);
-  int begun = 0;
-  for (int round = 0; round < 20; ++round) {
-    WriteBytes(path_, earlier);
-    std::filesystem::remove(path_ + "-journal");
-    const pid_t child = fork();
-    if (child == 0) {
-      Open();
-      _exit(0);
-    }
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % 60000));
-    kill(child, SIGKILL);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (WIFSIGNALED(status) && std::filesystem::exists(path_ + "-journal")) ++begun;
-    OpenOptions options;
-    bool migrated = false;
-    options.on_migrated = [&] { migrated = true; };
-    const auto store = OpenSqlite(path_, options);
-    EXPECT_EQ(Version(), "2");
-    EXPECT_NE(FindContract(*store, "Ä" + std::to_string(kContracts)), 0);
-    EXPECT_TRUE(migrated || WIFEXITED(status) || BytesOf(path_) != earlier);
-  }
-  EXPECT_GT(begun, 0) << "no kill hit a migration";
 }
 
 }  // namespace

@@ -1,110 +1,77 @@
-// Files that fail: while one lives, every SQLite file is reached through a layer that
-// counts its writes, syncs and truncations and makes one of them fail as the system's
-// would.
+// Files that fail: while one lives, every SQLite file is reached through a layer in which
+// calls of the system fail, writes are cut short and power cuts lose what was not synced.
+// Syncs are not waited for.
 #pragma once
 
 #include <sqlite3.h>
 
 #include <cstddef>
-#include <utility>
+#include <map>
+#include <optional>
+#include <random>
+#include <string>
+#include <vector>
 
 namespace pactora::support {
 
 class FailingFiles {
  public:
-  enum class Call { Write, Sync, Truncate };
+  enum Call : unsigned {
+    kOpen = 1,
+    kLock = 2,
+    kWrite = 4,
+    kSync = 8,
+    kTruncate = 16,
+    kDelete = 32,
+    kChanges = kOpen | kWrite | kSync | kTruncate | kDelete
+  };
+  struct Fault {
+    unsigned calls = 0;       // those that are counted, and that fail
+    bool goes_on = false;     // fails once, or from there on
+    bool shortens = false;    // a write is carried out by half, as the disk is full
+    bool cuts_power = false;  // in the end
+  };
 
-  FailingFiles() {
-    sqlite3_initialize();
-    instance_ = this;
-    plain_ = sqlite3_vfs_find(nullptr);
-    layer_ = *plain_;
-    layer_.zName = "pactora-failing";
-    layer_.szOsFile = static_cast<int>(sizeof(File)) + plain_->szOsFile;
-    layer_.xOpen = Open;
-    sqlite3_vfs_register(&layer_, 1);
-  }
+  FailingFiles();
   // All databases that were opened meanwhile must be closed.
-  ~FailingFiles() {
-    sqlite3_vfs_register(plain_, 1);
-    sqlite3_vfs_unregister(&layer_);
-    instance_ = nullptr;
-  }
+  ~FailingFiles();
   FailingFiles(const FailingFiles&) = delete;
   FailingFiles& operator=(const FailingFiles&) = delete;
 
-  // The nth of these calls from now on, counted from 1, fails once.
-  void Fail(Call call, std::size_t nth) {
-    call_ = call;
-    left_ = nth;
-  }
-  // From now on none fails. Returns whether one has.
-  bool Stop() { return std::exchange(left_, 0) == 0; }
+  // The nth of the fault's calls from now on, counted from 1, fails. The seed decides what a
+  // power cut leaves.
+  void Fail(const Fault& fault, std::size_t nth, unsigned seed = 0);
+  // From now on none fails. Cuts the power where the fault says so; all databases must be
+  // closed then. Returns whether a call has failed.
+  bool Stop();
 
  private:
-  struct File {
-    sqlite3_file base;
-    sqlite3_file* Plain() { return reinterpret_cast<sqlite3_file*>(this + 1); }
+  struct Change {
+    Call what;  // kOpen makes the file where there is none
+    std::size_t at = 0;
+    std::string bytes = {};
   };
-  static sqlite3_file* Plain(sqlite3_file* file) { return reinterpret_cast<File*>(file)->Plain(); }
+  // A file under a power cut: what is on the disk for certain, and what came after.
+  struct Unsynced {
+    std::optional<std::string> kept;
+    std::vector<Change> changes = {};
+  };
+  struct Methods;
 
-  bool FailsNow(Call call) { return call == call_ && left_ > 0 && --left_ == 0; }
+  bool FailsNow(Call call);
+  void Note(const char* name, Change change);
+  void NoteSync(const char* name);
+  Unsynced& FileOf(const char* name);
+  static void Carry(const Change& change, std::optional<std::string>& file);
+  void CutPower();
 
-  static int Open(sqlite3_vfs*, sqlite3_filename name, sqlite3_file* file, int flags, int* out) {
-    file->pMethods = nullptr;
-    sqlite3_file* const plain = Plain(file);
-    const int code = instance_->plain_->xOpen(instance_->plain_, name, plain, flags, out);
-    if (code == SQLITE_OK || plain->pMethods != nullptr) file->pMethods = &kMethods;
-    return code;
-  }
-  static int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 at) {
-    if (instance_->FailsNow(Call::Write)) return SQLITE_IOERR_WRITE;
-    return Plain(file)->pMethods->xWrite(Plain(file), data, size, at);
-  }
-  static int Truncate(sqlite3_file* file, sqlite3_int64 size) {
-    if (instance_->FailsNow(Call::Truncate)) return SQLITE_IOERR_TRUNCATE;
-    return Plain(file)->pMethods->xTruncate(Plain(file), size);
-  }
-  static int Sync(sqlite3_file* file, int flags) {
-    if (instance_->FailsNow(Call::Sync)) return SQLITE_IOERR_FSYNC;
-    return Plain(file)->pMethods->xSync(Plain(file), flags);
-  }
-
-  // The rest is handed on. Without memory maps and shared memory: version 1.
-  static constexpr sqlite3_io_methods kMethods = {
-      1,
-      [](sqlite3_file* f) { return Plain(f)->pMethods->xClose(Plain(f)); },
-      [](sqlite3_file* f, void* data, int size, sqlite3_int64 at) {
-        return Plain(f)->pMethods->xRead(Plain(f), data, size, at);
-      },
-      Write,
-      Truncate,
-      Sync,
-      [](sqlite3_file* f, sqlite3_int64* size) {
-        return Plain(f)->pMethods->xFileSize(Plain(f), size);
-      },
-      [](sqlite3_file* f, int lock) { return Plain(f)->pMethods->xLock(Plain(f), lock); },
-      [](sqlite3_file* f, int lock) { return Plain(f)->pMethods->xUnlock(Plain(f), lock); },
-      [](sqlite3_file* f, int* held) {
-        return Plain(f)->pMethods->xCheckReservedLock(Plain(f), held);
-      },
-      [](sqlite3_file* f, int operation, void* argument) {
-        return Plain(f)->pMethods->xFileControl(Plain(f), operation, argument);
-      },
-      [](sqlite3_file* f) { return Plain(f)->pMethods->xSectorSize(Plain(f)); },
-      [](sqlite3_file* f) { return Plain(f)->pMethods->xDeviceCharacteristics(Plain(f)); },
-      nullptr,
-      nullptr,
-      nullptr,
-      nullptr,
-      nullptr,
-      nullptr};
-
-  static inline FailingFiles* instance_ = nullptr;
   sqlite3_vfs* plain_ = nullptr;
   sqlite3_vfs layer_{};
-  Call call_ = Call::Sync;
-  std::size_t left_ = 0;
+  Fault fault_;
+  std::size_t nth_ = 0;  // 0: none fails
+  std::size_t seen_ = 0;
+  std::mt19937 random_;
+  std::map<std::string, Unsynced> unsynced_;
 };
 
 }  // namespace pactora::support

@@ -14,16 +14,11 @@
 #include "automation/formats/errors.h"
 #include "automation/takeover/job.h"
 #include "schema/names.h"
-#include "store/errors.h"
-#include "support/FailingFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/contract_world.h"
-#include "support/error_of.h"
 
 namespace pactora::takeover {
 namespace {
-
-using support::ErrorOf;
 
 struct TakeoverJobs : testing::Test {
   TakeoverJobs() {
@@ -103,36 +98,6 @@ TEST_F(TakeoverJobs, AnEarlierReleaseIsBelievedAsFarAsItsContractsAreThere) {
   EXPECT_THAT(Contents(report), testing::HasSubstr("6;4;übersprungen;00000002;;\n"));
   Run("a.csv", [] {});
   EXPECT_EQ(CountContracts(), before + 3);
-}
-
-// Whatever call of the system fails: the next run finds out what holds.
-TEST_F(TakeoverJobs, AFailedWriteOrSyncLosesAndDoublesNothing) {
-  using support::FailingFiles;
-  const std::int64_t before = CountContracts();
-  const std::string sound = folder.File("vorher.db");
-  std::filesystem::copy(db, sound);
-  FailingFiles files;
-  int uncertain = 0;
-  for (const auto call :
-       {FailingFiles::Call::Write, FailingFiles::Call::Sync, FailingFiles::Call::Truncate}) {
-    bool failed = true;
-    for (std::size_t nth = 1; failed; ++nth) {
-      std::filesystem::copy(sound, db, std::filesystem::copy_options::overwrite_existing);
-      files.Fail(call, nth);
-      Job job({db, folder.File("liste.csv"), folder.File("a.csv")});
-      const auto error = ErrorOf([&] { job.CarryOut(clock, [] {}); });
-      failed = files.Stop();
-      if (error && error->Number() == Number(store::StoreError::Uncertain)) {
-        ++uncertain;
-        EXPECT_THAT(error->Description(), testing::HasSubstr("Betroffen sind die 5 Verträge"));
-        EXPECT_TRUE(job.Lines().empty());
-      }
-      EXPECT_GE(CountContracts(), before + std::ssize(job.Lines()));
-      Run("a.csv", [] {});
-      ASSERT_EQ(CountContracts(), before + kLines) << "call " << nth;
-    }
-  }
-  EXPECT_GT(uncertain, 0);
 }
 
 TEST_F(TakeoverJobs, AnAddressOrTypeIsNotGuessed) {

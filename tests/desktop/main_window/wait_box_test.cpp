@@ -111,7 +111,7 @@ TEST_F(UncertainTest, ASaveIsNeitherClaimedNorDeniedAndTheDatabaseOpenedAnew) {
   steps.Add("frmNewContract", [&](QWidget& dialog) {
     WindowUser user(dialog);
     user.ClickRow("lvwBezeichnung", 1);
-    files.Fail(support::FailingFiles::Call::Sync, 1);
+    files.Fail({support::FailingFiles::kSync}, 1);
     user.Click("cmdOK");
   });
   // The add-on's message, and the window's.
