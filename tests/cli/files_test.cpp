@@ -47,6 +47,17 @@ TEST_F(Files, AWrittenFileStaysWhereItWasAndWhoseItWas) {
   ::close(end);
 }
 
+TEST_F(Files, ADatabaseIsNotMadeThroughALinkThatLeadsNowhere) {
+  const std::string dangling = folder.File("verweis.db");
+  std::filesystem::create_symlink("nirgends.db", dangling);
+  for (const auto& call : {std::vector<std::string>{"init", dangling}, {"import", dangling, "-"}}) {
+    const Ended ended = Run(call, support::kCompany);
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.error, "pactora: " + dangling + ": der Verweis führt zu keiner Datei\n");
+    EXPECT_TRUE(std::filesystem::is_symlink(dangling));
+  }
+}
+
 TEST_F(Files, ADamagedDatabaseIsNotExportedAsIfItWereWhole) {
   {
     store::sqlite::Connection tool(db, store::sqlite::Access::ReadWrite, std::chrono::seconds(20));

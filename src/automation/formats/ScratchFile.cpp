@@ -1,12 +1,15 @@
 #include "automation/formats/ScratchFile.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <charconv>
 #include <filesystem>
+#include <random>
 #include <system_error>
 #include <utility>
 
@@ -19,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* kMark = ".pactora-neu-";  // and the number of the process
+constexpr const char* kMark = ".pactora-neu-";  // the number of the process, and a drawn one
 
 void RemoveLeftovers(const std::string& target) {
   const fs::path path = fs::absolute(target);
@@ -39,11 +42,29 @@ void RemoveLeftovers(const std::string& target) {
   }
 }
 
+// Makes the name safe from a power cut, as far as its folder may be read and its file system
+// can do that. Returns whether that succeeded.
+bool SyncFolder(const std::string& path) {
+  const std::string folder = fs::absolute(path).parent_path().string();
+  const int file = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (file < 0) return true;
+  const bool synced = ::fsync(file) == 0 || errno == EINVAL;
+  return ::close(file) == 0 && synced;
+}
+
+bool MakeAlone(const std::string& path) {
+  const mode_t usual = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, usual);
+  return file >= 0 && ::close(file) == 0;
+}
+
 }  // namespace
 
-ScratchFile::ScratchFile(std::string target)
-    : target_(std::move(target)), path_(fmt::format("{}{}{}", target_, kMark, ::getpid())) {
+ScratchFile::ScratchFile(std::string target) : target_(std::move(target)) {
   RemoveLeftovers(target_);
+  std::random_device random;
+  path_ = fmt::format("{}{}{}-{:08x}{:08x}", target_, kMark, ::getpid(), random(), random());
+  if (!MakeAlone(path_)) RaiseUnwritable(target_);
 }
 
 ScratchFile::~ScratchFile() {
@@ -55,16 +76,15 @@ ScratchFile::~ScratchFile() {
 bool ScratchFile::ReplaceTarget() const {
   std::error_code failure;
   fs::rename(path_, target_, failure);
-  return !failure;
+  return !failure && SyncFolder(target_);
 }
 
 void ScratchFile::BecomeTarget() const {
   std::error_code failure;
   fs::create_hard_link(path_, target_, failure);
-  if (!failure) return;
-  // The file system has no links, or the name is taken.
-  if (fs::exists(target_)) RaiseTaken(target_);
-  if (!ReplaceTarget())
+  if (failure && fs::exists(fs::symlink_status(target_))) RaiseTaken(target_);
+  // Where the file system has no links, it is moved there.
+  if (failure ? !ReplaceTarget() : !SyncFolder(target_))
     Raise(DoorError::NotCarriedOut,
           fmt::format("{}: die Datei kann nicht angelegt werden", target_));
 }

@@ -7,8 +7,9 @@ namespace pactora::formats {
 
 class ScratchFile {
  public:
-  // Chooses a free name, without making a file, and removes unfinished files that
-  // killed programs left beside the target.
+  // Makes an empty file that nobody else has made, under a name that nobody can guess, and
+  // removes unfinished files that killed programs left beside the target. Raises
+  // DoorError::NotCarriedOut when none can be made there.
   explicit ScratchFile(std::string target);
   // Removes the file, and a database's journal beside it, unless it was moved.
   ~ScratchFile();
@@ -17,10 +18,11 @@ class ScratchFile {
 
   const std::string& Path() const { return path_; }
 
-  // Replaces the target with the file in one step. Returns whether that succeeded.
+  // Replaces the target with the file in one step, safe from a power cut. Returns whether
+  // that succeeded.
   bool ReplaceTarget() const;
-  // Gives the file the target's name. Raises DoorError::BadInput when there is a file
-  // of that name by now, NotCarriedOut when it can't be done.
+  // Gives the file the target's name, safe from a power cut. Raises DoorError::BadInput when
+  // there is a file of that name by now, NotCarriedOut when it can't be done.
   void BecomeTarget() const;
 
  private:

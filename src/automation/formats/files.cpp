@@ -32,20 +32,13 @@ std::string Followed(const std::string& path) {
   return file.string();
 }
 
-// Makes the file with the permissions and, where that is allowed, the owner of the
-// one that it replaces; with the usual ones where there is none.
-bool Make(const std::string& path, const struct stat* replaced) {
+// Gives the file the permissions and, where that is allowed, the owner of the one that it
+// replaces.
+bool Adopt(const std::string& path, const struct stat& replaced) {
   constexpr mode_t kPermissions = 07777;
-  const mode_t usual = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
-  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, usual);
-  if (file < 0) return false;
-  bool made = true;
-  if (replaced != nullptr) {
-    // Where this user may not set the owner, the new file is this user's.
-    static_cast<void>(::fchown(file, replaced->st_uid, replaced->st_gid) == 0);
-    made = ::fchmod(file, replaced->st_mode & kPermissions) == 0;
-  }
-  return ::close(file) == 0 && made;
+  // Where this user may not set the owner, the file stays this user's.
+  static_cast<void>(::chown(path.c_str(), replaced.st_uid, replaced.st_gid) == 0);
+  return ::chmod(path.c_str(), replaced.st_mode & kPermissions) == 0;
 }
 
 // Makes what was written to the file safe from a power cut.
@@ -77,7 +70,7 @@ void ReplaceFile(const std::string& path, const std::function<void(std::ostream&
     return;
   }
   const ScratchFile beside(Followed(path));
-  if (!Make(beside.Path(), exists ? &now : nullptr) || !Write(beside.Path(), fill) ||
+  if ((exists && !Adopt(beside.Path(), now)) || !Write(beside.Path(), fill) ||
       !Sync(beside.Path()) || !beside.ReplaceTarget())
     RaiseUnwritable(path);
 }

@@ -106,6 +106,8 @@ void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited)) {
 void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,
                   Access access, const std::function<void(store::RecordStore&)>& fill) {
   if (DatabaseExists(name)) formats::RaiseTaken(name);
+  if (std::error_code ignored; fs::is_symlink(name, ignored))
+    formats::Raise(formats::DoorError::BadInput, name + ": der Verweis führt zu keiner Datei");
   const schema::Catalog catalog = schema::ContractCatalog(workflow_add_on);
   if (name == kMemoryName || access == Access::Rehearsal) {
     fill(*store::CreateMemoryStore(catalog, profile));

@@ -49,7 +49,8 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
 
 // Makes a database beside its place, calls fill and then moves it there: a failure
 // leaves nothing behind. A rehearsal makes no file.
-// Raises DoorError::BadInput where the name is taken, and what fill raises.
+// Raises DoorError::BadInput where the name is taken, also by a link that leads nowhere, and
+// what fill raises.
 void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,
                   Access access, const std::function<void(store::RecordStore&)>& fill);
 
