@@ -1,4 +1,4 @@
-// Several processes on one database, and processes that die.
+// Processes that die, and those that are interrupted.
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,11 +17,7 @@
 #include <thread>
 #include <vector>
 
-#include "automation/checks/check.h"
-#include "automation/workspace/database.h"
 #include "cli/ProgramTest.h"
-#include "schema/names.h"
-#include "store/rows.h"
 #include "store/sqlite/Connection.h"
 
 namespace pactora::cli {
@@ -64,49 +60,6 @@ class Processes : public ProgramTest {
   }
 };
 
-TEST_F(Processes, ThatDrawNumbersAtOnceGetEachNumberOnceAndNoneIsRefused) {
-  constexpr int kEach = 25;
-  Child first(folder, {"new-contract", db, "-"}, Orders(kEach));
-  Child second(folder, {"new-contract", db, "-"}, Orders(kEach));
-  const Ended one = first.Wait();
-  const Ended two = second.Wait();
-  EXPECT_EQ(one.status, 0) << one.error;
-  EXPECT_EQ(two.status, 0) << two.error;
-  const auto numbers = Numbers();
-  EXPECT_EQ(numbers.size(), 2u * kEach);
-  EXPECT_EQ(*numbers.begin(), "00000001");
-  EXPECT_EQ(*numbers.rbegin(), "00000050");
-  ExpectSound();
-}
-
-TEST_F(Processes, ACheckFindsNothingWrongWithWhatOthersSaveMeanwhile) {
-  ASSERT_EQ(Run({"new-contract", db, "-"}, Orders(2)).status, 0);
-  const auto writer = workspace::OpenDatabase(db, workspace::Access::Write);
-  const store::TableId addresses = writer->Catalog().Table(schema::table::Adressen);
-  const store::TableId contracts = writer->Catalog().Table(schema::table::vv_Vertraege);
-  const auto insert = [&](store::TableId table, store::Oid parent) {
-    store::Record record;
-    record.parent = parent;
-    record.cells.resize(writer->Catalog().tables[table].fields.size());
-    store::InsertRow(*writer, table, record, nullptr);
-    return record.oid;
-  };
-  const workspace::StorageCheck storage = workspace::CheckStorage(db);
-  EXPECT_THAT(storage.faults, testing::IsEmpty());
-  std::vector<std::string> findings;
-  std::size_t saved = 0;
-  checks::CheckDatabase(
-      *storage.store, [&](const std::string& text) { findings.push_back(text); },
-      [&] {
-        if (++saved > 50) return;
-        insert(contracts, insert(addresses, 0));
-        insert(contracts, 1);
-        writer->Commit();
-      });
-  EXPECT_GT(saved, 0u);
-  EXPECT_THAT(findings, testing::IsEmpty());
-}
-
 // The numbers of the contracts that the program says it has made.
 std::set<std::string> Announced(const std::string& out) {
   std::set<std::string> numbers;
@@ -148,18 +101,6 @@ TEST_F(Processes, ThatAreKilledAndRepeatedMakeEachKeyedContractOnce) {
   EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 2001);
   EXPECT_EQ(Run({"new-contract", db, "-"}, Orders(1)).status, 0);
   EXPECT_EQ(Numbers().size(), 2001u) << "the counter is ahead";
-}
-
-TEST_F(Processes, ThatEnterTheSameKeysAtOnceMakeEachContractOnce) {
-  const std::string orders = Keyed(600);
-  Child first(folder, {"new-contract", db, "-", "--json"}, orders);
-  Child second(folder, {"new-contract", db, "-", "--json"}, orders);
-  for (Child* child : {&first, &second}) {
-    const Ended ended = child->Wait();
-    EXPECT_EQ(ended.status, 0) << ended.error;
-    EXPECT_EQ(Announced(ended.out), Numbers());
-  }
-  EXPECT_EQ(Numbers().size(), 600u);
 }
 
 TEST_F(Processes, ThatAreInterruptedEndBetweenTwoContracts) {

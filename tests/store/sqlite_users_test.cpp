@@ -10,7 +10,6 @@ namespace pactora::store {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
 
 namespace field = schema::field;
 namespace table = schema::table;
@@ -71,15 +70,6 @@ TEST_F(SqliteUsers, AUnitReadsWhatAnotherUserWroteSinceTheLastOne) {
   ASSERT_TRUE(one_->Update(addresses, record));
   one_->Commit();
   EXPECT_EQ(name_in_unit().AsText(), "neu");
-}
-
-TEST_F(SqliteUsers, NumbersAreNeverGivenOutTwice) {
-  std::vector<Oid> oids;
-  for (int round = 0; round < 3; ++round) {
-    oids.push_back(AddAddress(*one_, "eins"));
-    oids.push_back(AddAddress(*two_, "zwei"));
-  }
-  EXPECT_THAT(oids, ElementsAre(1, 2, 3, 4, 5, 6));
 }
 
 TEST_F(SqliteUsers, TheStampTellsThatAnotherUserWrote) {

@@ -78,7 +78,9 @@ std::string PlainName(const std::string& path) {
 }
 
 constexpr std::chrono::milliseconds kLongestTimeout(std::numeric_limits<int>::max());
-constexpr int kLongestPause = 10;  // milliseconds, between two tries for a lock
+// Milliseconds between two tries for a lock: less than a user who has just saved needs for the
+// next save, so that it is those who wait who come next.
+constexpr int kLongestPause = 2;
 
 std::atomic<bool (*)(std::chrono::milliseconds)> give_up = nullptr;
 
