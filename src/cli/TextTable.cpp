@@ -4,7 +4,7 @@
 
 #include "automation/dataset/values.h"
 #include "automation/formats/JsonWriter.h"
-#include "automation/formats/errors.h"
+#include "automation/formats/visible.h"
 #include "cli/complain.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
@@ -25,7 +25,7 @@ std::string CellText(const host::Value& value) {
       if (value.AsDate() == platform::kNoInvoiceDate) return "keine";
       return host::ToText(value);
     default:
-      return formats::SingleLine(host::ToText(value));
+      return formats::Visible(host::ToText(value));
   }
 }
 

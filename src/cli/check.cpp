@@ -12,7 +12,7 @@
 #include "automation/dataset/dataset_profile.h"
 #include "automation/formats/JsonWriter.h"
 #include "automation/formats/TextSource.h"
-#include "automation/formats/errors.h"
+#include "automation/formats/visible.h"
 #include "automation/workspace/database.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -62,11 +62,11 @@ Status RunCheck(const std::string& database) {
   std::int64_t hints = 0;
   const auto found = [&faults](const std::string& text) {
     ++faults;
-    std::cout << formats::SingleLine(text) << '\n';
+    std::cout << formats::Visible(text) << '\n';
   };
   const auto hint = [&hints](const std::string& text) {
     ++hints;
-    std::cout << "Hinweis: " << formats::SingleLine(text) << '\n';
+    std::cout << "Hinweis: " << formats::Visible(text) << '\n';
   };
   const workspace::StorageCheck storage = workspace::CheckStorage(database);
   for (const std::string& fault : storage.faults) found(fault);
@@ -77,8 +77,8 @@ Status RunCheck(const std::string& database) {
         workspace::Naming(database, [&] { return CheckRows(*storage.store, found, hint); });
     checked = Counted(contracts, "Vertrag", "Verträge");
   }
-  fmt::print(stderr, "{} geprüft, {}{}\n", checked, Counted(faults, "Mangel", "Mängel"),
-             hints == 0 ? "" : ", " + Counted(hints, "Hinweis", "Hinweise"));
+  Tell(fmt::format("{} geprüft, {}{}", checked, Counted(faults, "Mangel", "Mängel"),
+                   hints == 0 ? "" : ", " + Counted(hints, "Hinweis", "Hinweise")));
   return faults == 0 ? Status::Done : Status::Refused;
 }
 

@@ -1,16 +1,16 @@
 #include "cli/complain.h"
 
-#include <fmt/format.h>
-
 #include <cstdio>
 
-#include "automation/formats/errors.h"
+#include "automation/formats/visible.h"
 
 namespace pactora::cli {
 
+void Tell(const std::string& text) { std::fputs((formats::Visible(text) + "\n").c_str(), stderr); }
+
 void Complain(const std::string& text) {
   std::fflush(stdout);
-  fmt::print(stderr, "pactora: {}\n", formats::SingleLine(text));
+  Tell("pactora: " + text);
 }
 
 }  // namespace pactora::cli

@@ -1,4 +1,4 @@
-// One line on standard error for each failure, and the exit status that goes with it.
+// Lines on standard error, and the exit status that goes with a failure.
 #pragma once
 
 #include <string>
@@ -10,7 +10,9 @@ namespace pactora::cli {
 using workspace::Status;
 using workspace::StatusOf;
 
-// "pactora: " and the text, as one line on standard error.
+// The text as one line on standard error.
+void Tell(const std::string& text);
+// Likewise for a failure, with "pactora: " before it.
 void Complain(const std::string& text);
 
 }  // namespace pactora::cli

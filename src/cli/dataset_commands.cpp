@@ -25,9 +25,8 @@ struct DatasetArguments {
   bool dry_run = false;
 };
 
-void Tell(const std::string& done, bool dry_run) {
-  fmt::print(stderr, "{}{}\n", done,
-             dry_run ? fmt::format(" ({})", workspace::kRehearsed) : std::string());
+void TellDone(const std::string& done, bool dry_run) {
+  Tell(dry_run ? fmt::format("{} ({})", done, workspace::kRehearsed) : done);
 }
 
 dataset::Progress StopOnInterrupt() {
@@ -46,7 +45,7 @@ Status RunInit(const DatasetArguments& arguments) {
     workspace::MakeDatabase(arguments.database, true, workspace::DefaultProfile(name),
                             AccessFor(arguments.dry_run), [](store::RecordStore&) {});
   }
-  Tell(fmt::format("{} angelegt", arguments.database), arguments.dry_run);
+  TellDone(fmt::format("{} angelegt", arguments.database), arguments.dry_run);
   return Status::Done;
 }
 
@@ -54,7 +53,7 @@ Status RunImport(const DatasetArguments& arguments) {
   const formats::TextSource source = formats::FileSource(arguments.file);
   dataset::ImportDatabase(arguments.database, source, AccessFor(arguments.dry_run),
                           StopOnInterrupt());
-  Tell(fmt::format("{} eingelesen in {}", source.name, arguments.database), arguments.dry_run);
+  TellDone(fmt::format("{} eingelesen in {}", source.name, arguments.database), arguments.dry_run);
   return Status::Done;
 }
 

@@ -151,7 +151,7 @@ int Main(int argc, char** argv) {
 
   CatchInterrupt();
   workspace::ReportMigrationTo([](const std::string& database) {
-    fmt::print(stderr, "{}: die Datenbank hat jetzt die Struktur dieser Version\n", database);
+    Tell(database + ": die Datenbank hat jetzt die Struktur dieser Version");
   });
   workspace::GiveUpWaitingWhen([](std::chrono::milliseconds) { return InterruptAsked(); });
   const Status status = WithOutputWritten(run());

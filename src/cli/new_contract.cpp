@@ -10,6 +10,7 @@
 #include "automation/dataset/ContractJob.h"
 #include "automation/formats/JsonWriter.h"
 #include "automation/formats/errors.h"
+#include "automation/formats/visible.h"
 #include "automation/workspace/database.h"
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
@@ -52,8 +53,8 @@ class ContractsCommand {
     }
     bar_.Clear();
     if (count.created < job_.Size() && job_.Size() > 1)
-      fmt::print(stderr, "{} von {} Verträgen {}{}\n", count.created, job_.Size(),
-                 arguments_.order.rehearsal ? "wären angelegt" : "angelegt", SkippedText());
+      Tell(fmt::format("{} von {} Verträgen {}{}", count.created, job_.Size(),
+                       arguments_.order.rehearsal ? "wären angelegt" : "angelegt", SkippedText()));
     if (count.Rejected() == 0) return Status::Done;
     return Done() > 0 ? Status::PartlyDone : Status::Refused;
   }
@@ -102,11 +103,11 @@ class ContractsCommand {
                              : rehearsal ? "wäre angelegt"
                                          : "angelegt";
     const std::string text =
-        fmt::format("Vertrag {} {}, Oid {} ({})\n", line.number, what, result.oid, result.source);
+        fmt::format("Vertrag {} {}, Oid {} ({})", line.number, what, result.oid, result.source);
     if (rehearsal)
-      fmt::print(stderr, "{}", text);
+      Tell(text);
     else
-      std::cout << text;
+      std::cout << formats::Visible(text) << '\n';
   }
 
   // What the rehearsal would have written.
@@ -120,7 +121,7 @@ class ContractsCommand {
     written.Write(out);
     out.EndObject();
     std::cout << '\n';
-    fmt::print(stderr, "{}\n", workspace::kRehearsed);
+    Tell(workspace::kRehearsed);
   }
 
   const NewContractArguments& arguments_;

@@ -43,7 +43,7 @@ Status RunScriptFile(const RunArguments& arguments) {
     Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
   if (result.fatal_error && result.problems.empty())
     Complain(fmt::format("{}: {}", arguments.database, store::Text(*result.fatal_error)));
-  if (arguments.dry_run) fmt::print(stderr, "{}\n", workspace::kRehearsed);
+  if (arguments.dry_run) Tell(workspace::kRehearsed);
   if (result.fatal_error) return StatusOf(*result.fatal_error);
   return result.problems.empty() ? Status::Done : Status::Refused;
 }

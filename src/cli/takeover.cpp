@@ -54,18 +54,18 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   } catch (...) {
     bar.Clear();
     if (job.Lines().empty()) throw;
-    fmt::print(
-        stderr, "{} von {} Zeilen bearbeitet; {}\n", job.Lines().size(), job.Size(),
-        arguments.order.rehearsal ? workspace::kRehearsed : "derselbe Aufruf setzt die Liste fort");
+    Tell(fmt::format("{} von {} Zeilen bearbeitet; {}", job.Lines().size(), job.Size(),
+                     arguments.order.rehearsal ? workspace::kRehearsed
+                                               : "derselbe Aufruf setzt die Liste fort"));
     throw;
   }
   bar.Clear();
   if (arguments.order.rehearsal) {
     if (!arguments.json) std::cout << bulk::TextOf(job.Lines());
-    fmt::print(stderr, "{}\n", workspace::kRehearsed);
+    Tell(workspace::kRehearsed);
   }
-  fmt::print(stderr, "{}\n", count.Text());
-  for (const std::string& sentence : job.FilesLeft()) fmt::print(stderr, "{}\n", sentence);
+  Tell(count.Text());
+  for (const std::string& sentence : job.FilesLeft()) Tell(sentence);
   if (count.Rejected() == 0) return Status::Done;
   return count.created + count.skipped > 0 ? Status::PartlyDone : Status::Refused;
 }

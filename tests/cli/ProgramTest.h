@@ -41,7 +41,7 @@ class ProgramTest : public testing::Test {
   }
 
   support::TemporaryFolder folder;
-  const std::string db = folder.File("firma.db");
+  std::string db = folder.File("firma.db");
 
  private:
   static inline support::TemporaryFolder* company_folder_ = nullptr;

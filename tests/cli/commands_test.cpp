@@ -196,6 +196,28 @@ TEST_F(Commands, ExportAndImportGiveTheSameBytes) {
   EXPECT_THAT(Run({"list", copy, "contracts"}).out, HasSubstr("00000002"));
 }
 
+TEST_F(Commands, ANameDoesNotActOnTheTerminalOrASpreadsheet) {
+  const std::string name = "\x1B]0x\x07\u202E\xC2\x9B";
+  const std::string shown = R"(\u001b]0x\u0007\u202e\u009b)";
+  const nlohmann::json dataset = {
+      {"tables", {{"Adressen", nlohmann::json::array({{{"Name", name}}})}}}};
+  db = folder.File("fremd.db");
+  ASSERT_EQ(Run({"import", db, "-"}, dataset.dump()).status, 0);
+  EXPECT_THAT(Run({"list", db, "addresses"}).out, HasSubstr(shown));
+  EXPECT_THAT(Run({"list", db, "addresses", "--json"}).out, HasSubstr(shown));
+  EXPECT_EQ(List("addresses").at(0).at("Name"), name);
+  const std::string record = nlohmann::json{
+      {"address", {{"Name", name + "x"}}},
+      {"contract", nlohmann::json::object()},
+      {"articles",
+       nlohmann::json::array()}}.dump();
+  EXPECT_THAT(Run({"new-contract", db, "-"}, record).error, HasSubstr(shown + "x"));
+  const std::string list = "Schlüssel;Adresse;Vertragstyp;Vertragsbeginn\n=1+1;" + name + "x;T;1\n";
+  Run({"takeover", db, "-", "--report", folder.File("b.csv")}, list);
+  EXPECT_THAT(Contents(folder.File("b.csv")), HasSubstr("\n2;'=1+1;abgelehnt;"));
+  EXPECT_THAT(Contents(folder.File("b.csv.abgelehnt.csv")), HasSubstr("\n=1+1;" + name));
+}
+
 TEST_F(Commands, WhatCheckFindsEndsWithOne) {
   const std::string bad = folder.File("x.db");
   const char* const data = R"({"tables": {"Adressen": [{"vv_Vertraege": [{}]}]}})";

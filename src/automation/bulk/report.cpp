@@ -12,6 +12,7 @@
 #include "automation/formats/csv.h"
 #include "automation/formats/errors.h"
 #include "automation/formats/files.h"
+#include "automation/formats/visible.h"
 #include "automation/workspace/database.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -109,8 +110,11 @@ std::string Count::Text() const {
 
 std::string TextOf(const std::vector<ReportLine>& lines) {
   std::string text = formats::CsvLine(kColumns, formats::kSeparator) + "\n";
-  for (const ReportLine& line : lines)
-    text += formats::CsvLine(Cells(line), formats::kSeparator) + "\n";
+  for (const ReportLine& line : lines) {
+    std::vector<std::string> cells = Cells(line);
+    for (std::string& cell : cells) cell = formats::PlainCell(cell);
+    text += formats::CsvLine(cells, formats::kSeparator) + "\n";
+  }
   return text;
 }
 

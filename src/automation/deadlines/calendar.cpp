@@ -6,7 +6,7 @@
 #include <string>
 
 #include "automation/deadlines/deadlines.h"
-#include "automation/formats/errors.h"
+#include "automation/formats/visible.h"
 #include "platform/Date.h"
 
 namespace pactora::deadlines {
@@ -40,7 +40,7 @@ std::string What(const Deadline& deadline) {
 }
 
 std::string Summary(const Deadline& deadline) {
-  return formats::SingleLine(
+  return formats::Visible(
       fmt::format("{}: {}, {}", What(deadline), deadline.name, deadline.address));
 }
 
@@ -50,14 +50,14 @@ std::string Description(const Deadline& deadline) {
     text = fmt::format("Kündigungsfrist läuft am {} aus.\n",
                        platform::FormatDate(deadline.date, platform::kGermanPattern));
   }
-  return text + formats::SingleLine(fmt::format("Verantwortlich: {}", deadline.responsible));
+  return text + formats::Visible(fmt::format("Verantwortlich: {}", deadline.responsible));
 }
 
 icalcomponent* Event(const Deadline& deadline, const std::string& database, icaltimetype stamp) {
   const platform::Date day = deadline.ActBy();
   const bool notice = deadline.kind == Deadline::Kind::Notice;
-  const std::string uid =
-      fmt::format("{}-{}-{}@pactora", database, deadline.contract, notice ? "kuendigung" : "ende");
+  const std::string uid = fmt::format("{}-{}-{}@pactora", formats::Visible(database),
+                                      deadline.contract, notice ? "kuendigung" : "ende");
   return icalcomponent_vanew(ICAL_VEVENT_COMPONENT, icalproperty_new_uid(uid.c_str()),
                              icalproperty_new_dtstamp(stamp), icalproperty_new_dtstart(Day(day)),
                              icalproperty_new_dtend(Day(platform::Date{day.days + 1})),

@@ -3,12 +3,36 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <sstream>
 
+#include "automation/formats/visible.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
 namespace pactora::formats {
+namespace {
+
+// What stands for a character in a text; empty where it stands for itself.
+std::string FormOf(std::optional<std::uint32_t> code) {
+  if (!code) return "\uFFFD";
+  switch (*code) {
+    case '"':
+      return "\\\"";
+    case '\\':
+      return "\\\\";
+    case '\n':
+      return "\\n";
+    case '\r':
+      return "\\r";
+    case '\t':
+      return "\\t";
+    default:
+      return IsControl(*code) ? EscapeOf(*code) : std::string();
+  }
+}
+
+}  // namespace
 
 std::string NumberText(double number) {
   if (!std::isfinite(number)) platform::Raise(platform::RuntimeError::Overflow);
@@ -70,39 +94,19 @@ void JsonWriter::Text(std::string_view value) {
 }
 
 void JsonWriter::Quoted(std::string_view text) {
-  if (!platform::IsValidUtf8(text)) {
-    out_ << Json(std::string(text)).dump(-1, ' ', false, Json::error_handler_t::replace);
-    return;
-  }
   out_ << '"';
   std::size_t written = 0;
   for (std::size_t at = 0; at < text.size(); ++at) {
     const char c = text[at];
-    if (static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\') continue;
-    out_ << text.substr(written, at - written);
-    written = at + 1;
-    switch (c) {
-      case '"':
-        out_ << "\\\"";
-        break;
-      case '\\':
-        out_ << "\\\\";
-        break;
-      case '\n':
-        out_ << "\\n";
-        break;
-      case '\r':
-        out_ << "\\r";
-        break;
-      case '\t':
-        out_ << "\\t";
-        break;
-      default: {
-        constexpr std::string_view kDigits = "0123456789abcdef";
-        const auto code = static_cast<unsigned char>(c);
-        out_ << "\\u00" << kDigits[code >> 4] << kDigits[code & 15];
-      }
+    if (c >= 0x20 && c < 0x7F && c != '"' && c != '\\') continue;
+    const std::string_view rest = text.substr(at);
+    const std::string form = FormOf(platform::FirstCode(rest));
+    const std::size_t end = at + platform::FirstCharacters(rest, 1).size();
+    if (!form.empty()) {
+      out_ << text.substr(written, at - written) << form;
+      written = end;
     }
+    at = end - 1;
   }
   out_ << text.substr(written) << '"';
 }

@@ -34,7 +34,8 @@ class JsonWriter {
   void Boolean(bool value) { Plain(value ? "true" : "false"); }
   void Integer(std::int64_t value) { Plain(std::to_string(value)); }
   void Number(double value) { Plain(NumberText(value)); }
-  // A byte that is no valid UTF-8 becomes the replacement character.
+  // Control characters are written as escapes, so that the text does not act on a terminal
+  // either. A byte that is no valid UTF-8 becomes the replacement character.
   void Text(std::string_view value);
   void Value(const Json& value);
 

@@ -16,8 +16,8 @@ void RaiseInterrupted() { Raise(DoorError::Interrupted, kInterrupted); }
 std::string SingleLine(std::string_view text) {
   std::string line;
   for (const char c : text) {
-    const bool control = static_cast<unsigned char>(c) < 0x20;
-    if (!control)
+    const bool breaks = c == '\n' || c == '\r' || c == '\t';
+    if (!breaks)
       line += c;
     else if (!line.empty() && line.back() != ' ')
       line += ' ';

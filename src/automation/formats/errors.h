@@ -32,7 +32,7 @@ inline constexpr const char* kInterrupted = "abgebrochen";
 // Raises DoorError::Interrupted with that text.
 [[noreturn]] void RaiseInterrupted();
 
-// Line breaks and other control characters become blanks.
+// Line breaks and tabs become blanks.
 std::string SingleLine(std::string_view text);
 
 // An error number as files hold it: "0x80045001", upper-case hexadecimal without

@@ -16,6 +16,8 @@
 #include "automation/formats/csv.h"
 #include "automation/formats/errors.h"
 #include "automation/formats/json.h"
+#include "automation/formats/visible.h"
+#include "platform/Text.h"
 #include "support/TemporaryFolder.h"
 #include "support/error_of.h"
 
@@ -66,6 +68,34 @@ TEST(Json, WhatIsNoneIsRefusedNamingThePlace) {
     ASSERT_TRUE(error) << message;
     EXPECT_EQ(error->Number(), Number(DoorError::BadInput));
     EXPECT_THAT(error->Description(), HasSubstr(message));
+  }
+}
+
+TEST(Visible, NoCharacterActsOnATerminalAndNoCellIsAFormula) {
+  const struct {
+    std::string text;
+    const char* visible;
+    const char* cell = visible;
+  } cases[] = {
+      {"Müller \u00A0\u061B\u200D\u2010\u2027\u202F\u2065\u206A\U0001F600",
+       "Müller \u00A0\u061B\u200D\u2010\u2027\u202F\u2065\u206A\U0001F600"},
+      {std::string("\0\x1B[31m\t\r\n ~\x7F", 12), R"(\u0000\u001b[31m\u0009\u000d\u000a ~\u007f)"},
+      {"\xC2\x80\xC2\x9F", R"(\u0080\u009f)"},
+      {"\u061C\u200E\u200F\u2028\u2029", R"(\u061c\u200e\u200f\u2028\u2029)"},
+      {"\u202A\u202E\u2066\u2069", R"(\u202a\u202e\u2066\u2069)"},
+      {"\x9B", R"(\x9b)"},
+      {"=1+1", "=1+1", "'=1+1"},
+      {"+49 170", "+49 170", "'+49 170"},
+      {" @SUM(A1)", " @SUM(A1)", "' @SUM(A1)"},
+      {"-2*3", "-2*3", "'-2*3"},
+      {"-5,25", "-5,25"},
+  };
+  for (const auto& [text, visible, cell] : cases) {
+    EXPECT_EQ(Visible(text), visible);
+    EXPECT_EQ(PlainCell(text), cell);
+    const std::string json = OneLine(text);
+    EXPECT_EQ(Visible(json), json);
+    EXPECT_EQ(Json::parse(json), platform::IsValidUtf8(text) ? text : "\uFFFD");
   }
 }
 
