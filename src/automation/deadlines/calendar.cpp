@@ -88,10 +88,11 @@ std::string CalendarText(const std::vector<Deadline>& deadlines, const std::stri
   const Component calendar(
       icalcomponent_vanew(ICAL_VCALENDAR_COMPONENT, icalproperty_new_version("2.0"),
                           icalproperty_new_prodid("-//Pactora//Fristen//DE"), nullptr));
-  for (const Deadline& deadline : deadlines) {
-    icalcomponent_add_component(calendar.get(), Event(deadline, database, stamp));
-  }
-  if (deadlines.empty()) icalcomponent_add_component(calendar.get(), UniversalTime());
+  for (const Deadline& deadline : deadlines)
+    if (deadline.ActBy() <= kLastCalendarDay)
+      icalcomponent_add_component(calendar.get(), Event(deadline, database, stamp));
+  if (icalcomponent_count_components(calendar.get(), ICAL_VEVENT_COMPONENT) == 0)
+    icalcomponent_add_component(calendar.get(), UniversalTime());
   char* text = icalcomponent_as_ical_string_r(calendar.get());
   std::string result = text;
   icalmemory_free_buffer(text);

@@ -55,8 +55,11 @@ std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date to
 // Whether this build can write calendars.
 bool HasCalendars();
 
-// The deadlines as a calendar (iCalendar), an all-day event each; a notice stands
-// on its safe day. The same deadlines give the same events whenever they are
+// Calendar files have no later day: programs that read them fail on it.
+inline constexpr platform::Date kLastCalendarDay = {219512.0};  // 31.12.2500
+
+// The deadlines up to kLastCalendarDay as a calendar (iCalendar), an all-day event each; a
+// notice stands on its safe day. The same deadlines give the same events whenever they are
 // written, so that a calendar that imports them again replaces them.
 // database tells the events of several databases apart. Raises
 // DoorError::NotAvailable where HasCalendars is false.
