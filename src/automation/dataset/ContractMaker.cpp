@@ -68,6 +68,9 @@ MadeContract ContractMaker::Make(const ContractOrder& order) {
   else if (made.message.empty())
     made.message = "es ist kein Vertrag entstanden";
   if (!made.message.empty()) made.outcome = bulk::Outcome::Failed;
+  // The add-on stores it and says nothing.
+  else if (order.articles->Count() == 0)
+    made.message = "ohne Artikel: dem Vertrag fehlen Wert und Positionen";
   return made;
 }
 
