@@ -1,5 +1,7 @@
 #include "automation/dataset/dataset_export.h"
 
+#include <fmt/format.h>
+
 #include "automation/dataset/dataset_profile.h"
 #include "automation/dataset/values.h"
 
@@ -43,7 +45,9 @@ void WriteRow(formats::JsonWriter& out, store::RecordStore& store, store::TableI
     const host::Value& cell = record.cells[field];
     if (!IsWritten(cell)) continue;
     out.Key(schema.fields[field].name);
-    out.Value(ToJson(cell));
+    WriteValue(out, cell, [&] {
+      return fmt::format("{}, Oid {}, {}", schema.name, record.oid, schema.fields[field].name);
+    });
   }
   if (with_children)
     for (const store::TableId child : schema.children)

@@ -106,15 +106,18 @@ void WriteSettings(formats::JsonWriter& out, const char* key, const store::Profi
   for (const store::Setting& setting : profile.settings) {
     if (!passes(setting)) continue;
     out.Key(setting.name);
+    const auto write = [&] {
+      WriteValue(out, setting.value, [&] { return fmt::format("„{}“", setting.name); });
+    };
     if (setting.read_only) {
       out.BeginObject();
       out.Key("value");
-      out.Value(ToJson(setting.value));
+      write();
       out.Key("readOnly");
       out.Boolean(true);
       out.EndObject();
     } else {
-      out.Value(ToJson(setting.value));
+      write();
     }
   }
   out.EndObject();

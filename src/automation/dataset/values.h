@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "automation/formats/JsonWriter.h"
+#include "automation/formats/errors.h"
 #include "automation/formats/json.h"
 #include "host/Value.h"
 #include "platform/Date.h"
@@ -25,6 +27,16 @@ host::Value ReadFree(const formats::Json& value, const formats::Place& place);
 
 // Requires: an object is null or a document of the embedded host.
 formats::Json ToJson(const host::Value& value);
+// Writes it. Raises DoorError::NotCarriedOut, with what where() gives, for a value that has no
+// such form: a number that is not finite.
+template <typename Where>
+void WriteValue(formats::JsonWriter& out, const host::Value& value, const Where& where) {
+  try {
+    out.Value(ToJson(value));
+  } catch (const platform::Error& error) {
+    formats::Raise(formats::DoorError::NotCarriedOut, where() + ": " + error.Description());
+  }
+}
 
 store::Oid ReadOid(const formats::Json& value, const formats::Place& place);
 
