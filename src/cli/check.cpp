@@ -4,14 +4,10 @@
 #include <cstdint>
 #include <iostream>
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "automation/checks/check.h"
-#include "automation/dataset/dataset_import.h"
-#include "automation/dataset/dataset_profile.h"
-#include "automation/formats/JsonWriter.h"
-#include "automation/formats/TextSource.h"
+#include "automation/dataset/dataset_files.h"
 #include "automation/formats/visible.h"
 #include "automation/workspace/database.h"
 #include "cli/commands.h"
@@ -24,20 +20,6 @@ namespace pactora::cli {
 
 namespace {
 
-// What the database knows besides rows is sound where it can be exported and imported.
-void CheckProfile(store::RecordStore& store, const checks::Finding& found) {
-  std::ostringstream text;
-  formats::JsonWriter writer(text, formats::JsonWriter::Layout::Indented);
-  try {
-    writer.BeginObject();
-    dataset::WriteProfile(writer, store.ReadProfile(), store.Catalog().workflow_add_on);
-    writer.EndObject();
-    dataset::SurveyDataset(formats::MemorySource("Benutzer und Einstellungen", text.str()));
-  } catch (const platform::Error& error) {
-    found(error.Description());
-  }
-}
-
 // The number of contracts.
 std::int64_t CheckRows(store::RecordStore& store, const checks::Finding& found,
                        const checks::Finding& hint) {
@@ -49,7 +31,7 @@ std::int64_t CheckRows(store::RecordStore& store, const checks::Finding& found,
     if (error.Number() != store::Number(store::StoreError::NotADatabase)) throw;
     found(error.Description());
   }
-  CheckProfile(store, found);
+  dataset::CheckProfile(store, found);
   return store.Count(store.Catalog().Table(schema::table::vv_Vertraege));
 }
 

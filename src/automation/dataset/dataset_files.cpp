@@ -2,9 +2,12 @@
 
 #include <fmt/format.h>
 
+#include <sstream>
+
 #include "automation/dataset/dataset_export.h"
 #include "automation/dataset/dataset_import.h"
 #include "automation/dataset/dataset_profile.h"
+#include "automation/formats/JsonWriter.h"
 #include "automation/formats/errors.h"
 #include "automation/formats/files.h"
 
@@ -69,6 +72,20 @@ void ExportDatabase(const std::string& database, const std::string& file,
   std::size_t done = 0;
   formats::WriteOutput(
       file, [&](std::ostream& out) { ExportDataset(*store, out, [&] { progress(done++, all); }); });
+}
+
+void CheckProfile(store::RecordStore& store,
+                  const std::function<void(const std::string& fault)>& found) {
+  std::ostringstream text;
+  formats::JsonWriter writer(text, formats::JsonWriter::Layout::Indented);
+  try {
+    writer.BeginObject();
+    WriteProfile(writer, store.ReadProfile(), store.Catalog().workflow_add_on);
+    writer.EndObject();
+    SurveyDataset(formats::MemorySource("Benutzer und Einstellungen", text.str()));
+  } catch (const platform::Error& error) {
+    found(error.Description());
+  }
 }
 
 }  // namespace pactora::dataset

@@ -25,4 +25,9 @@ void ImportDatabase(const std::string& database, const formats::TextSource& sour
 // database with values or rows that a dataset can't hold.
 void ExportDatabase(const std::string& database, const std::string& file, const Progress& progress);
 
+// What the database knows besides rows is sound where it can be exported and imported; found
+// gets the fault.
+void CheckProfile(store::RecordStore& store,
+                  const std::function<void(const std::string& fault)>& found);
+
 }  // namespace pactora::dataset
