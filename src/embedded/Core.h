@@ -3,6 +3,7 @@
 // the core has no store and every operation raises HostError::HostClosed.
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -40,6 +41,7 @@ class Core : public std::enable_shared_from_this<Core> {
   LiveTable* FindTable(std::string_view name);
   LiveTable& TableAt(store::TableId table) { return *tables_[table]; }
 
+  void SaveUnit();
   void EndUnit();
   void DropUnit();
   void DropToSavepoint();
@@ -64,6 +66,7 @@ class Core : public std::enable_shared_from_this<Core> {
   void ForgetAll();
 
   std::unique_ptr<store::RecordStore> store_;
+  std::exception_ptr lost_;  // why the unit's changes are lost, until EndUnit or DropUnit
   schema::Catalog catalog_;
   std::vector<std::unique_ptr<LiveTable>> tables_;
   std::unique_ptr<LiveProfile> profile_;

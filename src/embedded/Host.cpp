@@ -30,10 +30,20 @@ LiveTable* Core::FindTable(std::string_view name) {
   return table ? tables_[*table].get() : nullptr;
 }
 
-void Core::EndUnit() {
+void Core::SaveUnit() {
+  if (lost_) std::rethrow_exception(lost_);
   if (!store_->InUnit()) return;
   try {
     store_->Commit();
+  } catch (...) {
+    lost_ = std::current_exception();
+    throw;
+  }
+}
+
+void Core::EndUnit() {
+  try {
+    SaveUnit();
   } catch (...) {
     DropUnit();
     throw;
@@ -41,6 +51,7 @@ void Core::EndUnit() {
 }
 
 void Core::DropUnit() {
+  lost_ = nullptr;
   store_->Rollback();
   ForgetAll();
 }
@@ -72,6 +83,8 @@ store::RecordStore& Host::Store() { return core_->Store(); }
 std::shared_ptr<host::HostTable> Host::Table(std::string_view name) {
   return core_->Db().Tables().Item(name);
 }
+
+void Host::SaveUnit() { core_->SaveUnit(); }
 
 void Host::EndUnit() { core_->EndUnit(); }
 

@@ -64,10 +64,15 @@ class Host {
   // The live table, as host::HostTables::Item gives it.
   std::shared_ptr<host::HostTable> Table(std::string_view name);
 
-  // Ends the unit of work: what was stored since the last call becomes durable.
-  // Called by the doors: whenever the program waits for a person or has carried out a
-  // step, in bulk after a group of contracts. On an error nothing of the unit remains, all tables
-  // are at Eof, and the error is raised.
+  // Makes what was stored since the last call durable, while the add-on waits for a person.
+  // Raises where that fails, and the same again from every further call: what is stored from
+  // then on is lost too, so that whoever made the add-on work learns of it from EndUnit,
+  // whatever the add-on made of the error.
+  void SaveUnit();
+
+  // Likewise, and ends the unit of work. Called by the doors when the add-on has returned, in
+  // bulk after a group of contracts. On an error nothing of the unit remains, all tables are at
+  // Eof, and the error is raised.
   void EndUnit();
 
   // Drops what was stored since the last EndUnit and reads the profile again; all

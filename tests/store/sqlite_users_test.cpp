@@ -148,6 +148,8 @@ TEST_F(SqliteUsers, AUnitThatTheStorageGaveUpIsLostUntilRollback) {
       [&] { store->Commit(); },
   };
   for (const auto& write : writes) EXPECT_EQ(ErrorNumberOf(write), Number(StoreError::UnitLost));
+  EXPECT_THAT(support::ErrorOf([&] { store->Commit(); })->Description(),
+              testing::HasSubstr("Speicherplatz"));
   store->Rollback();
   EXPECT_FALSE(store->InUnit());
   EXPECT_EQ(Addresses(*store), 1);

@@ -27,7 +27,7 @@ class Run {
       std::ostream& transcript)
       : transcript_(transcript),
         screen_([this](const formats::Json& event) { Write(event); },
-                [this] { session_.Host().EndUnit(); }),
+                [this] { session_.Host().SaveUnit(); }),
         session_(std::move(store), screen_, clock),
         faults_(session_.Host()) {
     session_.Host().SetMacroListener([this](const std::string& path, const host::ValueArray& args) {
@@ -119,7 +119,7 @@ class Run {
         variable->SetValue(step.value);
       else
         variables.Add(step.name, step.value);
-      session_.Host().EndUnit();
+      session_.EndUnit();
     });
   }
 
@@ -130,7 +130,7 @@ class Run {
         settings.Item(step.name).SetValue(step.value);
       else
         settings.Add(step.name, step.value);
-      session_.Host().EndUnit();
+      session_.EndUnit();
     });
   }
 
@@ -160,10 +160,10 @@ class Run {
       try {
         screen_.Run(call.actions, [&] { Call(call, returned); });
       } catch (...) {
-        session_.Host().EndUnit();
+        session_.EndUnit();
         throw;
       }
-      session_.Host().EndUnit();
+      session_.EndUnit();
       if (!screen_.Failed()) Write(returned);
     } catch (const platform::Error& error) {
       NoteFatalError(error.Number());

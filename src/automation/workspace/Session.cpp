@@ -12,6 +12,15 @@ Session::Session(std::unique_ptr<store::RecordStore> store, ui::Screen& screen,
                                  [this] { return host_.App(); }}),
       entry_(std::make_unique<shell::CVV>(module_)) {}
 
+void Session::EndUnit() {
+  try {
+    host_.EndUnit();
+  } catch (...) {
+    entry_ = std::make_unique<shell::CVV>(module_);
+    throw;
+  }
+}
+
 void Session::GoTo(store::TableId table, store::Oid oid) {
   host_.Table(Store().Catalog().tables[table].name)->GotoOid(std::to_string(oid));
 }

@@ -28,8 +28,12 @@ class Session {
   store::RecordStore& Store() { return host_.Store(); }
   std::shared_ptr<host::HostApp> App() { return host_.App(); }
   shell::Module& AddOn() { return module_; }
-  // The one entry object.
+  // The one entry object; another one after EndUnit has failed.
   shell::CVV& Entry() { return *entry_; }
+
+  // Ends the unit of work of a call. Raises what made it fail, wherever in the call that was; a
+  // dialog that the entry object still held took what is lost for saved, and is gone then.
+  void EndUnit();
 
   // Makes the row, and its parents in their tables, the current row.
   void GoTo(store::TableId table, store::Oid oid);

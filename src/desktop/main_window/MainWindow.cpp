@@ -195,11 +195,11 @@ void MainWindow::NewContract() {
   bool saved = false;
   std::int32_t terms = 0;
   bool show_definition = false;
-  database_.Do([&] {
+  const bool done = database_.Do([&] {
     database_.Session().Entry().NewContract(database_.Session().App(), saved, terms,
                                             show_definition);
   });
-  if (saved) {
+  if (done && saved) {
     statusBar()->showMessage(QStringLiteral("Vertrag angelegt"));
     pages_.setCurrentWidget(&addresses_);
   }

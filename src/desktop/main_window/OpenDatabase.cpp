@@ -28,13 +28,25 @@ std::unique_ptr<store::RecordStore> Open(const std::string& database) {
   return workspace::OpenDatabase(database, workspace::Access::Any);
 }
 
+std::optional<platform::Error> ErrorOf(const std::function<void()>& body) {
+  try {
+    body();
+    return std::nullopt;
+  } catch (const platform::Error& error) {
+    return error;
+  } catch (const std::exception& error) {
+    return platform::Error(0, std::string("interner Fehler: ") + error.what(),
+                           formats::kErrorSource);
+  }
+}
+
 }  // namespace
 
 OpenDatabase::OpenDatabase(const std::string& database, const platform::Clock& clock,
                            const platform::Locale& locale)
     : name_(database),
       clock_(clock),
-      screen_([this] { EndUnit(); }),
+      screen_([this] { session_.Host().SaveUnit(); }),
       session_(Open(database), screen_, clock, locale) {}
 
 std::string OpenDatabase::UserName() {
@@ -62,35 +74,19 @@ void OpenDatabase::GoTo(std::string_view table, store::Oid oid) {
 }
 
 bool OpenDatabase::Do(const std::function<void()>& action) {
-  bool done = true;
-  const auto guarded = [&](const std::function<void()>& body) {
-    try {
-      body();
-    } catch (const platform::Error& error) {
-      done = false;
-      ShowError(error);
-    } catch (const std::exception& error) {
-      done = false;
-      Tell(std::string("interner Fehler: ") + error.what());
-    }
-  };
-  std::optional<platform::Error>& shown = session_.AddOn().last_shown_error;
-  shown.reset();
-  guarded(action);
-  // The add-on's own message leaves out which contract it was.
-  if (shown && shown->Number() == Number(store::StoreError::Uncertain)) ShowError(*shown);
+  std::optional<platform::Error> failed = ErrorOf(action);
   // What was stored before a failure stays, as everywhere.
-  guarded([this] { EndUnit(); });
-  return done;
+  if (const auto lost = ErrorOf([this] { EndUnit(); })) failed = lost;
+  if (failed) ShowError(*failed);
+  return !failed;
 }
 
 void OpenDatabase::EndUnit() {
-  if (!Store().InUnit()) return;
   const auto contract = session_.Host().Table(schema::table::vv_Vertraege);
   const std::string number =
       contract->Eof() ? std::string() : host::GetText(*contract, schema::field::Vertragnummer);
   try {
-    session_.Host().EndUnit();
+    session_.EndUnit();
   } catch (const platform::Error& error) {
     if (error.Number() != Number(store::StoreError::Uncertain) || number.empty()) throw;
     throw platform::Error(error.Number(),

@@ -187,8 +187,17 @@ std::int64_t SqliteRecordStore::Count(TableId table) {
 }
 
 bool SqliteRecordStore::HasWritten(int code) {
-  if (code != SQLITE_DONE) File().connection->Fail(code);
+  if (code != SQLITE_DONE) FailWrite(code);
   return sqlite3_changes(File().connection->Handle()) != 0;
+}
+
+void SqliteRecordStore::FailWrite(int code) {
+  try {
+    File().connection->Fail(code);
+  } catch (const platform::Error& error) {
+    if (!File().connection->InTransaction()) why_lost_ = error.Description();
+    throw;
+  }
 }
 
 void SqliteRecordStore::Insert(TableId table, Record& record) {
@@ -256,11 +265,12 @@ bool SqliteRecordStore::Erase(TableId table, Oid oid, std::int64_t version) {
 
 void SqliteRecordStore::EnterUnit() {
   if (in_unit_) [[likely]] {
-    if (!File().connection->InTransaction()) Raise(StoreError::UnitLost);
+    if (!File().connection->InTransaction()) Raise(StoreError::UnitLost, why_lost_);
     return;
   }
   File().begin.Step();
   in_unit_ = true;
+  why_lost_.clear();
   last_number_ = saved_last_number_ = ReadNumber(File().read_last_number);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -50,6 +51,7 @@ class SqliteRecordStore final : public RecordStore {
   void EnterUnit();
   void EnterUnitToWrite(TableId table);
   void LeaveUnit();
+  [[noreturn]] void FailWrite(int code);
   void SaveLastNumber();
   [[noreturn]] void FailCommit(int code);
 
@@ -93,6 +95,7 @@ class SqliteRecordStore final : public RecordStore {
 
   bool in_unit_ = false;
   bool has_savepoint_ = false;
+  std::string why_lost_;  // the failure with which SQLite gave up the unit, where known
   // The greatest oid or order ever given out or taken in, in all tables. Kept in
   // the file, but only read and written once in a unit.
   std::int64_t last_number_ = 0;

@@ -114,13 +114,8 @@ TEST_F(UncertainTest, ASaveIsNeitherClaimedNorDeniedAndTheDatabaseOpenedAnew) {
     files.Fail({support::FailingFiles::kSync}, 1);
     user.Click("cmdOK");
   });
-  // The add-on's message, and the window's.
-  for (const std::string text : {"ungewiss", "Betroffen ist Vertrag 00000004."})
-    steps.Add("message", [text](QWidget& message) {
-      EXPECT_THAT(message.property("text").toString().toStdString(), testing::HasSubstr(text));
-      QTest::keyClick(&message, Qt::Key_Return);
-    });
-  steps.Run([&] { window->NewContract(); });
+  ExpectMessage(steps, "muss neu geöffnet werden. Betroffen ist Vertrag 00000004.");
+  RunSteps(steps, [&] { window->NewContract(); });
   QApplication::processEvents();
   EXPECT_EQ(opened_anew, 1);
 }
