@@ -177,7 +177,10 @@ TEST_F(SqliteStructure, OthersTriggersAndIndexesOnItsTablesRefuseWritingTheirOwn
     for (const OpenMode mode : {OpenMode::Read, OpenMode::Any}) {
       const auto store = Open(std::chrono::seconds(1), mode);
       EXPECT_EQ(Addresses(*store), 1);
-      EXPECT_EQ(ErrorNumberOf([&] { AddAddress(*store, "Meier"); }), Number(StoreError::ReadOnly));
+      const auto error = support::ErrorOf([&] { AddAddress(*store, "Meier"); });
+      ASSERT_TRUE(error);
+      EXPECT_EQ(error->Number(), Number(StoreError::ReadOnly));
+      EXPECT_THAT(error->Description(), HasSubstr(expected));
     }
     const SqliteCheck check = CheckSqlite(path_);
     EXPECT_THAT(check.additions, testing::ElementsAre(HasSubstr(expected))) << sql;
@@ -193,6 +196,18 @@ TEST_F(SqliteStructure, OthersTriggersAndIndexesOnItsTablesRefuseWritingTheirOwn
   const SqliteCheck check = CheckSqlite(path_);
   EXPECT_THAT(check.faults, IsEmpty());
   EXPECT_THAT(check.additions, IsEmpty());
+}
+
+TEST_F(SqliteStructure, AFileThatIsGoneOrAnotherOneIsCalledThat) {
+  for (const bool replaced : {false, true}) {
+    const auto store = Create();
+    std::filesystem::remove(path_);
+    if (replaced) Create();
+    const auto error = support::ErrorOf([&] { AddAddress(*store, "Meier"); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), Number(StoreError::NotReachable));
+    EXPECT_THAT(error->Description(), HasSubstr("gelöscht oder durch eine andere ersetzt"));
+  }
 }
 
 TEST_F(SqliteStructure, AWalkOverAnIndexWithOtherContentEndsWithAnError) {

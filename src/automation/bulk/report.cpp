@@ -33,17 +33,13 @@ constexpr std::array<std::pair<Outcome, std::string_view>, 4> kTexts = {{
     {Outcome::Skipped, "übersprungen"},
 }};
 
-// Characters of a key that are shown.
-constexpr std::size_t kLongestKey = 1000;
-
 std::vector<std::string> Cells(const ReportLine& line) {
-  const std::string key(platform::FirstCharacters(line.key, kLongestKey));
   return {std::to_string(line.line),
-          key == line.key ? key : key + "…",
+          formats::Shortened(line.key),
           std::string(Text(line.outcome)),
           line.number,
           line.list,
-          line.message};
+          formats::Shortened(line.message)};
 }
 
 std::string ReadAll(const std::string& path) {

@@ -4,6 +4,7 @@
 
 #include "automation/dataset/dataset_profile.h"
 #include "automation/dataset/values.h"
+#include "automation/formats/errors.h"
 
 namespace pactora::dataset {
 

@@ -90,7 +90,7 @@ std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date to
 
 void WriteCalendar(const std::vector<Deadline>& deadlines, const std::string& database,
                    store::RecordStore& store, platform::Date today, const std::string& file) {
-  workspace::RequireOutside(database, file);
+  workspace::RequireNoDatabase(database, file);
   RequireCalendarOrNothing(file);
   formats::WriteOutput(file, [&](std::ostream& out) {
     out << CalendarText(deadlines, store.ReadProfile().name, today);

@@ -25,13 +25,21 @@ std::string SingleLine(std::string_view text) {
   return line;
 }
 
+std::string Shortened(const std::string& text) {
+  constexpr std::size_t kBeginning = 1000;  // characters
+  constexpr std::size_t kEnd = 200;
+  if (platform::Length(text) <= kBeginning + kEnd) return text;
+  return std::string(platform::FirstCharacters(text, kBeginning)) + "…" +
+         std::string(platform::LastCharacters(text, kEnd));
+}
+
 std::string ErrorNumberText(std::int32_t number) { return "0x" + platform::HexNumber(number); }
 
 std::string Describe(const platform::Error& error) {
   const bool ours = error.Source() == kErrorSource || error.Source() == store::kErrorSource;
-  if (ours) return SingleLine(error.Description());
-  return SingleLine(
-      fmt::format("Fehler {}: {}", ErrorNumberText(error.Number()), error.Description()));
+  const std::string description = Shortened(SingleLine(error.Description()));
+  return ours ? description
+              : fmt::format("Fehler {}: {}", ErrorNumberText(error.Number()), description);
 }
 
 }  // namespace pactora::formats

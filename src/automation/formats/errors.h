@@ -35,11 +35,15 @@ inline constexpr const char* kInterrupted = "abgebrochen";
 // Line breaks and tabs become blanks.
 std::string SingleLine(std::string_view text);
 
+// A text of a reasonable length: of a longer one its beginning and its end.
+std::string Shortened(const std::string& text);
+
 // An error number as files hold it: "0x80045001", upper-case hexadecimal without
 // leading zeros.
 std::string ErrorNumberText(std::int32_t number);
 
-// The error in one line for people: of the add-on and the host with its number.
+// The error in one line of a reasonable length for people: of the add-on and the host with its
+// number.
 std::string Describe(const platform::Error& error);
 
 }  // namespace pactora::formats

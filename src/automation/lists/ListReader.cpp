@@ -1,8 +1,11 @@
 #include "automation/lists/ListReader.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
+
+#include "store/errors.h"
 
 namespace pactora::lists {
 
@@ -19,6 +22,10 @@ Row ListReader::At(const Place& place) const {
   row.key = row.oid = walk_.Row().oid;
   for (const Column& column : list_->columns) {
     host::Value cell = column.cell(place);
+    if (cell.GetKind() == host::Kind::Double && !std::isfinite(cell.AsDouble()))
+      store::Raise(store::StoreError::NotADatabase,
+                   std::string(list_->table) + ", Oid " + std::to_string(row.oid) + ", " +
+                       std::string(column.key) + ": der Betrag ist nicht endlich");
     const bool in_words = column.words != nullptr && codes_ == Codes::InWords;
     row.cells.push_back(in_words ? column.words(cell) : std::move(cell));
   }

@@ -126,6 +126,17 @@ void RequireOutside(const std::string& database, const std::string& file) {
     formats::Raise(formats::DoorError::BadInput, file + ": das ist die Datenbank selbst");
 }
 
+void RequireNoDatabase(const std::string& database, const std::string& file,
+                       const std::string& way_out) {
+  RequireOutside(database, file);
+#ifdef PACTORA_HAS_SQLITE
+  if (store::IsSqliteFile(file))
+    formats::Raise(formats::DoorError::BadInput, fmt::format("{}: das ist eine Datenbank{}{}", file,
+                                                             way_out.empty() ? "" : "; ", way_out));
+#endif
+  static_cast<void>(way_out);
+}
+
 platform::Error Named(const std::string& database, const platform::Error& error) {
   const bool is_named = error.Source() == formats::kErrorSource;
   if (is_named || (error.Source() != store::kErrorSource && !FatalStoreErrorOf(error.Number())))

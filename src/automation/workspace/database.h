@@ -57,6 +57,10 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
 // Raises DoorError::BadInput for a file to be written that belongs to the database.
 void RequireOutside(const std::string& database, const std::string& file);
 
+// Likewise for one that is another database; way_out says what to do about that.
+void RequireNoDatabase(const std::string& database, const std::string& file,
+                       const std::string& way_out = {});
+
 // The error with the database's name in its description, if the storage raised it or
 // it concerns the whole database. A name that is there already is not repeated.
 platform::Error Named(const std::string& database, const platform::Error& error);

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <limits>
 #include <thread>
+#include <utility>
 
 #include "store/errors.h"
 #include "store/sqlite/Statement.h"
@@ -33,6 +34,7 @@ StoreError ErrorOf(int code) {
     case SQLITE_CONSTRAINT_UNIQUE:
       return StoreError::DuplicateKey;
     case SQLITE_READONLY_ROLLBACK:
+    case SQLITE_READONLY_DBMOVED:
       return StoreError::NotReachable;
     default:
       break;
@@ -61,6 +63,8 @@ std::string DetailOf(int code, const char* message) {
   if (code == SQLITE_READONLY_ROLLBACK)
     return "eine abgebrochene Änderung ist erst zurückzunehmen; das geschieht, sobald die "
            "Datenbank zum Schreiben geöffnet wird";
+  if (code == SQLITE_READONLY_DBMOVED)
+    return "die Datei ist gelöscht oder durch eine andere ersetzt worden";
   switch (ErrorOf(code)) {
     case StoreError::Locked:
     case StoreError::ReadOnly:
@@ -143,8 +147,15 @@ void Connection::Run(const char* sql) {
   if (code != SQLITE_OK) Fail(code);
 }
 
+void Connection::RefuseWriting(std::string why) {
+  Run("PRAGMA query_only = ON");
+  why_not_written_ = std::move(why);
+}
+
 void Connection::Fail(int code) const {
-  Raise(ErrorOf(code), DetailOf(code, sqlite3_errmsg(database_)));
+  const StoreError error = ErrorOf(code);
+  Raise(error, error == StoreError::ReadOnly ? why_not_written_
+                                             : DetailOf(code, sqlite3_errmsg(database_)));
 }
 
 }  // namespace pactora::store::sqlite

@@ -38,6 +38,9 @@ class Connection {
   void Run(const char* sql);
   void Run(const std::string& sql) { Run(sql.c_str()); }
 
+  // From now on every write raises StoreError::ReadOnly with that detail.
+  void RefuseWriting(std::string why);
+
   // From now on nothing is written, not even when the connection is closed.
   void LeaveAsItIs() { leaves_file_ = true; }
 
@@ -53,6 +56,7 @@ class Connection {
 
   sqlite3* database_ = nullptr;
   bool leaves_file_ = false;
+  std::string why_not_written_;
   std::chrono::milliseconds timeout_;
   std::chrono::steady_clock::time_point since_;  // when the wait that is under way began
 };

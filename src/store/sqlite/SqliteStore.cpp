@@ -1,5 +1,11 @@
 #include "store/sqlite/SqliteStore.h"
 
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+
 #include "store/errors.h"
 #include "store/sqlite/SqliteRecordStore.h"
 #include "store/sqlite/opening.h"
@@ -47,6 +53,16 @@ std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptio
   if (!faults.empty()) Raise(StoreError::NotADatabase, faults.front());
   return std::make_unique<SqliteRecordStore>(std::move(file.connection),
                                              std::move(file.structure.catalog));
+}
+
+bool IsSqliteFile(const std::string& path) {
+  constexpr std::string_view kBeginning("SQLite format 3\0", 16);
+  std::array<char, kBeginning.size()> begin{};
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(path, ignored))
+    return false;  // reading a pipe takes from it
+  std::ifstream(path, std::ios::binary).read(begin.data(), begin.size());
+  return std::string_view(begin.data(), begin.size()) == kBeginning;
 }
 
 }  // namespace pactora::store

@@ -46,6 +46,9 @@ std::unique_ptr<RecordStore> CreateSqliteInMemory(const schema::Catalog& catalog
 // nothing and raises StoreError::NotReachable then.
 std::unique_ptr<RecordStore> OpenSqlite(const std::string& path, const OpenOptions& options = {});
 
+// Whether the file is there and is a database of SQLite, whichever program made it.
+bool IsSqliteFile(const std::string& path);
+
 // What an examination found.
 struct SqliteCheck {
   std::vector<std::string> faults;     // German, a line each

@@ -44,6 +44,11 @@ void Statement::Bind(int parameter, std::string_view text) {
     connection_.Fail(code);  // longer than SQLite's limit
 }
 
+std::int64_t ReadNumber(const Connection& connection, std::string_view sql) {
+  Statement statement(connection, sql);
+  return statement.Step() ? statement.Integer(0) : 0;
+}
+
 double StoredValue::Real() const {
   if (sqlite3_value_type(value_) == SQLITE_BLOB) [[unlikely]] {
     return Text() == kNegativeZero ? -0.0 : std::numeric_limits<double>::quiet_NaN();

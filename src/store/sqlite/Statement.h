@@ -79,6 +79,9 @@ class Statement {
   sqlite3_stmt* statement_ = nullptr;
 };
 
+// The first column of the first row, 0 where there is none.
+std::int64_t ReadNumber(const Connection& connection, std::string_view sql);
+
 // Resets a statement at the end of a block, so that no lock stays behind.
 class ResetAtEnd {
  public:

@@ -10,11 +10,6 @@
 namespace pactora::store::sqlite {
 namespace {
 
-std::int32_t Number(const Connection& connection, const char* sql) {
-  Statement statement(connection, sql);
-  return statement.Step() ? static_cast<std::int32_t>(statement.Integer(0)) : 0;
-}
-
 // Version 2 knows what was entered in bulk, finds contracts by their number, and keeps
 // number and postal address of a customer. The statements stay as they are whatever
 // later versions change.
@@ -74,13 +69,13 @@ void ToVersion2(Connection& connection) {
 }  // namespace
 
 std::int32_t ReadVersion(const Connection& connection) {
-  if (Number(connection, "PRAGMA application_id") != kApplicationId)
+  if (ReadNumber(connection, "PRAGMA application_id") != kApplicationId)
     Raise(StoreError::NotADatabase);
-  const std::int32_t version = Number(connection, "PRAGMA user_version");
+  const std::int64_t version = ReadNumber(connection, "PRAGMA user_version");
   const std::int32_t known = schema::Catalog().version;
   if (version < 1 || version > known)
     Raise(StoreError::OtherVersion, std::to_string(version) + " statt " + std::to_string(known));
-  return version;
+  return static_cast<std::int32_t>(version);
 }
 
 bool IsOfEarlierVersion(const Connection& connection) {

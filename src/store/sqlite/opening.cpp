@@ -44,7 +44,7 @@ OpenedFile OpenConnection(const std::string& path, const OpenOptions& options) {
   else if (copies)
     structure = ReadStructure(*connection);  // of the copy's moment
   if (is_old && !copies && structure.faults.empty() && options.on_migrated) options.on_migrated();
-  if (reads) connection->Run("PRAGMA query_only = ON");
+  if (reads) connection->RefuseWriting(has_additions ? structure.additions.front() : "");
   return {std::move(connection), std::move(structure)};
 }
 

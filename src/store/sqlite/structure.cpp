@@ -116,11 +116,6 @@ void AddView(std::vector<Part>& parts, const schema::Table& table) {
                        Quoted(table.name) + " ORDER BY ord"});
 }
 
-std::int64_t Number(const Connection& connection, std::string_view sql) {
-  Statement statement(connection, sql);
-  return statement.Step() ? statement.Integer(0) : 0;
-}
-
 // With its article: "die Tabelle „Artikel“".
 std::string Named(std::string_view type, std::string_view name) {
   const std::string_view noun = type == "table"   ? "die Tabelle"
@@ -183,8 +178,8 @@ void CreateStructure(Connection& connection, const schema::Catalog& catalog) {
 }
 
 bool IsBlank(const Connection& connection) {
-  return Number(connection, "SELECT count(*) FROM sqlite_schema") == 0 &&
-         Number(connection, "PRAGMA application_id") == 0;
+  return ReadNumber(connection, "SELECT count(*) FROM sqlite_schema") == 0 &&
+         ReadNumber(connection, "PRAGMA application_id") == 0;
 }
 
 namespace {
