@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "automation/formats/digest.h"
+#include "automation/workspace/contract_numbers.h"
 #include "platform/Text.h"
 #include "schema/names.h"
 #include "store/RowView.h"
@@ -33,27 +34,13 @@ ContractKeys::ContractKeys(store::RecordStore& store)
       keys_(store.Catalog().Table(schema::table::Vertragsschluessel)),
       contracts_(store.Catalog().Table(schema::table::vv_Vertraege)) {}
 
-template <typename Passes>
-bool ContractKeys::Seek(store::TableId table, std::string_view name, const std::string& text,
-                        Passes passes, store::Record& row) {
-  const schema::Table& schema = store_.Catalog().tables[table];
-  const store::IndexId index = schema.FindIndex(name).value();
-  const std::string folded = store::FoldKey(text);
-  for (std::int64_t after = 0; store_.NextByKey(table, index, folded, after, row);
-       after = row.order) {
-    if (row.keys[index] != folded) return false;
-    if (store::RowView(schema, row).Text(name) == text && passes(row)) return true;
-  }
-  return false;
-}
-
 std::optional<EnteredContract> ContractKeys::Find(const std::string& key) {
-  const schema::Table& schema = store_.Catalog().tables[keys_];
-  store::Record found;
-  const auto any = [](const store::Record&) { return true; };
-  if (!Seek(keys_, field::Schluessel, Fitting(schema, field::Schluessel, key), any, found))
-    return std::nullopt;
-  const store::RowView row(schema, found);
+  const schema::Table& description = store_.Catalog().tables[keys_];
+  const auto found =
+      workspace::SeekText(store_, keys_, schema::index::Schluessel, field::Schluessel,
+                          Fitting(description, field::Schluessel, key));
+  if (!found) return std::nullopt;
+  const store::RowView row(description, *found);
   std::string digest = row.Text(field::Pruefsumme);
   const bool is_incomplete = digest.starts_with(kIncomplete);
   if (is_incomplete) digest.erase(0, kIncomplete.size());
@@ -95,15 +82,9 @@ ReportLine ContractKeys::Judge(const EnteredContract& entered, const std::string
 }
 
 store::Oid ContractKeys::ContractOf(const std::string& number) {
-  store::Record row;
-  const auto any = [](const store::Record&) { return true; };
-  return Seek(contracts_, field::Vertragnummer, number, any, row) ? row.oid : 0;
-}
-
-bool ContractKeys::IsTaken(const std::string& number, store::Oid own) {
-  store::Record row;
-  const auto is_other = [&](const store::Record& other) { return other.oid != own; };
-  return Seek(contracts_, field::Vertragnummer, number, is_other, row);
+  const auto contract = workspace::SeekText(store_, contracts_, schema::index::Vertragnummer,
+                                            field::Vertragnummer, number);
+  return contract ? contract->oid : 0;
 }
 
 }  // namespace pactora::bulk

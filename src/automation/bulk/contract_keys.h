@@ -12,9 +12,6 @@
 
 namespace pactora::bulk {
 
-// Said of a contract whose number is another one's too.
-inline constexpr const char* kNumberTaken = "die Vertragsnummer hat schon ein anderer Vertrag";
-
 struct EnteredContract {
   std::string digest;  // of the values that were entered; empty where nobody knows them
   std::string list;    // the list or file that they stood in
@@ -42,15 +39,8 @@ class ContractKeys {
   ReportLine Judge(const EnteredContract& entered, const std::string& digest);
   // A contract of that very number, or 0.
   store::Oid ContractOf(const std::string& number);
-  // Whether another contract has the number too.
-  bool IsTaken(const std::string& number, store::Oid own);
 
  private:
-  // The first row of the index whose field holds that very text and which passes.
-  template <typename Passes>
-  bool Seek(store::TableId table, std::string_view field, const std::string& text, Passes passes,
-            store::Record& row);
-
   store::RecordStore& store_;
   const store::TableId keys_;
   const store::TableId contracts_;

@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "automation/checks/check.h"
+#include "automation/workspace/contract_numbers.h"
 #include "automation/workspace/row_walk.h"
 #include "platform/Date.h"
 #include "platform/Text.h"
@@ -108,52 +109,21 @@ class ContractCheck {
   std::string name_;
 };
 
-// Digits without leading zeros, in an order of their own: by number.
-std::string_view Significant(std::string_view digits) {
-  const std::size_t first = digits.find_first_not_of('0');
-  return first == std::string_view::npos ? std::string_view() : digits.substr(first);
-}
-
-bool IsLess(std::string_view a, std::string_view b) {
-  const auto left = Significant(a);
-  const auto right = Significant(b);
-  return left.size() != right.size() ? left.size() < right.size() : left < right;
-}
-
-bool IsNumber(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
-// At least eight digits and nothing else: what a counter gives.
-bool LooksDrawn(std::string_view number) { return number.size() >= 8 && IsNumber(number); }
-
 // The counter of this database's contract numbers, empty where there is none; none
 // where it is no number.
 std::optional<std::string> CounterNumber(store::RecordStore& store, const Finding& found) {
-  const schema::Catalog& catalog = store.Catalog();
-  const store::TableId clients = catalog.Table(table::KELM_Mandanten);
-  const store::TableId counters = catalog.Table(table::KELM_Nummern);
-  const std::string name = store.ReadProfile().name;
   std::optional<std::string> number = "";
   bool known = false;
-  store::Record client;
-  workspace::ForEachRow(store, counters, [&](const store::Record& record) {
-    const RowView counter(catalog.tables[counters], record);
-    if (!platform::EqualsIgnoringCase(counter.Text(field::Tabelle), table::vv_Vertraege) ||
-        !platform::EqualsIgnoringCase(counter.Text(field::Feld), field::Vertragnummer))
-      return true;
-    const std::string text = counter.Text(field::Nummer);
-    if (!IsNumber(text))
-      found(fmt::format("{}, Oid {}, {}: der Zähler „{}“ ist keine Zahl", table::KELM_Nummern,
-                        record.oid, field::Nummer, text));
-    if (known || !store.Read(clients, record.parent, client) ||
-        !platform::EqualsIgnoringCase(
-            RowView(catalog.tables[clients], client).Text(field::TessarinName), name))
-      return true;
-    known = true;
-    number = IsNumber(text) ? std::optional(text) : std::nullopt;
-    return true;
-  });
+  workspace::ForEachNumberCounter(
+      store, [&](const store::Record& counter, const std::string& text) {
+        const bool is_number = workspace::IsNumber(text);
+        if (!is_number)
+          found(fmt::format("{}, Oid {}, {}: der Zähler „{}“ ist keine Zahl", table::KELM_Nummern,
+                            counter.oid, field::Nummer, text));
+        if (known || !workspace::IsOwnCounter(store, counter)) return;
+        known = true;
+        number = is_number ? std::optional(text) : std::nullopt;
+      });
   return number;
 }
 
@@ -177,11 +147,11 @@ void CheckCounters(store::RecordStore& store, const Finding& found) {
   workspace::ForEachRow(store, contracts, [&](const store::Record& record) {
     const std::string number =
         RowView(catalog.tables[contracts], record).Text(field::Vertragnummer);
-    if (LooksDrawn(number) && IsLess(largest, number)) largest = number;
+    if (workspace::LooksDrawn(number) && workspace::IsLess(largest, number)) largest = number;
     return true;
   });
   const auto counter = CounterNumber(store, found);
-  if (counter && !largest.empty() && IsLess(*counter, largest))
+  if (counter && !largest.empty() && workspace::IsLess(*counter, largest))
     found(fmt::format("{}: der Zähler für {} steht auf „{}“, vergeben ist schon {}",
                       table::KELM_Nummern, field::Vertragnummer, *counter, largest));
 }

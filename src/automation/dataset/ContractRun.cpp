@@ -5,10 +5,35 @@
 #include <utility>
 
 #include "automation/formats/errors.h"
+#include "automation/workspace/contract_numbers.h"
+#include "schema/names.h"
+#include "store/RowView.h"
 
 namespace pactora::dataset {
 
 using bulk::Outcome;
+
+namespace {
+
+// What a contract with so many articles lacks whose making failed half-way, in German.
+std::string Missing(store::RecordStore& store, store::Oid oid, std::int64_t articles) {
+  const schema::Catalog& catalog = store.Catalog();
+  const store::TableId contracts = catalog.Table(schema::table::vv_Vertraege);
+  store::Record term;
+  if (!store.NextInParent(catalog.Table(schema::table::vv_Vertragsstaende), oid, 0, term))
+    return "der Vertragsstand mit allen Positionen";
+  const std::int64_t there =
+      store.CountInParent(catalog.Table(schema::table::vv_Vertragspositionen), term.oid);
+  if (there < articles)
+    return fmt::format("{} von {} Positionen, der Vertragswert", articles - there, articles);
+  store::Record contract;
+  if (store.Read(contracts, oid, contract) &&
+      !store::RowView(catalog.tables[contracts], contract).Has(schema::field::AktValue))
+    return "der Vertragswert";
+  return "ein Termin oder das Adressmerkmal";
+}
+
+}  // namespace
 
 ContractRun::ContractRun(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock,
                          bool gives_way)
@@ -85,13 +110,14 @@ void ContractRun::Enter(const ContractOrder& order, ContractResult& result) {
   std::string& message = result.line.message;
   const bool is_incomplete = made.outcome == Outcome::Failed;
   if (is_incomplete)
-    message += fmt::format("; Vertrag {} ist unvollständig gespeichert", made.number);
+    message += fmt::format("; Vertrag {} ist unvollständig gespeichert, es fehlt: {}", made.number,
+                           Missing(maker_.Store(), made.oid, order.articles->Count()));
   if (!order.key.empty())
     keys_.Add(order.key,
               {bulk::DigestOf(order.values), order.list, made.number, made.oid, is_incomplete},
               clock_.Now());
-  if (keys_.IsTaken(made.number, made.oid))
-    message += (message.empty() ? "" : "; ") + std::string(bulk::kNumberTaken);
+  if (const std::string hint = workspace::NumberHint(maker_.Store(), made.oid); !hint.empty())
+    message += (message.empty() ? "" : "; ") + hint;
 }
 
 }  // namespace pactora::dataset

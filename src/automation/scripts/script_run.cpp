@@ -14,8 +14,11 @@
 #include "automation/scripts/ScriptScreen.h"
 #include "automation/scripts/faults.h"
 #include "automation/workspace/Session.h"
+#include "automation/workspace/contract_numbers.h"
 #include "automation/workspace/fatal_store_error.h"
+#include "host/HostTable.h"
 #include "platform/Error.h"
+#include "schema/names.h"
 
 namespace pactora::scripts {
 
@@ -155,6 +158,7 @@ class Run {
     const std::string name(Name(call.operation));
     Write({{"event", "call"}, {"name", name}});
     formats::Json returned = {{"event", "return"}, {"name", name}};
+    const store::Oid contract_before = CurrentContract();
     try {
       // What was stored before an error is committed nevertheless.
       try {
@@ -179,6 +183,18 @@ class Run {
     }
     if (screen_.Failed()) Fail(screen_.Failed()->place, screen_.Failed()->reason);
     transcript_.flush();
+    const store::Oid contract = CurrentContract();
+    if (contract == contract_before) return;
+    Own([&] {
+      const std::string hint = workspace::NumberHint(session_.Store(), contract);
+      if (!hint.empty()) result_.hints.push_back(fmt::format("{}: {}", place_, hint));
+    });
+  }
+
+  // 0 for none.
+  store::Oid CurrentContract() {
+    const Faults::Silence silence(faults_);
+    return store::ParseOid(session_.Host().Table(schema::table::vv_Vertraege)->Oid()).value_or(0);
   }
 
   void Call(const CallStep& call, formats::Json& returned) {

@@ -25,6 +25,8 @@ struct RunResult {
   // place. Empty: all went well.
   std::vector<std::string> problems;
   std::vector<std::string> unused_faults;  // places of faults that did not occur
+  // What a person should know of the numbers of contracts that were made, with the places.
+  std::vector<std::string> hints;
   // A failure of the whole database, raised or shown in a message box. Failures that
   // the script rehearses don't count.
   std::optional<store::StoreError> fatal_error;

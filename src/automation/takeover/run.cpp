@@ -7,6 +7,7 @@
 
 #include "automation/formats/csv.h"
 #include "automation/formats/errors.h"
+#include "automation/workspace/contract_numbers.h"
 #include "automation/workspace/fatal_store_error.h"
 #include "automation/workspace/row_walk.h"
 #include "host/HostDb.h"
@@ -190,10 +191,8 @@ void Run::EnterContract(const Line& line, ReportLine& result) {
   const store::Oid oid = store::ParseOid(contracts->Oid()).value_or(0);
   keys_.Add(line.key, {bulk::DigestOf(line.values), list_name_, result.number, oid, false},
             clock_.Now());
-  if (keys_.IsTaken(result.number, oid)) {
-    result.message += result.message.empty() ? "" : " | ";
-    result.message += bulk::kNumberTaken;
-  }
+  if (const std::string hint = workspace::NumberHint(session_.Store(), oid); !hint.empty())
+    result.message += (result.message.empty() ? "" : " | ") + hint;
 }
 
 }  // namespace pactora::takeover

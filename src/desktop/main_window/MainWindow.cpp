@@ -15,6 +15,7 @@
 
 #include "automation/dataset/dataset_files.h"
 #include "automation/deadlines/deadlines.h"
+#include "automation/workspace/contract_numbers.h"
 #include "automation/workspace/database.h"
 #include "desktop/MessageBox.h"
 #include "desktop/main_window/ProgressDialog.h"
@@ -202,6 +203,11 @@ void MainWindow::NewContract() {
   if (done && saved) {
     statusBar()->showMessage(QStringLiteral("Vertrag angelegt"));
     pages_.setCurrentWidget(&addresses_);
+    std::string hint;
+    database_.Read([&] {
+      hint = workspace::NumberHint(database_.Store(), database_.Current(table::vv_Vertraege));
+    });
+    if (!hint.empty()) database_.Tell("Hinweis: " + hint);
   }
   ShowWork();
 }
@@ -242,6 +248,7 @@ bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
 
 bool MainWindow::ExportTo(const QString& file) {
   const bool done = database_.Do([&] {
+    workspace::RequireNoDatabase(database_.Name(), FromQt(file));
     ProgressDialog progress(QStringLiteral("Der Datenbestand wird geschrieben"), this);
     dataset::ExportDatabase(database_.Name(), FromQt(file), progress.Reporter());
   });

@@ -178,7 +178,7 @@ TEST_F(ContractRuns, ARecordThatFailsHalfWayIsKeptWithItsKeyAndOneThatStoredNoth
   EXPECT_THAT(
       CarryOut(half + Keyed("long", too_long) + Keyed("half")),
       ElementsAre("Fehler 00000001: Fehler 0x6: Überlauf; Vertrag 00000001 ist unvollständig "
-                  "gespeichert",
+                  "gespeichert, es fehlt: der Vertragswert",
                   testing::StartsWith("Fehler : Fehler 0x8004102A: "),
                   "abgelehnt : der Schlüssel gehört mit anderen Werten schon zu Vertrag "
                   "00000001"));

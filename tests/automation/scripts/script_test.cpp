@@ -245,6 +245,37 @@ TEST(ScriptRun, AFailureOfTheWholeDatabaseIsNotedInWhateverWayItIsToldButNotAReh
   EXPECT_EQ(contracts[1]["Vertragnummer"], "00000002");
 }
 
+// A call of the new-contract dialog in which a person does that and presses a button.
+std::string Dialog(const std::string& actions, const char* button) {
+  return R"({"goto": "Adressen", "oid": "1"}, {"call": "NewContract", "do": [
+      {"select": "lvwBezeichnung", "text": "Wartung Server"}, )" +
+         actions + R"({"click": ")" + button + "\"}]}, ";
+}
+
+TEST(ScriptRun, ALostSaveIsTheCallsErrorAndNoLaterCallClaimsIt) {
+  const Ran ran = RunSteps(
+      Dialog({}, "cmdOK") + Dialog({}, "cmdOK") + Dialog({}, "cmdCancel") + Dialog({}, "cmdOK"),
+      std::make_unique<FailingStore>(SampleCompany(), store::StoreError::Full));
+  std::vector<std::string> ends;
+  for (const std::string& event : ran.events)
+    if (event.find("\"return\"") + event.find("\"error\"") + 1 != std::string::npos)
+      ends.push_back(event);
+  EXPECT_THAT(ends, ElementsAre(HasSubstr("\"pbOK\":true"), HasSubstr("0x80041024"),
+                                HasSubstr("\"pbOK\":false"), HasSubstr("\"pbOK\":true")));
+  EXPECT_EQ(ran.result.fatal_error, store::StoreError::Full);
+}
+
+TEST(ScriptRun, ADrawnNumberThatWasTypedBeforeIsTold) {
+  const Ran ran = RunSteps(Dialog(R"({"set": "ChkAutoNumber", "value": false},
+                                     {"set": "txtVertragnummer", "value": "00000005"}, )",
+                                  "cmdOK") +
+                               Dialog({}, "cmdOK") + Dialog({}, "cmdOK"),
+                           SampleCompany());
+  EXPECT_THAT(ran.result.hints,
+              ElementsAre(HasSubstr("steps[1]: die Vertragsnummer 00000005 liegt vor dem Zähler"),
+                          HasSubstr("steps[5]: die Vertragsnummer 00000005 hat schon")));
+}
+
 TEST(ScriptRun, ARehearsalEndsWithTheRowsThatWereWritten) {
   std::string company = support::kCompany;
   const std::string client = R"("TessarinName": "FIRMA")";

@@ -102,6 +102,16 @@ TEST_F(MainWindowTest, ANewContractIsConcludedAndShown) {
   EXPECT_EQ(CurrentText(table::vv_Vertraege, field::Vertragnummer), "00000004");
   const int row = window->Addresses().List().Model().Find(desk->Current(table::Adressen));
   EXPECT_THAT(Texts(window->Addresses().List(), row), ElementsAre("Bäckerei Quendelbach", "1"));
+
+  steps.Add("frmNewContract", AsUser([](WindowUser& user) {
+              user.ClickRow("lvwBezeichnung", 1);
+              user.Click("ChkAutoNumber");
+              user.Click("txtVertragnummer");
+              user.Keys("00000004");
+              user.Click("cmdOK");
+            }));
+  ExpectMessage(steps, "die Vertragsnummer 00000004 hat schon ein anderer Vertrag");
+  RunSteps(steps, [&] { Action("new_contract").trigger(); });
 }
 
 TEST_F(MainWindowTest, AContractTypeIsMadeAndChanged) {
