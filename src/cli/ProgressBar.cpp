@@ -17,7 +17,9 @@ void ProgressBar::Advance() {
   if (!shown_ || now - last_ < std::chrono::milliseconds(100)) return;
   constexpr std::size_t kWidth = 40;
   const std::size_t filled = done_ * kWidth / total_;
-  fmt::print(stderr, "\r[{:#<{}}{:.<{}}] {}/{}", "", filled, "", kWidth - filled, done_, total_);
+  std::fputs(fmt::format("\r[{:#<{}}{:.<{}}] {}/{}", "", filled, "", kWidth - filled, done_, total_)
+                 .c_str(),
+             stderr);
   std::fflush(stderr);
   drawn_ = true;
   last_ = now;
@@ -29,7 +31,7 @@ void ProgressBar::ClearForOutput() {
 
 void ProgressBar::Clear() {
   if (!drawn_) return;
-  fmt::print(stderr, "\r\x1b[K");
+  std::fputs("\r\x1b[K", stderr);
   drawn_ = false;
 }
 

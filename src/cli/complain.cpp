@@ -1,7 +1,10 @@
 #include "cli/complain.h"
 
 #include <cstdio>
+#include <iostream>
 
+#include "automation/formats/errors.h"
+#include "automation/formats/files.h"
 #include "automation/formats/visible.h"
 
 namespace pactora::cli {
@@ -10,7 +13,14 @@ void Tell(const std::string& text) { std::fputs((formats::Visible(text) + "\n").
 
 void Complain(const std::string& text) {
   std::fflush(stdout);
-  Tell("pactora: " + text);
+  Tell("pactora: " + formats::Shortened(formats::SingleLine(text)));
+}
+
+void RequireOutput() {
+  std::cout.flush();
+  if (std::cout && formats::IsForWriting(stdout)) return;
+  std::cout.clear();
+  formats::Raise(formats::DoorError::NotCarriedOut, kNoOutput);
 }
 
 }  // namespace pactora::cli

@@ -23,6 +23,7 @@ struct DatasetArguments {
   std::string file;
   bool sample = false;
   bool dry_run = false;
+  bool force = false;
 };
 
 void TellDone(const std::string& done, bool dry_run) {
@@ -58,6 +59,9 @@ Status RunImport(const DatasetArguments& arguments) {
 }
 
 Status RunExport(const DatasetArguments& arguments) {
+  if (!arguments.force)
+    workspace::RequireNoDatabase(arguments.database, arguments.file,
+                                 "mit --force wird sie ersetzt");
   dataset::ExportDatabase(arguments.database, arguments.file, StopOnInterrupt());
   return Status::Done;
 }
@@ -94,6 +98,8 @@ void AddExport(CLI::App& app, Run& run) {
   AddDatabase(*command, arguments->database);
   command->add_option("DATEI", arguments->file,
                       "Wohin; ohne Angabe und bei - auf die Standardausgabe");
+  command->add_flag("--force", arguments->force, "Auch über eine Datei, die eine Datenbank ist")
+      ->group(kOptionGroup);
   command->callback([&run, arguments] { run = [arguments] { return RunExport(*arguments); }; });
 }
 

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "automation/formats/errors.h"
+#include "automation/formats/files.h"
 #include "automation/workspace/database.h"
 #include "cli/commands.h"
 #include "cli/complain.h"
@@ -111,8 +112,8 @@ std::string UsageError(const CLI::ParseError& error, const CLI::App& app,
 Status WithOutputWritten(Status status) {
   std::cout.flush();
   if (std::cout) return status;
-  Complain("die Ausgabe kann nicht geschrieben werden");
-  return Status::Refused;
+  Complain(kNoOutput);
+  return status == Status::Done ? Status::Refused : status;
 }
 
 int Main(int argc, char** argv) {
@@ -165,6 +166,7 @@ int Main(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   namespace cli = pactora::cli;
+  pactora::formats::GuardStandardStreams();
   try {
     return cli::Main(argc, argv);
   } catch (const pactora::platform::Error& error) {

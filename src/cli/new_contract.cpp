@@ -33,6 +33,7 @@ class ContractsCommand {
       : arguments_(arguments), job_(arguments.order), bar_(job_.Size()) {}
 
   Status Run() {
+    RequireOutput();
     const auto clock = ClockFor(arguments_.today);
     const bulk::Count& count = job_.Count();
     try {
@@ -80,7 +81,7 @@ class ContractsCommand {
       bar_.Advance();
     }
     // The contracts are stored: they are reported before anything else can fail.
-    std::cout.flush();
+    RequireOutput();
   }
 
   void PrintContract(const dataset::ContractResult& result) const {

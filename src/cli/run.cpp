@@ -33,12 +33,16 @@ Status RunScriptFile(const RunArguments& arguments) {
   const auto clock = ClockFor(arguments.today ? arguments.today : script.today);
   auto store = workspace::OpenDatabase(arguments.database, AccessFor(arguments.dry_run));
   scripts::RunOptions options;
-  options.at_step = RaiseIfInterrupted;
+  options.at_step = [] {
+    RaiseIfInterrupted();
+    RequireOutput();
+  };
   options.dump_written = arguments.dry_run;
   const scripts::RunResult result =
       scripts::RunScript(script, std::move(store), *clock, std::cout, options);
   for (const std::string& problem : result.problems)
     Complain(fmt::format("{}: {}", source.name, problem));
+  for (const std::string& hint : result.hints) Complain(fmt::format("{}: {}", source.name, hint));
   for (const std::string& place : result.unused_faults)
     Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
   if (result.fatal_error && result.problems.empty())

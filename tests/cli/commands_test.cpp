@@ -1,14 +1,17 @@
 // Every command as a child process: what it prints, how it ends, what it leaves.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "cli/ProgramTest.h"
@@ -194,6 +197,8 @@ TEST_F(Commands, ExportAndImportGiveTheSameBytes) {
   EXPECT_EQ(Contents(file), first.out);
   EXPECT_EQ(Run({"new-contract", copy, "-"}, kOrder).status, 0);
   EXPECT_THAT(Run({"list", copy, "contracts"}).out, HasSubstr("00000002"));
+  EXPECT_EQ(Run({"export", db, copy, "--force"}).status, 0);
+  EXPECT_EQ(Contents(copy), first.out);
 }
 
 TEST_F(Commands, ANameDoesNotActOnTheTerminalOrASpreadsheet) {
@@ -278,12 +283,16 @@ TEST_F(Commands, BadCallsEndWithOneClearLineAndNothingWritten) {
     const char* error;
     const char* input = "";
   };
+  const std::string long_key = "{\"" + std::string(100000, 'k') + "\": 1}";
   const Case cases[] = {
+      {"new-contract $firma.db -", 2, "k…k", long_key.c_str()},
       {"", 2, "ein Befehl fehlt"},
       {"initialise x.db", 2, "unbekannter Befehl: initialise"},
       {"list $firma.db types --jsn", 2, "unbekanntes Argument: --jsn"},
       {"check", 2, "DB (Hilfe: pactora check --help)"},
       {"init ''", 2, "ein Argument ist leer"},
+      {"export $firma.db $leer.db", 2, "leer.db: das ist eine Datenbank; mit --force"},
+      {"list $firma.db deadlines --ical $leer.db", 2, "leer.db: das ist eine Datenbank"},
       {"types", 2, "ein Befehl fehlt (Hilfe: pactora types --help)"},
       {"types zeigen", 2, "unbekannter Befehl: zeigen"},
       {"takeover $firma.db - --report $a --report $b", 2, "mehrmals angegeben: --report"},
@@ -358,15 +367,47 @@ TEST_F(Commands, BadCallsEndWithOneClearLineAndNothingWritten) {
   EXPECT_EQ(files(), before);
 }
 
-TEST_F(Commands, OutputThatDoesNotArriveIsNotDone) {
-  const std::string script = R"({"steps": [{"call": "DLLVersion"}]})";
-  const std::vector<std::string> calls[] = {
-      {"--version"}, {"export", db}, {"list", db, "addresses"}, {"run", db, "-"}};
-  for (const auto& call : calls) {
-    const Ended ended = Child(folder, call, script, {}, "/dev/full").Wait();
-    EXPECT_EQ(ended.status, 1) << call[0] << ended.error;
-    EXPECT_THAT(ended.error, HasSubstr("kann nicht geschrieben werden")) << call[0];
+TEST_F(Commands, OutputThatDoesNotArriveIsNotDoneAndNoLossOfStreamsAborts) {
+  int gone[2];
+  ASSERT_EQ(::pipe(gone), 0);
+  ASSERT_EQ(::dup2(gone[1], 9), 9);  // its reader goes now
+  for (const int end : gone) ::close(end);
+  const std::string lost = File("verloren.db", Contents(db));
+  const std::string data = File("bestand.json", Run({"export", db}).out);
+  const std::string script = File("s.json", R"({"steps": [{"call": "DLLVersion"}]})");
+  const std::string list = File("l.csv", "Adresse;Vertragstyp;Vertragsbeginn\n");
+  const std::string order = File("v.jsonl", OneLine(kOrder) + OneLine(kOrder));
+  const std::string made = folder.File("neu.db");
+  const std::string error = folder.File("fehler");
+  // The status when standard output can't be written, and when what it got does not arrive.
+  const std::tuple<std::string, int, int> calls[] = {
+      {"--version", 1, 1},
+      {"list " + db + " addresses", 1, 1},
+      {"types check " + db, 1, 1},
+      {"export " + db, 1, 1},
+      {"run " + db + " " + script, 1, 1},
+      {"new-contract " + lost + " " + order, 1, 3},
+      {"check " + db, 0, 0},
+      {"init " + made, 0, 0},
+      {"import " + made + " " + data, 0, 0},
+      {"takeover " + db + " " + list + " --report " + folder.File("b.csv"), 0, 0},
+  };
+  for (const auto& [call, closed, full] : calls) {
+    const std::pair<std::string, int> streams[] = {
+        {">&- 2>", closed},          {">/dev/full 2>", full},   {">&9 2>", full},
+        {"<&- >&- 2>&- 3>", closed}, {">/dev/null 2>&- 3>", 0}, {">/dev/null 2>/dev/full 3>", 0}};
+    for (const auto& [stream, status] : streams) {
+      std::filesystem::remove(made);
+      const std::string line = PACTORA_PROGRAM " " + call + " " + stream + error;
+      const int ended = std::system(line.c_str());
+      EXPECT_TRUE(WIFEXITED(ended) && WEXITSTATUS(ended) == status) << line << ": " << ended;
+      if (status != 0 && stream.find("2>&-") == std::string::npos) {
+        EXPECT_THAT(Contents(error), HasSubstr("kann nicht geschrieben werden")) << line;
+      }
+    }
   }
+  ::close(9);
+  EXPECT_THAT(Run({"list", lost, "contracts"}).out, HasSubstr("00000008")) << "2 in 4 of 6 runs";
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "cli/ProgramTest.h"
 #include "store/sqlite/Connection.h"
@@ -59,14 +60,15 @@ TEST_F(Files, ADatabaseIsNotMadeThroughALinkThatLeadsNowhere) {
 }
 
 TEST_F(Files, ADamagedDatabaseIsNotExportedAsIfItWereWhole) {
-  {
-    store::sqlite::Connection tool(db, store::sqlite::Access::ReadWrite, std::chrono::seconds(20));
-    tool.Run("UPDATE Artikel SET Nettopreis = 'quatsch' ");
+  for (const auto& [value, fault] :
+       {std::pair("'quatsch'", "der Wert passt nicht"), std::pair("9e999", "Überlauf")}) {
+    store::sqlite::Connection(db, store::sqlite::Access::ReadWrite, std::chrono::seconds(20))
+        .Run(std::string("UPDATE Artikel SET Nettopreis = ") + value);
+    const Ended ended = Run({"export", db, folder.File("bestand.json")});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_THAT(ended.error,
+                testing::ContainsRegex(std::string("Artikel, Oid [0-9]+, Nettopreis: ") + fault));
   }
-  const Ended ended = Run({"export", db, folder.File("bestand.json")});
-  EXPECT_EQ(ended.status, 1);
-  EXPECT_THAT(ended.error, testing::ContainsRegex(
-                               "firma.db: Artikel, Oid [0-9]+, Nettopreis: der Wert passt nicht"));
   EXPECT_FALSE(std::filesystem::exists(folder.File("bestand.json")));
 }
 

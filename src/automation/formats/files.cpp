@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <poll.h>
+#include <signal.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -123,6 +124,17 @@ bool TryReserve(std::FILE* file) { return ::flock(::fileno(file), LOCK_EX | LOCK
 bool Sync(std::FILE* file) { return std::fflush(file) == 0 && ::fsync(::fileno(file)) == 0; }
 
 bool IsTerminal(std::FILE* file) { return ::isatty(::fileno(file)) != 0; }
+
+void GuardStandardStreams() {
+  ::signal(SIGPIPE, SIG_IGN);
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+    if (::fcntl(stream, F_GETFD) < 0)
+      ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+}
+
+bool IsForWriting(std::FILE* file) {
+  return (::fcntl(::fileno(file), F_GETFL) & O_ACCMODE) != O_RDONLY;
+}
 
 void BecomeProgram(std::string program, std::string argument) {
   const std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};

@@ -47,6 +47,12 @@ bool Sync(std::FILE* file);
 // Whether what is written there appears on a terminal.
 bool IsTerminal(std::FILE* file);
 
+// Gives the standard streams that are closed a file that can't be read or written, so that no
+// file that is opened takes their place, and has a reader that is gone told as a failure to write.
+void GuardStandardStreams();
+// Whether the open file is open for writing.
+bool IsForWriting(std::FILE* file);
+
 // Runs the program with this argument in the place of this one; returns only when it
 // can't be started.
 void BecomeProgram(std::string program, std::string argument);

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "automation/formats/errors.h"
+#include "automation/formats/files.h"
 #include "automation/workspace/database.h"
 #include "automation/workspace/exit_status.h"
 #include "desktop/MessageBox.h"
@@ -126,4 +127,7 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace pactora::desktop
 
-int main(int argc, char** argv) { return pactora::desktop::Main(argc, argv); }
+int main(int argc, char** argv) {
+  pactora::formats::GuardStandardStreams();
+  return pactora::desktop::Main(argc, argv);
+}
