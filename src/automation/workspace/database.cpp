@@ -43,6 +43,12 @@ void RequireAvailable(const std::string& name) {
 
 std::function<void(const std::string&)> report_migration;
 
+// Raises as for a database that is not there.
+void RequireFolder(const std::string& name) {
+  if (name == kMemoryName || fs::is_directory(fs::absolute(name).parent_path())) return;
+  Naming(name, [] { store::Raise(store::StoreError::NotReachable, "den Ordner gibt es nicht"); });
+}
+
 #ifdef PACTORA_HAS_SQLITE
 void RequireFile(const std::string& name) {
   if (!DatabaseExists(name))
@@ -108,6 +114,7 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
   if (DatabaseExists(name)) formats::RaiseTaken(name);
   if (std::error_code ignored; fs::is_symlink(name, ignored))
     formats::Raise(formats::DoorError::BadInput, name + ": der Verweis führt zu keiner Datei");
+  RequireFolder(name);
   const schema::Catalog catalog = schema::ContractCatalog(workflow_add_on);
   if (name == kMemoryName || access == Access::Rehearsal) {
     fill(*store::CreateMemoryStore(catalog, profile));
