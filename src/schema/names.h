@@ -165,6 +165,7 @@ inline constexpr std::string_view CreateAppointment4AllContracts = "CreateAppoin
 inline constexpr std::string_view vv_AlarmWochenKuendigung = "vv_AlarmWochenKuendigung";
 inline constexpr std::string_view vv_AlarmWochenEnde = "vv_AlarmWochenEnde";
 inline constexpr std::string_view g_DateFormat = "g_DateFormat";
+inline constexpr std::string_view PactoraKennung = "PactoraKennung";  // never exported
 inline constexpr std::string_view vv_lt_VertragstypStatus =
     "vv_lt_VertragstypStatus";                                // lookup list
 inline constexpr std::string_view lt_Einheit = "lt_Einheit";  // lookup list

@@ -72,6 +72,9 @@ class RecordStore {
   // is gone. A row with rows of child tables under it is an error.
   virtual bool Erase(TableId table, Oid oid, std::int64_t version) = 0;
 
+  // Whether writing raises StoreError::ReadOnly.
+  virtual bool IsReadOnly() { return false; }
+
   // The unit of work.
   // Opens the unit for writing now, so that what is read from here on can't be
   // changed by another user before Commit. Waits for other users up to the

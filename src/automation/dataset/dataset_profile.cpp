@@ -12,6 +12,7 @@
 #include "automation/workspace/database.h"
 #include "platform/Text.h"
 #include "schema/Catalog.h"
+#include "schema/names.h"
 
 namespace pactora::dataset {
 
@@ -123,9 +124,15 @@ void WriteSettings(formats::JsonWriter& out, const char* key, const store::Profi
   out.EndObject();
 }
 
+// A copy of a database is another one.
+bool IsExported(const store::Setting& setting) {
+  return setting.name != schema::setting::PactoraKennung;
+}
+
 std::function<bool(const store::Setting&)> Of(SettingScope scope, const std::string& owner = {}) {
   return [scope, owner](const store::Setting& setting) {
-    return setting.scope == scope && platform::EqualsIgnoringCase(setting.owner, owner);
+    return IsExported(setting) && setting.scope == scope &&
+           platform::EqualsIgnoringCase(setting.owner, owner);
   };
 }
 

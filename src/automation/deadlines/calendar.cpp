@@ -29,6 +29,7 @@ icaltimetype Day(platform::Date date) {
 std::string What(const Deadline& deadline) {
   switch (deadline.kind) {
     case Deadline::Kind::Notice:
+      if (deadline.missed) return fmt::format("Kündigung Vertrag {} versäumt", deadline.number);
       return fmt::format("Kündigung Vertrag {} muss heute zugehen", deadline.number);
     case Deadline::Kind::TermEnd:
       return fmt::format("Laufzeit von Vertrag {} endet, ohne Kündigung verlängert er sich",
@@ -53,17 +54,35 @@ std::string Description(const Deadline& deadline) {
   return text + formats::Visible(fmt::format("Verantwortlich: {}", deadline.responsible));
 }
 
-icalcomponent* Event(const Deadline& deadline, const std::string& database, icaltimetype stamp) {
+// A week before, in the morning: the day itself is too late for most letters.
+icalcomponent* Alarm(const std::string& text) {
+  return icalcomponent_vanew(ICAL_VALARM_COMPONENT, icalproperty_new_action(ICAL_ACTION_DISPLAY),
+                             icalproperty_new_trigger(icaltriggertype_from_string("-P6DT15H")),
+                             icalproperty_new_description(text.c_str()), nullptr);
+}
+
+// A published event must name who publishes it; a database has no mail address.
+icalproperty* Organizer(const std::string& name) {
+  icalproperty* organizer = icalproperty_new_organizer("invalid:nomail");
+  icalproperty_add_parameter(organizer, icalparameter_new_cn(name.c_str()));
+  return organizer;
+}
+
+icalcomponent* Event(const Deadline& deadline, const Publisher& publisher, icaltimetype stamp) {
   const platform::Date day = deadline.ActBy();
   const bool notice = deadline.kind == Deadline::Kind::Notice;
-  const std::string uid = fmt::format("{}-{}-{}@pactora", formats::Visible(database),
+  const std::string uid = fmt::format("{}-{}-{}@pactora", formats::Visible(publisher.id),
                                       deadline.contract, notice ? "kuendigung" : "ende");
-  return icalcomponent_vanew(ICAL_VEVENT_COMPONENT, icalproperty_new_uid(uid.c_str()),
-                             icalproperty_new_dtstamp(stamp), icalproperty_new_dtstart(Day(day)),
-                             icalproperty_new_dtend(Day(platform::Date{day.days + 1})),
-                             icalproperty_new_summary(Summary(deadline).c_str()),
-                             icalproperty_new_description(Description(deadline).c_str()),
-                             icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT), nullptr);
+  const std::string summary = Summary(deadline);
+  icalcomponent* event = icalcomponent_vanew(
+      ICAL_VEVENT_COMPONENT, icalproperty_new_uid(uid.c_str()), icalproperty_new_dtstamp(stamp),
+      Organizer(formats::Visible(publisher.name)), icalproperty_new_dtstart(Day(day)),
+      icalproperty_new_dtend(Day(platform::Date{day.days + 1})),
+      icalproperty_new_summary(summary.c_str()),
+      icalproperty_new_description(Description(deadline).c_str()),
+      icalproperty_new_transp(ICAL_TRANSP_TRANSPARENT), nullptr);
+  if (!deadline.missed) icalcomponent_add_component(event, Alarm(summary));
+  return event;
 }
 
 // A calendar needs one component at least; this one shows nothing.
@@ -79,7 +98,7 @@ icalcomponent* UniversalTime() {
 
 bool HasCalendars() { return true; }
 
-std::string CalendarText(const std::vector<Deadline>& deadlines, const std::string& database,
+std::string CalendarText(const std::vector<Deadline>& deadlines, const Publisher& publisher,
                          platform::Date today) {
   icaltimetype stamp = Day(today);
   stamp.is_date = 0;
@@ -87,10 +106,11 @@ std::string CalendarText(const std::vector<Deadline>& deadlines, const std::stri
   stamp.zone = icaltimezone_get_utc_timezone();
   const Component calendar(
       icalcomponent_vanew(ICAL_VCALENDAR_COMPONENT, icalproperty_new_version("2.0"),
+                          icalproperty_new_method(ICAL_METHOD_PUBLISH),
                           icalproperty_new_prodid("-//Pactora//Fristen//DE"), nullptr));
   for (const Deadline& deadline : deadlines)
     if (deadline.ActBy() <= kLastCalendarDay)
-      icalcomponent_add_component(calendar.get(), Event(deadline, database, stamp));
+      icalcomponent_add_component(calendar.get(), Event(deadline, publisher, stamp));
   if (icalcomponent_count_components(calendar.get(), ICAL_VEVENT_COMPONENT) == 0)
     icalcomponent_add_component(calendar.get(), UniversalTime());
   char* text = icalcomponent_as_ical_string_r(calendar.get());

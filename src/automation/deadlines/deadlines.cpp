@@ -45,16 +45,25 @@ std::string Text(Deadline::Kind kind) {
   return {};
 }
 
+std::int64_t KeyOf(const Deadline& deadline) {
+  return 2 * deadline.contract + (deadline.kind == Deadline::Kind::Notice ? 0 : 1);
+}
+
 std::vector<Deadline> DeadlinesOf(const workspace::RowWalk& contracts, platform::Date today) {
   std::vector<Deadline> deadlines;
   const store::RowView row = contracts.Row(table::vv_Vertraege);
+  const std::optional<platform::Date> end = row.Date(field::VertragEnde);
+  const bool goes_on = end && *end >= today;
   const auto add = [&](Deadline::Kind kind, std::optional<platform::Date> date) {
-    if (!date || *date < today) return;
+    if (!date || (*date < today && !(kind == Deadline::Kind::Notice && goes_on))) return;
     Deadline deadline;
     deadline.kind = kind;
     deadline.contract = contracts.Row().oid;
     deadline.date = *date;
-    if (kind == Deadline::Kind::Notice) deadline.safe_receipt = contract::AddDays(*date, -1);
+    if (kind == Deadline::Kind::Notice) {
+      deadline.safe_receipt = contract::AddDays(*date, -1);
+      deadline.missed = *deadline.safe_receipt < today;
+    }
     deadline.address = contracts.Row(table::Adressen).Text(field::Name);
     deadline.number = row.Text(field::Vertragnummer);
     deadline.name = row.Text(field::Bezeichnung);
@@ -64,7 +73,7 @@ std::vector<Deadline> DeadlinesOf(const workspace::RowWalk& contracts, platform:
   };
   add(Deadline::Kind::Notice, row.Date(field::KuendfristDatum));
   const bool renews = row.Long(field::Art) == schema::kArtRenewable;
-  add(renews ? Deadline::Kind::TermEnd : Deadline::Kind::End, row.Date(field::VertragEnde));
+  add(renews ? Deadline::Kind::TermEnd : Deadline::Kind::End, end);
   return deadlines;
 }
 
@@ -83,7 +92,8 @@ std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date to
         deadlines.push_back(std::move(deadline));
   }
   std::sort(deadlines.begin(), deadlines.end(), [](const Deadline& a, const Deadline& b) {
-    return std::tie(a.date, a.contract, a.kind) < std::tie(b.date, b.contract, b.kind);
+    return std::tie(b.missed, a.date, a.contract, a.kind) <
+           std::tie(a.missed, b.date, b.contract, b.kind);
   });
   return deadlines;
 }
@@ -93,7 +103,8 @@ void WriteCalendar(const std::vector<Deadline>& deadlines, const std::string& da
   workspace::RequireNoDatabase(database, file);
   RequireCalendarOrNothing(file);
   formats::WriteOutput(file, [&](std::ostream& out) {
-    out << CalendarText(deadlines, store.ReadProfile().name, today);
+    const store::Profile profile = store.ReadProfile();
+    out << CalendarText(deadlines, {workspace::IdOf(profile), profile.name}, today);
   });
 }
 

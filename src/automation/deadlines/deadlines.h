@@ -28,6 +28,7 @@ struct Deadline {
   platform::Date date;
   // For a notice: the last safe day of receipt, one day before.
   std::optional<platform::Date> safe_receipt;
+  bool missed = false;  // a notice can no longer arrive in time
   std::string address;
   std::string number;
   std::string name;  // of the contract
@@ -41,14 +42,18 @@ struct Deadline {
 // "Kündigung", "Laufzeitende" or "Ende".
 std::string Text(Deadline::Kind kind);
 
-// The deadlines from today on of the walk's current contract.
+// Distinguishes the deadlines of a database: a contract has one notice and one end.
+std::int64_t KeyOf(const Deadline& deadline);
+
+// The deadlines from today on of the walk's current contract. A notice that was missed stays
+// until the term that it would have ended is over.
 std::vector<Deadline> DeadlinesOf(const workspace::RowWalk& contracts, platform::Date today);
 
 // Whether the day is within that many weeks from today.
 bool IsWithin(platform::Date day, platform::Date today, std::int32_t weeks);
 
-// All from today on, with weeks only those to be acted on within so many weeks
-// from today; by date, then by contract.
+// Those of all contracts, with weeks only those to be acted on within so many weeks
+// from today; what was missed first, then by date, then by contract.
 std::vector<Deadline> ReadDeadlines(store::RecordStore& store, platform::Date today,
                                     std::optional<std::int32_t> weeks);
 
@@ -58,12 +63,17 @@ bool HasCalendars();
 // Calendar files have no later day: programs that read them fail on it.
 inline constexpr platform::Date kLastCalendarDay = {219512.0};  // 31.12.2500
 
-// The deadlines up to kLastCalendarDay as a calendar (iCalendar), an all-day event each; a
-// notice stands on its safe day. The same deadlines give the same events whenever they are
-// written, so that a calendar that imports them again replaces them.
-// database tells the events of several databases apart. Raises
+// The database whose deadlines are published.
+struct Publisher {
+  std::string id;  // tells the events of several databases apart
+  std::string name;
+};
+
+// The deadlines up to kLastCalendarDay as a calendar (iCalendar), an all-day event each with
+// an alarm; a notice stands on its safe day. The same deadlines give the same events whenever
+// they are written, so that a calendar that imports them again replaces them. Raises
 // DoorError::NotAvailable where HasCalendars is false.
-std::string CalendarText(const std::vector<Deadline>& deadlines, const std::string& database,
+std::string CalendarText(const std::vector<Deadline>& deadlines, const Publisher& publisher,
                          platform::Date today);
 
 // Writes them into a file, or to standard output for "-". Raises DoorError::BadInput

@@ -6,7 +6,7 @@ namespace pactora::deadlines {
 
 bool HasCalendars() { return false; }
 
-std::string CalendarText(const std::vector<Deadline>&, const std::string&, platform::Date) {
+std::string CalendarText(const std::vector<Deadline>&, const Publisher&, platform::Date) {
   formats::Raise(formats::DoorError::NotAvailable,
                  "Kalenderdateien sind in diesem Programm nicht enthalten");
 }

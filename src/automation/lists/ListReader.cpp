@@ -54,9 +54,11 @@ std::vector<Row> ListReader::Rest() {
   if (list_->sorted_by.empty()) return rows;
   const auto column = static_cast<std::size_t>(
       std::ranges::find(list_->columns, list_->sorted_by, &Column::key) - list_->columns.begin());
-  std::ranges::stable_sort(rows, {}, [column](const Row& row) {
+  std::ranges::stable_sort(rows, {}, [&](const Row& row) {
     const platform::Date date = host::ToDate(row.cells[column]);
-    return date == platform::kNoDate ? std::numeric_limits<double>::infinity() : date.days;
+    const bool missed = list_->of_deadlines && row.strong;
+    return std::pair(
+        !missed, date == platform::kNoDate ? std::numeric_limits<double>::infinity() : date.days);
   });
   return rows;
 }

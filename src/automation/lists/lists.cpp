@@ -66,9 +66,9 @@ void MarkAppointment(const Place& place, Row& row) {
 }
 
 void MarkDeadline(const Place& place, Row& row) {
-  const bool is_notice = place.deadline.kind == Deadline::Kind::Notice;
-  row.key = 2 * row.oid + (is_notice ? 0 : 1);
+  row.key = deadlines::KeyOf(place.deadline);
   row.act_by = place.deadline.ActBy();
+  row.strong = place.deadline.missed;
 }
 
 }  // namespace
@@ -140,6 +140,7 @@ const List& Deadlines() {
           const auto& receipt = place.deadline.safe_receipt;
           return receipt ? host::Value(*receipt) : host::Value();
         }},
+       {"Versäumt", "Versaeumt", CellKind::Mark, DeadlineCell(&Deadline::missed)},
        {"Adresse", "Adresse", CellKind::Text, DeadlineCell(&Deadline::address)},
        {"Nummer", field::Vertragnummer, CellKind::Text, DeadlineCell(&Deadline::number)},
        {"Bezeichnung", field::Bezeichnung, CellKind::Text, DeadlineCell(&Deadline::name)},

@@ -22,7 +22,7 @@ struct Row {
   std::int64_t key = 0;            // distinguishes the rows of a list
   store::Oid oid = 0;              // of the row of the database that it stands for
   std::vector<host::Value> cells;  // one for each column
-  bool strong = false;             // needs attention: it is due and not done
+  bool strong = false;             // needs attention: due and not done, or missed
   bool done = false;
   platform::Date act_by = platform::kNoDate;  // the last day on which to act
 };
@@ -58,7 +58,8 @@ const List& Addresses();
 const List& Types();
 const List& Contracts();
 const List& Appointments();
-// Last days for notice and ends of contracts from today on. A row stands for the contract.
+// Last days for notice and ends of contracts; what was missed comes first. A row stands for
+// the contract.
 const List& Deadlines();
 // Of addresses.
 const List& Attributes();

@@ -43,6 +43,7 @@ class ForwardingStore : public store::RecordStore {
   bool Erase(store::TableId table, store::Oid oid, std::int64_t version) override {
     return store_->Erase(table, oid, version);
   }
+  bool IsReadOnly() override { return store_->IsReadOnly(); }
   void LockForUpdate() override { store_->LockForUpdate(); }
   bool InUnit() const override { return store_->InUnit(); }
   void Commit() override { store_->Commit(); }

@@ -76,15 +76,22 @@ bool IsOwnCounter(store::RecordStore& store, const store::Record& counter) {
              store.ReadProfile().name);
 }
 
+bool IsNumberTaken(store::RecordStore& store, const store::Record& contract) {
+  const store::TableId contracts = store.Catalog().Table(table::vv_Vertraege);
+  const std::string number =
+      store::RowView(store.Catalog().tables[contracts], contract).Text(field::Vertragnummer);
+  return !number.empty() &&
+         SeekText(store, contracts, schema::index::Vertragnummer, field::Vertragnummer, number,
+                  [&](const store::Record& other) { return other.oid != contract.oid; });
+}
+
 std::string NumberHint(store::RecordStore& store, store::Oid contract) {
   const store::TableId contracts = store.Catalog().Table(table::vv_Vertraege);
   store::Record row;
   if (!store.Read(contracts, contract, row)) return {};
   const std::string number =
       store::RowView(store.Catalog().tables[contracts], row).Text(field::Vertragnummer);
-  if (number.empty()) return {};
-  if (SeekText(store, contracts, schema::index::Vertragnummer, field::Vertragnummer, number,
-               [&](const store::Record& other) { return other.oid != contract; }))
+  if (IsNumberTaken(store, row))
     return fmt::format("die Vertragsnummer {} hat schon ein anderer Vertrag", number);
   if (!LooksDrawn(number)) return {};
   bool is_ahead = true;

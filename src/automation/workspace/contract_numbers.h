@@ -31,6 +31,9 @@ void ForEachNumberCounter(
 // Whether the counter belongs to this database's client.
 bool IsOwnCounter(store::RecordStore& store, const store::Record& counter);
 
+// Whether another contract has the number of this one.
+bool IsNumberTaken(store::RecordStore& store, const store::Record& contract);
+
 // What a person should know of a stored contract's number, as a German clause that names it: that
 // another contract has it too, or that the counter will give it out once more. Empty for nothing.
 std::string NumberHint(store::RecordStore& store, store::Oid contract);

@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <random>
 #include <system_error>
 #include <utility>
 
@@ -12,6 +14,7 @@
 #include "automation/workspace/fatal_store_error.h"
 #include "platform/Error.h"
 #include "schema/Catalog.h"
+#include "schema/names.h"
 #include "store/errors.h"
 #include "store/memory/MemoryStore.h"
 #ifdef PACTORA_HAS_SQLITE
@@ -49,6 +52,32 @@ void RequireFolder(const std::string& name) {
   Naming(name, [] { store::Raise(store::StoreError::NotReachable, "den Ordner gibt es nicht"); });
 }
 
+auto FindId(const store::Profile& profile) {
+  return std::ranges::find_if(profile.settings, [](const store::Setting& setting) {
+    return setting.scope == store::SettingScope::Database &&
+           setting.name == schema::setting::PactoraKennung;
+  });
+}
+
+#ifdef PACTORA_HAS_SQLITE
+void GiveId(store::RecordStore& store) {
+  const auto has_one = [&] {
+    const store::Profile profile = store.ReadProfile();
+    return FindId(profile) != profile.settings.end();
+  };
+  if (has_one()) return;
+  store.LockForUpdate();
+  if (!has_one()) {
+    std::random_device random;
+    std::string id;
+    for (int i = 0; i < 4; ++i) id += fmt::format("{:08x}", random());
+    store.WriteSetting(
+        {store::SettingScope::Database, {}, std::string(schema::setting::PactoraKennung), id});
+  }
+  store.Commit();
+}
+#endif
+
 #ifdef PACTORA_HAS_SQLITE
 void RequireFile(const std::string& name) {
   if (!DatabaseExists(name))
@@ -76,6 +105,11 @@ store::Profile DefaultProfile(const std::string& name) {
   return profile;
 }
 
+std::string IdOf(const store::Profile& profile) {
+  const auto id = FindId(profile);
+  return id == profile.settings.end() ? profile.name : host::ToText(id->value);
+}
+
 bool DatabaseExists(const std::string& name) {
   RequireAvailable(name);
   std::error_code ignored;
@@ -93,7 +127,10 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
     };
     return Naming(name, [&] {
       RequireFile(name);
-      return store::OpenSqlite(name, options);
+      auto store = store::OpenSqlite(name, options);
+      if ((access == Access::Write || access == Access::Any) && !store->IsReadOnly())
+        GiveId(*store);
+      return store;
     });
   }
 #endif
@@ -122,7 +159,10 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
   }
 #ifdef PACTORA_HAS_SQLITE
   const formats::ScratchFile scratch(name);
-  fill(*Naming(name, [&] { return store::CreateSqlite(scratch.Path(), catalog, profile); }));
+  const auto store =
+      Naming(name, [&] { return store::CreateSqlite(scratch.Path(), catalog, profile); });
+  fill(*store);
+  GiveId(*store);
   scratch.BecomeTarget();
 #endif
 }

@@ -31,6 +31,10 @@ inline constexpr const char* kDefaultUser = "Benutzer";
 // A database of that name with one user and no settings.
 store::Profile DefaultProfile(const std::string& name);
 
+// What tells the database apart from all others, whatever their names; its name for a
+// database that was never written since it has been given one.
+std::string IdOf(const store::Profile& profile);
+
 // Whether a database or another file has that name; false for ":memory:".
 bool DatabaseExists(const std::string& name);
 
@@ -43,7 +47,8 @@ void ReportMigrationTo(std::function<void(const std::string& name)> report);
 // wait ends and raises StoreError::Locked. asked must not use that database.
 void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited));
 
-// Opens a database; ":memory:" is a new, empty one. Raises what the store raises,
+// Opens a database, and gives it an id if it has none and can be written; ":memory:" is a
+// new, empty one. Raises what the store raises,
 // and DoorError::NotAvailable for a kind that this build can't open.
 std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access access);
 

@@ -284,6 +284,11 @@ void SqliteRecordStore::LeaveUnit() {
   reads_.Clear();
 }
 
+bool SqliteRecordStore::IsReadOnly() {
+  Statement asked(*File().connection, "PRAGMA query_only");
+  return ReadNumber(asked) != 0;
+}
+
 void SqliteRecordStore::LockForUpdate() { EnterUnit(); }
 
 void SqliteRecordStore::SaveLastNumber() {

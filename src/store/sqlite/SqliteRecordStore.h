@@ -33,6 +33,8 @@ class SqliteRecordStore final : public RecordStore {
   void UpdateKeys(TableId table, Oid oid, const std::vector<std::string>& keys) override;
   bool Erase(TableId table, Oid oid, std::int64_t version) override;
 
+  bool IsReadOnly() override;
+
   void LockForUpdate() override;
   bool InUnit() const override { return in_unit_; }
   void Commit() override;

@@ -7,6 +7,8 @@
 
 #include "automation/company.h"
 #include "automation/lists/ListReader.h"
+#include "automation/lists/details.h"
+#include "store/RowView.h"
 
 namespace pactora::lists {
 namespace {
@@ -40,11 +42,11 @@ TEST(Lists, RowsHaveWhatStandsAboveThemAndComeByDate) {
   EXPECT_THAT(Lines(Addresses(), due, Codes::AsStored, 3), ElementsAre());
 }
 
-TEST(Lists, DeadlinesAreThoseFromTodayOnAndANoticeNamesItsSafeDay) {
+TEST(Lists, DeadlinesBeginWithWhatWasMissedAndANoticeNamesItsSafeDay) {
   const List list = ListOf(Deadlines(), {"Frist", "Vertragnummer", "Datum", "Zugang", "Typ"});
   EXPECT_THAT(Lines(list, FromCivil(2024, 5, 1), Codes::InWords),
-              ElementsAre("Ende|2|01.05.2024||Verbindlichkeit|",
-                          "Kündigung|1|01.05.2024|30.04.2024|Verbindlichkeit|",
+              ElementsAre("!Kündigung|1|01.05.2024|30.04.2024|Verbindlichkeit|",
+                          "Ende|2|01.05.2024||Verbindlichkeit|",
                           "Laufzeitende|1|30.06.2024||Verbindlichkeit|"));
 }
 
@@ -65,6 +67,30 @@ TEST(Lists, DeadlinesOfSomeWeeksAreThoseOfTheCalendar) {
   }
   const platform::Date last{platform::kLastDay};
   EXPECT_TRUE(deadlines::IsWithin(last, last, deadlines::kMostWeeks)) << "past the calendar's end";
+}
+
+// Of the first row of the table.
+std::string DetailsOf(std::string_view table) {
+  const auto store = support::SampleCompany();
+  const store::TableId id = store->Catalog().Table(table);
+  const store::Record row = workspace::AllRows(*store, id).at(0);
+  std::string text;
+  for (const Detail& detail : Details(table, {store->Catalog().tables[id], row}))
+    text += std::string(detail.title) + " " + host::ToText(detail.value) + "|";
+  return text;
+}
+
+TEST(Lists, DetailsAreSaidInWordsAndOnce) {
+  EXPECT_EQ(DetailsOf("vv_Vertraege"),
+            "Nummer 00000001|Bezeichnung Hotline-Abonnement|Typ Forderung|Art unbefristet|"
+            "Verantwortlich Meral|Beginn 15.03.2026|Ende unbefristet|Unterschrieben 15.03.2026|"
+            "Kündigungsfrist 4 Wochen|Zahlung monatlich|Netto 130|Nächste Rechnung 15.03.2026|"
+            "Setzt das Merkmal Betreuung, Hotline: werktags|");
+  EXPECT_EQ(DetailsOf("vv_Vertragsstaende"),
+            "Laufzeit erste|Beginn 15.03.2026|Ende unbefristet|Zahlung monatlich|Netto 130|"
+            "Rechnung im voraus|Nächste Rechnung 15.03.2026|");
+  EXPECT_THAT(DetailsOf("vv_Vertragspositionen"),
+              testing::HasSubstr("|Anzahl 1|Einheit Pauschale|Einzelpreis 50|Netto 50|"));
 }
 
 }  // namespace
