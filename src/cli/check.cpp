@@ -26,6 +26,7 @@ std::int64_t CheckRows(store::RecordStore& store, const checks::Finding& found,
   try {
     checks::CheckDatabase(store, found, RaiseIfInterrupted);
     checks::CheckNumbers(store, hint);
+    checks::CheckDerived(store, hint, RaiseIfInterrupted);
   } catch (const platform::Error& error) {
     // Too damaged to read on.
     if (error.Number() != store::Number(store::StoreError::NotADatabase)) throw;

@@ -37,4 +37,9 @@ void CheckCounters(store::RecordStore& store, const Finding& found);
 // person from typing one, so they are no faults.
 void CheckNumbers(store::RecordStore& store, const Finding& hint);
 
+// Neither: values that differ from what others in the contract give (ends, notice dates,
+// amounts, numbers of positions). A person or another program may have wanted them so.
+void CheckDerived(store::RecordStore& store, const Finding& hint,
+                  const std::function<void()>& at_row = {});
+
 }  // namespace pactora::checks

@@ -127,17 +127,47 @@ TEST(Check, NamesRowsThatAreMissingOrTooMany) {
   key.Expect("falscher Schlüssel im Index ID");
 }
 
-TEST(Check, HintsAtANumberThatTwoContractsHave) {
-  Damaged database;
-  const auto hints = [&database] {
+TEST(Check, HintsAtWhatIsUnusualButNoFault) {
+  const auto hints = [](store::RecordStore& store) {
     std::vector<std::string> texts;
-    CheckNumbers(database.Store(), [&](const std::string& text) { texts.push_back(text); });
+    const auto add = [&](const std::string& text) { texts.push_back(text); };
+    CheckNumbers(store, add);
+    CheckDerived(store, add);
     return texts;
   };
-  EXPECT_THAT(hints(), IsEmpty());
-  database.Set("vv_Vertraege", "Vertragnummer", "00000002");
-  EXPECT_THAT(hints(), ElementsAre(HasSubstr("Vertragnummer: „00000002“ hat auch Oid")));
-  EXPECT_THAT(Findings(database.Store()), IsEmpty());
+  EXPECT_THAT(hints(Damaged().Store()), IsEmpty());
+  EXPECT_THAT(hints(*SampleCompany()), IsEmpty());
+  struct Case {
+    const char* table;
+    const char* field;
+    host::Value value;
+    const char* hint;
+  };
+  const platform::Date day = platform::FromCivil(2030, 1, 31);
+  const Case cases[] = {
+      {"vv_Vertraege", "Vertragnummer", "00000002", "Vertragnummer: „00000002“ hat auch Oid"},
+      {"vv_Vertraege", "VertragEnde", day, "VertragEnde abweichend, „31.01.2030“ statt „"},
+      {"vv_Vertragsstaende", "Value", 1.0, "Value abweichend, „1.00“ statt „"},
+      {"vv_Vertragspositionen", "Row", "007", "Row abweichend, „007“ statt „001 bis 001“"},
+  };
+  for (const auto& [table, field, value, hint] : cases) {
+    Damaged database;
+    database.Set(table, field, value);
+    EXPECT_THAT(hints(database.Store()), ElementsAre(HasSubstr(hint)));
+    EXPECT_THAT(Findings(database.Store()), IsEmpty());
+  }
+  // A contract that renews has a notice date as well.
+  const auto sample = SampleCompany();
+  const store::TableId contracts = sample->Catalog().Table("vv_Vertraege");
+  const std::size_t notice =
+      sample->Catalog().tables[contracts].FindField("KuendfristDatum").value();
+  for (store::Record& contract : workspace::AllRows(*sample, contracts))
+    if (!contract.cells[notice].IsEmpty()) {
+      contract.cells[notice] = day;
+      ASSERT_TRUE(sample->Update(contracts, contract));
+      break;
+    }
+  EXPECT_THAT(hints(*sample), ElementsAre(HasSubstr("KuendfristDatum abweichend, „31.01.2030“")));
 }
 
 TEST(Check, IsSilentOnWhatIsSoundAndOnATypedNumberThatNoCounterGives) {
