@@ -1,15 +1,10 @@
-// Takeover lists: every good line once, every faulty one with its reason, however
-// often the program was killed on the way.
+// Takeover lists: every good line once, every faulty one with its reason.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <signal.h>
 
-#include <chrono>
 #include <filesystem>
 #include <nlohmann/json.hpp>
-#include <random>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "automation/formats/csv.h"
@@ -102,37 +97,6 @@ TEST_F(Takeover, ReportsEachLineWithItsOutcomeAndKeepsTheRefusedOnesToBeMended) 
   EXPECT_EQ(Report()[1].cells[2], "übersprungen");
   EXPECT_EQ(Report()[10].cells[2], "abgelehnt") << "as in the first run";
   EXPECT_EQ(Report()[5].cells[2], "angelegt");
-}
-
-TEST_F(Takeover, KilledAtAnyMomentAndRepeatedMakesNoContractTwice) {
-  constexpr int kLines = 120;
-  std::string text = kHeader;
-  for (int i = 0; i < kLines; ++i) {
-    text += "K" + std::to_string(i) + ";" + std::to_string(1 + i % 20) +
-            (i % 30 == 7 ? ";Wartung Mond;" : ";Wartung Server;") + "01.01.2024;01.01.2025;\n";
-  }
-  Write(list, text);
-  const std::size_t before = CountContracts();
-  std::mt19937 random(7);
-  int killed = 0;
-  for (int round = 0; round < 12; ++round) {
-    Child child(folder, Call());
-    std::this_thread::sleep_for(
-        std::chrono::milliseconds(std::uniform_int_distribution<int>(5, 250)(random)));
-    child.Signal(SIGKILL);
-    killed += child.Wait().status == -SIGKILL;
-  }
-  EXPECT_GT(killed, 0);
-  const Ended ended = Pactora(folder, Call());
-  EXPECT_EQ(ended.status, 3) << ended.error;
-  EXPECT_EQ(CountContracts(), before + kLines - 4);
-  const std::vector<CsvRow> rows = Report();
-  ASSERT_EQ(rows.size(), kLines + 1u) << "one line for each line of the list";
-  for (int i = 0; i < kLines; ++i) {
-    EXPECT_EQ(rows[static_cast<std::size_t>(i) + 1].cells[1], "K" + std::to_string(i));
-  }
-  const Ended checked = Pactora(folder, {"check", db});
-  EXPECT_EQ(checked.status, 0) << checked.out;
 }
 
 TEST_F(Takeover, NoCorrectionOfTheRefusedLinesIsReplaced) {

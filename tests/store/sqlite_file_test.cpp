@@ -17,32 +17,6 @@ using testing::Not;
 namespace field = schema::field;
 namespace table = schema::table;
 
-TEST_F(SqliteFile, WhatWasCommittedIsThereAfterReopeningInOneFile) {
-  Record written;
-  {
-    const auto store = Create();
-    written = Row(*store, table::vv_Vertraege, AddAddress(*store, "Müller"),
-                  {{field::Vertragnummer, "00000001"},
-                   {field::VertragBeginn, host::Date{45366.5}},
-                   {field::AktValue, 1200.5},
-                   {field::NoBooking, false}});
-    store->Insert(TableOf(*store, table::vv_Vertraege), written);
-    store->Commit();
-    InsertedOid(*store, table::Adressen);
-  }
-  {
-    const auto store = Open();
-    Record found;
-    ASSERT_TRUE(store->Read(TableOf(*store, table::vv_Vertraege), written.oid, found));
-    EXPECT_EQ(Text(found), Text(written));
-    EXPECT_EQ(Text(store->ReadProfile()), Text(SampleProfile()));
-    EXPECT_EQ(Addresses(*store), 1) << "what was not committed is gone";
-    EXPECT_GT(AddAddress(*store, "Maier"), written.oid) << "the numbers go on";
-  }
-  const std::filesystem::directory_iterator files(std::filesystem::path(path_).parent_path());
-  EXPECT_EQ(std::distance(begin(files), end(files)), 1);
-}
-
 TEST_F(SqliteFile, KnowsWhetherItHasTheWorkflowAddOn) {
   for (const bool workflow : {true, false}) {
     const std::string path = folder_.File(workflow ? "mit.db" : "ohne.db");
