@@ -15,6 +15,7 @@
 #include "desktop/binding/access_keys.h"
 #include "desktop/layout/layouts.h"
 #include "desktop/text.h"
+#include "desktop/unsaved_input.h"
 
 namespace pactora::desktop {
 namespace {
@@ -160,6 +161,7 @@ void DialogWindow::Run() {
     throw;
   }
   acting_ = false;
+  input_at_start_ = InputOf(form_);
   Refresh();
   ShowFocus(Qt::TabFocusReason);
   if (form_.Visible()) loop_.exec();
@@ -307,7 +309,10 @@ void DialogWindow::ShowFocus(Qt::FocusReason reason) {
 }
 
 void DialogWindow::CloseByPerson() {
-  if (!form_.Visible()) return;
+  if (!form_.Visible() || acting_) return;
+  const Binder* binder = BinderOf(form_.Focus());
+  const bool is_typing = binder && binder->HasUncommitted();
+  if ((is_typing || InputOf(form_) != input_at_start_) && !MayDiscardInput(this)) return;
   Carry([](ui::Person& person) { return person.Close(); });
 }
 

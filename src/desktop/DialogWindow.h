@@ -11,6 +11,7 @@
 #include <QHash>
 #include <exception>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "desktop/binding/binders.h"
@@ -56,6 +57,7 @@ class DialogWindow final : public QDialog, private PersonDoor, private ui::FormO
   void ConnectLabels();
   void ChooseKeys();
   void FitToScreen();
+  // By Esc or by the window's frame: asks first where something was entered.
   void CloseByPerson();
   // Runs what a person did; afterwards the unit of work is ended and the widgets
   // show the outcome. A failure ends the dialog.
@@ -80,6 +82,7 @@ class DialogWindow final : public QDialog, private PersonDoor, private ui::FormO
   Qt::FocusReason reason_ = Qt::OtherFocusReason;
   QEventLoop loop_;
   std::exception_ptr failure_;
+  std::string input_at_start_;
   bool acting_ = false;
   bool refresh_asked_ = false;
 };

@@ -11,7 +11,9 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -45,6 +47,16 @@ class WindowUser {
     QWidget* widget = &Get(name);
     if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) widget = area->viewport();
     QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(10, widget->height() / 2));
+  }
+  // Lets the time pass after which what was typed is handed over.
+  void Pause() {
+    for (QTimer* pause : window_.findChildren<QTimer*>(QStringLiteral("pause"))) {
+      if (!pause->isActive()) continue;
+      const int usual = pause->interval();
+      pause->setInterval(0);
+      while (pause->isActive()) QApplication::processEvents();
+      pause->setInterval(usual);
+    }
   }
   void ClickRow(const char* name, int row) {
     auto& view = Get<QAbstractItemView>(name);
@@ -154,6 +166,15 @@ inline void ExpectMessage(WindowSteps& steps, const std::string& text) {
   steps.Add("message", [text](QWidget& window) {
     EXPECT_THAT(window.property("text").toString().toStdString(), testing::HasSubstr(text));
     QTest::keyClick(&window, Qt::Key_Return);
+  });
+}
+
+// The question whether the input is to be given up, answered by the button of that text.
+inline void ExpectDiscardQuestion(WindowSteps& steps, const QString& answer) {
+  steps.Add("message", [answer](QWidget& window) {
+    EXPECT_EQ(window.property("text").toString(), "Die Eingaben sind nicht gespeichert.");
+    for (auto* button : window.findChildren<QPushButton*>())
+      if (button->text() == answer) button->click();
   });
 }
 

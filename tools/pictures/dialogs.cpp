@@ -46,6 +46,10 @@ void AddNewContract(WindowSteps& steps, Pictures& pictures) {
     pictures.Take(window, "new-contract");
     dynamic_cast<QDialog&>(window).reject();
   });
+  steps.Add("message", [&](QWidget& window) {
+    pictures.Take(window, "unsaved");
+    window.findChildren<QAbstractButton*>().constLast()->click();
+  });
 }
 
 void AddDefinition(WindowSteps& steps, Pictures& pictures) {

@@ -53,6 +53,8 @@ class Binder : public QObject {
   // Takes over what was typed but not handed to the control yet. False, after a
   // message, when it cannot be taken: the person has to correct it.
   virtual bool Commit() { return true; }
+  // Whether there is something that Commit would take over.
+  virtual bool HasUncommitted() const { return false; }
 
   // The text in which an access key can be marked; empty for none.
   virtual QString MarkableText() const { return {}; }

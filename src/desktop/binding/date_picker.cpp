@@ -107,6 +107,7 @@ class DatePickerBinder final : public Binder {
     return {edit_, open_};
   }
 
+  bool HasUncommitted() const override { return typed_; }
   bool Commit() override {
     if (!typed_) return true;
     const auto date = ReadTypedDate(FromQt(edit_->text()), picker_.ShownDate());

@@ -1,7 +1,11 @@
+#include <QTimer>
+#include <algorithm>
+
 #include "desktop/binding/binders.h"
 #include "desktop/binding/typing.h"
 #include "desktop/colors.h"
 #include "desktop/text.h"
+#include "ui/keys.h"
 
 namespace pactora::desktop {
 namespace {
@@ -14,9 +18,10 @@ template <typename Edit>
 class TextBoxBinder : public Binder {
  public:
   TextBoxBinder(ui::TextBox& box, PersonDoor& door, QWidget& parent)
-      : Binder(door, box),
-        box_(box),
-        edit_(*new Edit(&parent, [this](std::int32_t& key) { PressKey(key); })) {
+      : Binder(door, box), box_(box), edit_(*new Edit(&parent, [this](std::int32_t& key) {
+          if (GoesBehindNumber(key) && !Commit()) key = 0;
+          PressKey(key);
+        })) {
     edit_.setReadOnly(box.ReadOnly());
     edit_.setFocusPolicy(Qt::TabFocus);
   }
@@ -26,6 +31,11 @@ class TextBoxBinder : public Binder {
  protected:
   virtual QString Shown() const = 0;
   virtual void ShowText(const QString& text) = 0;
+
+  // Whether the key handler has to know what was typed before this key.
+  static bool GoesBehindNumber(std::int32_t key) {
+    return key != ui::kBackspace && !(key >= '0' && key <= '9');
+  }
 
   // The person changed the text.
   void Typed() {
@@ -64,11 +74,33 @@ class TextBoxBinder : public Binder {
   }
 };
 
+// A number is handed over when the person pauses or does something else: its first digit
+// alone is mostly not what was meant, and some dialogs object to it at once.
 class LineBinder final : public TextBoxBinder<FilteredLineEdit> {
  public:
   LineBinder(ui::TextBox& box, PersonDoor& door, QWidget& parent)
       : TextBoxBinder(box, door, parent) {
-    connect(&edit_, &QLineEdit::textEdited, this, [this] { Typed(); });
+    pause_.setObjectName(QStringLiteral("pause"));
+    pause_.setSingleShot(true);
+    pause_.setInterval(kPause);
+    connect(&pause_, &QTimer::timeout, this, [this] { Typed(); });
+    connect(&edit_, &QLineEdit::textEdited, this, [this](const QString& text) {
+      pause_.stop();
+      if (IsNumber(text))
+        pause_.start();
+      else
+        Typed();
+    });
+  }
+
+  bool HasUncommitted() const override { return pause_.isActive(); }
+  bool Commit() override {
+    if (!pause_.isActive()) return true;
+    pause_.stop();
+    const QString typed = Shown();
+    Typed();
+    // What the dialog made of it is to be seen before anything follows from it.
+    return Shown() == typed;
   }
 
  protected:
@@ -76,10 +108,22 @@ class LineBinder final : public TextBoxBinder<FilteredLineEdit> {
   // The caret keeps its distance from the end: the program rewrites what a person
   // is just typing.
   void ShowText(const QString& text) override {
+    pause_.stop();
     const qsizetype behind_caret = edit_.text().size() - edit_.cursorPosition();
     edit_.setText(text);
     edit_.setCursorPosition(static_cast<int>(qMax<qsizetype>(0, text.size() - behind_caret)));
   }
+
+ private:
+  static constexpr int kPause = 700;  // milliseconds
+
+  static bool IsNumber(const QString& text) {
+    return !text.isEmpty() && std::ranges::all_of(text, [](QChar c) {
+      return (c >= u'0' && c <= u'9') || c == u',' || c == u'.' || c == u'-';
+    });
+  }
+
+  QTimer& pause_ = *new QTimer(&edit_);
 };
 
 class MemoBinder final : public TextBoxBinder<FilteredTextEdit> {

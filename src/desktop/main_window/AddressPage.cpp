@@ -17,7 +17,7 @@ namespace {
 namespace table = schema::table;
 
 // Characters of the tree's columns, in the order of ContractTree::Column.
-constexpr int kWidths[] = {38, 10, 10, 12, 13, 9, 8, 15, 14};
+constexpr int kWidths[] = {33, 10, 10, 12, 12, 9, 9, 8, 15, 8};
 constexpr int kListWidth = 40;  // characters of the list of addresses
 
 void Fill(ListModel& model, std::vector<ListRow> rows) {
@@ -84,10 +84,18 @@ QWidget* AddressPage::MakeRight() {
   timeline->setFrameShape(QFrame::NoFrame);
   tabs_.setObjectName(QStringLiteral("address_tabs"));
   tabs_.addTab(timeline, QStringLiteral("Zeitstrahl"));
-  tabs_.addTab(&field_table_, QStringLiteral("Einzelheiten"));
+  stored_fields_.setObjectName(QStringLiteral("stored_fields"));
+  stored_fields_.setToolTip(QStringLiteral("Für die Betreuung: Namen und Werte der Datenbank"));
+  connect(&stored_fields_, &QCheckBox::toggled, this, [this] { ShowDetails(); });
+  auto* details = new QWidget;
+  auto* detail_layout = new QVBoxLayout(details);
+  detail_layout->setContentsMargins(0, 0, 0, 0);
+  detail_layout->addWidget(&detail_table_, 1);
+  detail_layout->addWidget(&stored_fields_);
+  tabs_.addTab(details, QStringLiteral("Einzelheiten"));
   tabs_.addTab(&attribute_table_, QStringLiteral("Merkmale"));
   appointment_tab_ = tabs_.addTab(&appointment_table_, QStringLiteral("Termine"));
-  field_table_.setAccessibleName(QStringLiteral("Einzelheiten"));
+  detail_table_.setAccessibleName(QStringLiteral("Einzelheiten"));
   attribute_table_.setAccessibleName(QStringLiteral("Merkmale"));
   appointment_table_.setAccessibleName(QStringLiteral("Termine"));
   // All parts of the page show the same address.
@@ -154,7 +162,7 @@ void AddressPage::ShowContract(store::Oid contract) {
   if (!index.isValid() && contracts_.rowCount() > 0) index = contracts_.index(0, 0);
   if (!index.isValid()) {
     timeline_.Show(std::nullopt, database_.Clock().Today());
-    Fill(fields_, {});
+    Fill(details_, {});
     return;
   }
   tree_.setCurrentIndex(index);
@@ -169,8 +177,16 @@ void AddressPage::ChooseRow(const QModelIndex& index) {
     database_.GoTo(database_.Store().Catalog().tables[place.table].name, place.oid);
     timeline_.Show(ReadTimeline(database_.Store(), contracts_.ContractOf(index)),
                    database_.Clock().Today());
-    Fill(fields_, ReadFields(database_, place.table, place.oid));
+    ShowDetails();
   });
+}
+
+void AddressPage::ShowDetails() {
+  const QModelIndex index = tree_.currentIndex();
+  if (!index.isValid()) return;
+  const ContractTree::Place place = contracts_.At(index);
+  const Shows shows = stored_fields_.isChecked() ? Shows::StoredFields : Shows::Words;
+  database_.Read([&] { Fill(details_, ReadDetails(database_, place.table, place.oid, shows)); });
 }
 
 }  // namespace pactora::desktop

@@ -6,6 +6,7 @@
 // rows to which the add-on has moved.
 #pragma once
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QTabWidget>
 #include <QTreeView>
@@ -33,6 +34,8 @@ class AddressPage final : public Page {
   void ChooseRow(const QModelIndex& index);
   void ShowAddress(store::Oid address);
   void ShowContract(store::Oid contract);
+  // What the chosen row of the tree says.
+  void ShowDetails();
 
   OpenDatabase& database_;
   ListPage addresses_;
@@ -41,8 +44,9 @@ class AddressPage final : public Page {
   QTreeView tree_;
   QTabWidget tabs_;
   TimelineView timeline_;
-  ListModel fields_{FieldColumns()};
-  ListTable field_table_{fields_, QStringLiteral("fields")};
+  ListModel details_{DetailColumns()};
+  ListTable detail_table_{details_, QStringLiteral("details")};
+  QCheckBox stored_fields_{QStringLiteral("&gespeicherte Felder")};
   ListModel attributes_{AttributeList().columns};
   ListTable attribute_table_{attributes_, QStringLiteral("attributes")};
   ListModel appointments_{AppointmentList().columns};

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "automation/lists/details.h"
+#include "automation/workspace/contract_numbers.h"
 #include "desktop/main_window/cells.h"
 #include "desktop/text.h"
 #include "schema/names.h"
@@ -29,7 +31,8 @@ constexpr std::array<ColumnFields, ContractTree::Columns> kColumns = {{
     {"Ende", CellKind::Date, {field::VertragEnde, field::LaufzeitEnde, {}}},
     {"Kündigung bis", CellKind::Date, {field::KuendfristDatum, {}, {}}},
     {"Zahlung", CellKind::Text, {field::AktZahlungsperiodeStr, field::ZahlungsperiodeStr, {}}},
-    {"Netto", CellKind::Money, {field::AktValue, field::Value, field::Nettopreis}},
+    {"Einzelpreis", CellKind::Money, {{}, {}, field::Nettopreis}},
+    {"Netto", CellKind::Money, {field::AktValue, field::Value, {}}},
     {"Rabatt", CellKind::Percent, {{}, field::Rabattprozent, field::Rabattprozent}},
     {"Nächste Rechnung", CellKind::Date, {field::AktNaechsteRechnung, field::NaechsteRechnung, {}}},
     {"Verantwortlich", CellKind::Text, {field::Verantwortlich, {}, {}}},
@@ -145,6 +148,8 @@ void ContractTree::fetchMore(const QModelIndex& parent) {
       child->parent = &node;
       child->level = node.level + 1;
       child->row = rows();
+      if (child->level == Contract)
+        child->number_taken = workspace::IsNumberTaken(database_.Store(), child->record);
       read.push_back(std::move(child));
     }
   }) || node.complete;
@@ -160,14 +165,23 @@ QString ContractTree::Text(const Node& node, Column column) const {
     return CellText(kind, database_.Cell(tables_[level], node.record, name));
   };
   const ColumnFields& shown = kColumns[column];
+  if (column == Amount && node.level == Position) {
+    const schema::Table& schema = database_.Store().Catalog().tables[tables_[level]];
+    return CellText(CellKind::Money, lists::Amount({schema, node.record}));
+  }
   if (column != Name) {
     const std::string_view name = shown.fields[level];
     return name.empty() ? QString() : text(name, shown.kind);
   }
   const QString blank = QStringLiteral("  ");
   switch (static_cast<Level>(node.level)) {
-    case Contract:
-      return Joined(text(field::Vertragnummer), blank, text(field::Bezeichnung));
+    case Contract: {
+      QString name = Joined(text(field::Vertragnummer), blank, text(field::Bezeichnung));
+      if (node.number_taken) name += QStringLiteral(" · Nummer doppelt");
+      if (text(field::GeschlossenAm, CellKind::Date).isEmpty())
+        name += QStringLiteral(" · nicht unterschrieben");
+      return name;
+    }
     case Term:
       return QStringLiteral("%1. Laufzeit").arg(node.row + 1) +
              (text(field::LaufTyp) == ToQt(schema::kRenewalTerm) ? QStringLiteral(" (Verlängerung)")

@@ -14,7 +14,19 @@ namespace pactora::desktop {
 class ContractTree final : public QAbstractItemModel {
  public:
   enum Level { Contract, Term, Position };
-  enum Column { Name, Begin, End, Notice, Period, Amount, Discount, NextInvoice, Person, Columns };
+  enum Column {
+    Name,
+    Begin,
+    End,
+    Notice,
+    Period,
+    UnitPrice,
+    Amount,
+    Discount,
+    NextInvoice,
+    Person,
+    Columns
+  };
 
   // The database must outlive the model.
   explicit ContractTree(OpenDatabase& database, QObject* parent = nullptr);
@@ -52,7 +64,8 @@ class ContractTree final : public QAbstractItemModel {
     int level = -1;  // of the root, whose record is the address
     store::Record record;
     std::vector<std::unique_ptr<Node>> children;
-    bool complete = false;  // all children are there
+    bool complete = false;      // all children are there
+    bool number_taken = false;  // another contract has the number too
   };
 
   Node& NodeOf(const QModelIndex& index) const;

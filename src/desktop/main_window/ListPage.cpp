@@ -34,7 +34,11 @@ ListPage::ListPage(OpenDatabase& database, const ListKind& kind, const QString& 
   table_.setSortingEnabled(true);
   table_.sortByColumn(kind.sorted_by, Qt::AscendingOrder);
   count_.setObjectName(name + QStringLiteral("_count"));
-  loader_.Progress = [this] { ShowCount(); };
+  loader_.Progress = [this] {
+    ShowCount();
+    // The chosen row is there again, or has gone.
+    if (ChoiceChanged) ChoiceChanged();
+  };
   loader_.Failed = [this](const platform::Error& error) { database_.ShowError(error); };
 
   tools_ = new QHBoxLayout;
@@ -46,6 +50,13 @@ ListPage::ListPage(OpenDatabase& database, const ListKind& kind, const QString& 
 }
 
 void ListPage::Reload() { loader_.Start(ReadList(database_, kind_)); }
+
+std::unordered_set<std::int64_t> ListPage::ShownKeys() {
+  Finish();
+  std::unordered_set<std::int64_t> keys;
+  for (int row = 0; row < model_.rowCount(); ++row) keys.insert(model_.Row(row).key);
+  return keys;
+}
 
 void ListPage::Reveal(std::int64_t key) {
   if (model_.Find(key) < 0) search_.clear();

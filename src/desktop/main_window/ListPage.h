@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <unordered_set>
 
 #include "desktop/main_window/ListLoader.h"
 #include "desktop/main_window/ListModel.h"
@@ -31,6 +32,8 @@ class ListPage : public Page {
   // Reads the rest at once.
   void Finish() { loader_.Finish(); }
   bool Reading() const { return loader_.Running(); }
+  // Those of the rows that weeks, words and switches let through; reads the rest at once.
+  std::unordered_set<std::int64_t> ShownKeys();
   // Shows the row, though a search may have hidden it.
   void Reveal(std::int64_t key);
   // Puts the caret into the line.

@@ -20,6 +20,7 @@
 #include "desktop/MessageBox.h"
 #include "desktop/main_window/ProgressDialog.h"
 #include "desktop/main_window/TakeoverWindow.h"
+#include "desktop/main_window/ask_file.h"
 #include "desktop/text.h"
 #include "schema/names.h"
 
@@ -96,6 +97,9 @@ void MainWindow::MakeActions() {
   tick_ =
       Add(contracts, "tick", QStringLiteral("Termin &erledigt"), {}, &MainWindow::TickAppointment);
   tick_->setEnabled(false);
+  take_back_ = Add(contracts, "take_back", QStringLiteral("Erledigen &zurücknehmen"),
+                   QKeySequence::Undo, &MainWindow::TakeBackTick);
+  take_back_->setEnabled(false);
 
   QMenu& types = *menuBar()->addMenu(QStringLiteral("Vertrags&typen"));
   QAction* new_type = Add(types, "new_type", QStringLiteral("&Neuer Vertragstyp …"),
@@ -178,12 +182,18 @@ void MainWindow::ShowWork() {
   ReloadPage();
 }
 
+void MainWindow::Say(const QString& text) {
+  constexpr int kAWhile = 10'000;  // milliseconds
+  statusBar()->showMessage(text, kAWhile);
+}
+
 void MainWindow::ShowChoice() {
   database_.Read([this] {
     new_contract_->setEnabled(database_.Current(table::Adressen) != 0);
     edit_type_->setEnabled(database_.Current(table::vv_Vertragsdefinitionen) != 0);
   });
   tick_->setEnabled(&PageShown() == &appointments_ && appointments_.HasChoice());
+  take_back_->setEnabled(appointments_.CanTakeBack());
 }
 
 void MainWindow::ShowContract(store::Oid contract) {
@@ -201,7 +211,7 @@ void MainWindow::NewContract() {
                                             show_definition);
   });
   if (done && saved) {
-    statusBar()->showMessage(QStringLiteral("Vertrag angelegt"));
+    Say(QStringLiteral("Vertrag angelegt"));
     pages_.setCurrentWidget(&addresses_);
     std::string hint;
     database_.Read([&] {
@@ -230,7 +240,16 @@ void MainWindow::EditType() {
 
 void MainWindow::TickAppointment() {
   if (!appointments_.HasChoice()) return;
-  appointments_.Tick();
+  const int changed = appointments_.Tick();
+  ShowWork();
+  Say((changed == 1 ? QStringLiteral("Ein Termin geändert")
+                    : QStringLiteral("%1 Termine geändert").arg(changed)) +
+      QStringLiteral(", %1 nimmt es zurück")
+          .arg(take_back_->shortcut().toString(QKeySequence::NativeText)));
+}
+
+void MainWindow::TakeBackTick() {
+  appointments_.TakeBack();
   ShowWork();
 }
 
@@ -252,17 +271,21 @@ bool MainWindow::ExportTo(const QString& file) {
     ProgressDialog progress(QStringLiteral("Der Datenbestand wird geschrieben"), this);
     dataset::ExportDatabase(database_.Name(), FromQt(file), progress.Reporter());
   });
-  if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
+  if (done) Say(QStringLiteral("Geschrieben: ") + file);
   return done;
 }
 
 bool MainWindow::WriteCalendar(const QString& file) {
   const bool done = database_.Do([&] {
     const platform::Date today = database_.Clock().Today();
-    const auto deadlines = deadlines::ReadDeadlines(database_.Store(), today, std::nullopt);
+    const auto shown = deadlines_.ShownKeys();
+    auto deadlines = deadlines::ReadDeadlines(database_.Store(), today, std::nullopt);
+    std::erase_if(deadlines, [&](const deadlines::Deadline& deadline) {
+      return !shown.contains(deadlines::KeyOf(deadline));
+    });
     deadlines::WriteCalendar(deadlines, database_.Name(), database_.Store(), today, FromQt(file));
   });
-  if (done) statusBar()->showMessage(QStringLiteral("Geschrieben: ") + file);
+  if (done) Say(QStringLiteral("Geschrieben: ") + file);
   return done;
 }
 
@@ -280,24 +303,30 @@ void MainWindow::AskImport() {
   if (file.isEmpty()) return;
   QString database;
   if (!workspace::IsEmpty(database_.Store())) {
-    database = QFileDialog::getSaveFileName(this, QStringLiteral("In welche neue Datenbank?"), {},
-                                            QStringLiteral("Datenbanken (*.db)"), nullptr,
-                                            QFileDialog::DontConfirmOverwrite);
+    database = AskNewFile(this, {QStringLiteral("In welche neue Datenbank?"),
+                                 {},
+                                 QStringLiteral("Datenbanken (*.db)"),
+                                 QStringLiteral("db"),
+                                 false});
     if (database.isEmpty()) return;
   }
   ImportFrom(file, database);
 }
 
 void MainWindow::AskExport() {
+  const QFileInfo database(ToQt(database_.Name()));
   const QString file =
-      QFileDialog::getSaveFileName(this, QStringLiteral("Datenbestand exportieren"), {},
-                                   QStringLiteral("Datenbestände (*.json)"));
+      AskNewFile(this, {QStringLiteral("Datenbestand exportieren"),
+                        database.baseName() + QStringLiteral(".json"),
+                        QStringLiteral("Datenbestände (*.json)"), QStringLiteral("json")});
   if (!file.isEmpty()) ExportTo(file);
 }
 
 void MainWindow::AskCalendar() {
-  const QString file = QFileDialog::getSaveFileName(
-      this, QStringLiteral("Fristen als Kalenderdatei"), {}, QStringLiteral("Kalender (*.ics)"));
+  pages_.setCurrentWidget(&deadlines_);  // what it shows is what is written
+  const QString file =
+      AskNewFile(this, {QStringLiteral("Fristen als Kalenderdatei"), QStringLiteral("Fristen.ics"),
+                        QStringLiteral("Kalender (*.ics)"), QStringLiteral("ics")});
   if (!file.isEmpty()) WriteCalendar(file);
 }
 

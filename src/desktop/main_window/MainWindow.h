@@ -42,10 +42,12 @@ class MainWindow final : public QMainWindow {
   // of that name; in either case it is open afterwards. Returns whether all went well.
   bool ImportFrom(const QString& file, const QString& new_database);
   bool ExportTo(const QString& file);
+  // The deadlines that their page shows.
   bool WriteCalendar(const QString& file);
 
-  // Marks the chosen appointment as done, or as open again.
+  // Marks the chosen appointments as done, or as open again, and takes that back.
   void TickAppointment();
+  void TakeBackTick();
 
   // The user asked to open another database, or this one again.
   std::function<void(const std::string& database)> OpenAsked;
@@ -73,6 +75,8 @@ class MainWindow final : public QMainWindow {
   Page& PageShown() const;
   // After work that may have changed anything in the database but addresses.
   void ShowWork();
+  // A word in the status line, for a while.
+  void Say(const QString& text);
   void ReloadPage();
   void ShowContract(store::Oid contract);
   void ShowChoice();
@@ -88,6 +92,7 @@ class MainWindow final : public QMainWindow {
   QAction* new_contract_ = nullptr;
   QAction* edit_type_ = nullptr;
   QAction* tick_ = nullptr;
+  QAction* take_back_ = nullptr;
 };
 
 }  // namespace pactora::desktop

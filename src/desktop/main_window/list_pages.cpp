@@ -2,6 +2,8 @@
 
 #include <QCheckBox>
 #include <QSpinBox>
+#include <algorithm>
+#include <utility>
 
 #include "automation/deadlines/deadlines.h"
 #include "host/HostTable.h"
@@ -65,9 +67,10 @@ DeadlinePage::DeadlinePage(OpenDatabase& database)
 AppointmentPage::AppointmentPage(OpenDatabase& database)
     : ListPage(database, AppointmentList(), QStringLiteral("appointments"),
                QStringLiteral("Termin suchen")) {
-  Table().Chosen = [this](const ListRow&) {
+  Table().setSelectionMode(QAbstractItemView::ExtendedSelection);
+  connect(Table().selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
     if (ChoiceChanged) ChoiceChanged();
-  };
+  });
   Table().Opened = [this](const ListRow& row) {
     store::Record record;
     if (Database().Read([&] {
@@ -92,14 +95,30 @@ AppointmentPage::AppointmentPage(OpenDatabase& database)
   AddTool(*weeks);
 }
 
-void AppointmentPage::Tick() {
-  const ListRow row = Model().Row(Table().currentIndex().row());
+int AppointmentPage::Tick() {
+  std::vector<ListRow> rows;
+  for (const QModelIndex& index : Table().selectionModel()->selectedRows())
+    rows.push_back(Model().Row(index.row()));
+  const bool done = !std::ranges::all_of(rows, &ListRow::done);
+  std::erase_if(rows, [&](const ListRow& row) { return row.done == done; });
+  last_tick_.clear();
+  for (const ListRow& row : rows) last_tick_.push_back(row.oid);
+  last_done_ = done;
+  Mark(last_tick_, done);
+  return static_cast<int>(rows.size());
+}
+
+void AppointmentPage::TakeBack() { Mark(std::exchange(last_tick_, {}), !last_done_); }
+
+void AppointmentPage::Mark(const std::vector<store::Oid>& appointments, bool done) {
   Database().Do([&] {
-    Database().GoTo(table::vv_VertragsAktivitaeten, row.oid);
     const auto live = Database().Session().Host().Table(table::vv_VertragsAktivitaeten);
-    live->BeginEdit();
-    live->Fields().Item(schema::field::Erledigt).SetValue(!row.done);
-    live->Store(host::kFlagsUsual);
+    for (const store::Oid appointment : appointments) {
+      Database().GoTo(table::vv_VertragsAktivitaeten, appointment);
+      live->BeginEdit();
+      live->Fields().Item(schema::field::Erledigt).SetValue(done);
+      live->Store(host::kFlagsUsual);
+    }
   });
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "automation/lists/ListReader.h"
+#include "automation/lists/details.h"
 #include "desktop/text.h"
 #include "schema/names.h"
 
@@ -67,12 +68,13 @@ const ListKind& TypeList() {
 const ListKind& DeadlineList() {
   static const ListKind kind = Shown(lists::Deadlines(), {{field::Datum, 11},
                                                           {"Frist", 11},
-                                                          {"Zugang", 18},
-                                                          {"Adresse", 32},
-                                                          {field::Vertragnummer, 14},
-                                                          {field::Bezeichnung, 30},
-                                                          {field::Typ, 14},
-                                                          {field::Verantwortlich, 16}});
+                                                          {"Zugang", 17},
+                                                          {"Versaeumt", 9},
+                                                          {"Adresse", 28},
+                                                          {field::Vertragnummer, 13},
+                                                          {field::Bezeichnung, 27},
+                                                          {field::Typ, 13},
+                                                          {field::Verantwortlich, 13}});
   return kind;
 }
 
@@ -106,24 +108,32 @@ std::vector<ListRow> RowsOf(OpenDatabase& database, const ListKind& kind, store:
   return Reader(database, kind, address).Rest();
 }
 
-const std::vector<ListColumn>& FieldColumns() {
-  static const std::vector<ListColumn> columns{{"Feld", CellKind::Text, 30},
+const std::vector<ListColumn>& DetailColumns() {
+  static const std::vector<ListColumn> columns{{"Angabe", CellKind::Text, 34},
                                                {"Wert", CellKind::Text, 50}};
   return columns;
 }
 
-std::vector<ListRow> ReadFields(OpenDatabase& database, store::TableId table, store::Oid oid) {
+std::vector<ListRow> ReadDetails(OpenDatabase& database, store::TableId table, store::Oid oid,
+                                 Shows shows) {
   std::vector<ListRow> rows;
   store::Record record;
   if (!database.Store().Read(table, oid, record)) return rows;
-  const auto& fields = database.Store().Catalog().tables[table].fields;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (fields[i].type == schema::FieldType::Document) continue;
-    const QString text = CellText(KindOf(fields[i]), record.cells[i]);
-    if (text.isEmpty()) continue;
-    const auto key = static_cast<std::int64_t>(i);
-    rows.push_back({key, oid, {fields[i].name, text.toStdString()}});
+  const auto add = [&](std::string_view title, CellKind kind, const host::Value& value) {
+    const QString text = CellText(kind, value);
+    if (text.isEmpty()) return;
+    const auto key = static_cast<std::int64_t>(rows.size());
+    rows.push_back({key, oid, {std::string(title), text.toStdString()}});
+  };
+  const schema::Table& schema = database.Store().Catalog().tables[table];
+  if (shows == Shows::Words) {
+    for (const lists::Detail& detail : lists::Details(schema.name, {schema, record}))
+      add(detail.title, detail.kind, detail.value);
+    return rows;
   }
+  for (std::size_t i = 0; i < schema.fields.size(); ++i)
+    if (schema.fields[i].type != schema::FieldType::Document)
+      add(schema.fields[i].name, KindOf(schema.fields[i]), record.cells[i]);
   return rows;
 }
 

@@ -28,8 +28,10 @@ ReadRows ReadList(OpenDatabase& database, const ListKind& kind);
 // an address that is gone.
 std::vector<ListRow> RowsOf(OpenDatabase& database, const ListKind& kind, store::Oid address);
 
-// The fields of a row that were written, by name.
-const std::vector<ListColumn>& FieldColumns();
-std::vector<ListRow> ReadFields(OpenDatabase& database, store::TableId table, store::Oid oid);
+// A contract, a term or a position: what it says, or its fields as they are stored.
+enum class Shows { Words, StoredFields };
+const std::vector<ListColumn>& DetailColumns();
+std::vector<ListRow> ReadDetails(OpenDatabase& database, store::TableId table, store::Oid oid,
+                                 Shows shows);
 
 }  // namespace pactora::desktop
