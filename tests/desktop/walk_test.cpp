@@ -163,10 +163,10 @@ TEST_P(Walk, AllIsWellWithEveryWidget) {
       EXPECT_EQ(IsDark(window.palette()), theme == Theme::Dark);
       WindowUser user(window);
       ExpectAllWell(user);
-      // Going through the boxes has worked out prices anew.
-      if (position) ExpectDiscardQuestion(steps, "&Verwerfen");
       window.close();
     });
+    // Going through the boxes has worked out prices anew.
+    if (position) ExpectDiscardQuestion(steps, "&Verwerfen");
     if (position) steps.Add(type, [](QWidget& window) { window.close(); });
     RunSteps(steps,
              [&] { name == "frmNewContract" ? office.NewContract() : office.EditType("Wartung"); });
