@@ -33,7 +33,7 @@ void Try(std::string_view input) {
     if (deadline.date <= deadlines::kLastCalendarDay) shown.push_back(deadline);
     all.push_back(std::move(deadline));
   }
-  const std::string text = deadlines::CalendarText(all, database, today);
+  const std::string text = deadlines::CalendarText(all, {database, database}, today);
   RequireVisible(text, "\r\n");
   icalcomponent* const calendar = icalparser_parse_string(text.c_str());
   Require(icalcomponent_count_errors(calendar) == 0, "a calendar can be read");
