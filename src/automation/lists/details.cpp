@@ -1,7 +1,7 @@
 #include "automation/lists/details.h"
 
-#include <optional>
 #include <string>
+#include <utility>
 
 #include "contract/modVV.h"
 #include "platform/Date.h"
