@@ -147,6 +147,11 @@ void Connection::Run(const char* sql) {
   if (code != SQLITE_OK) Fail(code);
 }
 
+void Connection::Commit() {
+  const int code = sqlite3_exec(database_, "COMMIT", nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) FailCommit(code);
+}
+
 void Connection::RefuseWriting(std::string why) {
   Run("PRAGMA query_only = ON");
   why_not_written_ = std::move(why);
@@ -156,6 +161,12 @@ void Connection::Fail(int code) const {
   const StoreError error = ErrorOf(code);
   Raise(error, error == StoreError::ReadOnly ? why_not_written_
                                              : DetailOf(code, sqlite3_errmsg(database_)));
+}
+
+void Connection::FailCommit(int code) {
+  if ((code & 0xFF) != SQLITE_IOERR) Fail(code);
+  leaves_file_ = true;
+  Raise(StoreError::Uncertain);
 }
 
 }  // namespace pactora::store::sqlite

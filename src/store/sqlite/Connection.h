@@ -38,11 +38,11 @@ class Connection {
   void Run(const char* sql);
   void Run(const std::string& sql) { Run(sql.c_str()); }
 
+  // Runs COMMIT; raises as FailCommit does.
+  void Commit();
+
   // From now on every write raises StoreError::ReadOnly with that detail.
   void RefuseWriting(std::string why);
-
-  // From now on nothing is written, not even when the connection is closed.
-  void LeaveAsItIs() { leaves_file_ = true; }
 
   // False also when SQLite gave up the transaction by itself after a failure.
   bool InTransaction() const { return sqlite3_get_autocommit(database_) == 0; }
@@ -50,12 +50,17 @@ class Connection {
   // Raises the store's error for a result code of SQLite.
   [[noreturn]] void Fail(int code) const;
 
+  // The same for a COMMIT, whose input and output errors are StoreError::Uncertain: the system
+  // may have dropped what it took, and reading the file back would prove nothing. The
+  // connection must then be closed; whoever opens the file next lets its journal decide.
+  [[noreturn]] void FailCommit(int code);
+
  private:
   // Asked by SQLite while another user keeps the database; 0 gives up.
   static int OnBusy(void* connection, int times);
 
   sqlite3* database_ = nullptr;
-  bool leaves_file_ = false;
+  bool leaves_file_ = false;  // nothing is written any more, not even when it is closed
   std::string why_not_written_;
   std::chrono::milliseconds timeout_;
   std::chrono::steady_clock::time_point since_;  // when the wait that is under way began

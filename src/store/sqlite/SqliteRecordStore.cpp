@@ -302,21 +302,14 @@ void SqliteRecordStore::Commit() {
   EnterUnit();
   try {
     SaveLastNumber();
-    if (const int code = File().commit.Run(); code != SQLITE_DONE) FailCommit(code);
-  } catch (...) {
+    if (const int code = File().commit.Run(); code != SQLITE_DONE)
+      File().connection->FailCommit(code);
+  } catch (const platform::Error& error) {
+    if (error.Number() == Number(StoreError::Uncertain)) file_.reset();
     Rollback();
     throw;
   }
   LeaveUnit();
-}
-
-// After an input or output error reading the file back would prove nothing: the system may
-// have dropped what it took. Whoever opens the file next lets its journal decide.
-void SqliteRecordStore::FailCommit(int code) {
-  if ((code & 0xFF) != SQLITE_IOERR) File().connection->Fail(code);
-  File().connection->LeaveAsItIs();
-  file_.reset();
-  Raise(StoreError::Uncertain);
 }
 
 void SqliteRecordStore::Rollback() {

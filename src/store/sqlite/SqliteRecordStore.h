@@ -55,7 +55,6 @@ class SqliteRecordStore final : public RecordStore {
   void LeaveUnit();
   [[noreturn]] void FailWrite(int code);
   void SaveLastNumber();
-  [[noreturn]] void FailCommit(int code);
 
   // Runs a statement that finds one row at most.
   bool Find(Statement& statement, TableId table, Record& record);

@@ -89,7 +89,10 @@ Structure Migrate(Connection& connection) {
   try {
     if (ReadVersion(connection) == 1) ToVersion2(connection);
     Structure structure = ReadStructure(connection);
-    connection.Run(structure.faults.empty() ? "COMMIT" : "ROLLBACK");
+    if (structure.faults.empty())
+      connection.Commit();
+    else
+      connection.Run("ROLLBACK");
     return structure;
   } catch (...) {
     if (connection.InTransaction()) connection.Run("ROLLBACK");

@@ -148,13 +148,11 @@ Told ImportCompany(const std::string& file, std::size_t) {
   return Tell([&] { Import(file, support::kCompany), stored = true; }, [&] { return stored; });
 }
 
-// Of an opening that fails nobody knows how far the migration came.
 Told Migrate(const std::string& file, std::size_t) {
   bool migrated = false;
   store::OpenOptions options;
   options.on_migrated = [&] { migrated = true; };
-  const bool opened = !support::ErrorOf([&] { store::OpenSqlite(file, options); });
-  return {migrated, !opened};
+  return Tell([&] { store::OpenSqlite(file, options); }, [&] { return migrated; });
 }
 
 std::vector<Door> Doors() {
