@@ -5,9 +5,6 @@
 #include <string>
 
 #include "automation/dataset/dataset_files.h"
-#include "automation/dataset/dataset_import.h"
-#include "automation/dataset/dataset_profile.h"
-#include "automation/dataset/sample/sample.h"
 #include "automation/formats/files.h"
 #include "automation/workspace/database.h"
 #include "cli/commands.h"
@@ -35,17 +32,9 @@ dataset::Progress StopOnInterrupt() {
 }
 
 Status RunInit(const DatasetArguments& arguments) {
-  if (workspace::DatabaseExists(arguments.database)) formats::RaiseTaken(arguments.database);
-  if (arguments.sample) {
-    dataset::ImportDatabase(
-        arguments.database,
-        formats::MemorySource("Beispieldaten", std::string(dataset::SampleDataset())),
-        AccessFor(arguments.dry_run), StopOnInterrupt());
-  } else {
-    const std::string name = workspace::DefaultDatabaseName(arguments.database);
-    workspace::MakeDatabase(arguments.database, true, workspace::DefaultProfile(name),
-                            AccessFor(arguments.dry_run), [](store::RecordStore&) {});
-  }
+  dataset::InitDatabase(arguments.database,
+                        arguments.sample ? dataset::Content::Sample : dataset::Content::None,
+                        AccessFor(arguments.dry_run), StopOnInterrupt());
   TellDone(fmt::format("{} angelegt", arguments.database), arguments.dry_run);
   return Status::Done;
 }

@@ -151,9 +151,7 @@ int Main(int argc, char** argv) {
   }
 
   CatchInterrupt();
-  workspace::ReportMigrationTo([](const std::string& database) {
-    Tell(database + ": die Datenbank hat jetzt die Struktur dieser Version");
-  });
+  workspace::ReportMigrationTo(Tell);
   workspace::GiveUpWaitingWhen([](std::chrono::milliseconds) { return InterruptAsked(); });
   const Status status = WithOutputWritten(run());
   return static_cast<int>(status != Status::Done && InterruptAsked() ? Status::Interrupted

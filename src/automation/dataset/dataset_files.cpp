@@ -7,6 +7,7 @@
 #include "automation/dataset/dataset_export.h"
 #include "automation/dataset/dataset_import.h"
 #include "automation/dataset/dataset_profile.h"
+#include "automation/dataset/sample/sample.h"
 #include "automation/formats/JsonWriter.h"
 #include "automation/formats/errors.h"
 #include "automation/formats/files.h"
@@ -40,6 +41,19 @@ std::unique_ptr<store::RecordStore> SoundCopy(const std::string& database) {
 }
 
 }  // namespace
+
+void InitDatabase(const std::string& database, Content content, workspace::Access access,
+                  const Progress& progress) {
+  if (content == Content::None) {
+    workspace::MakeDatabase(database, true,
+                            workspace::DefaultProfile(workspace::DefaultDatabaseName(database)),
+                            access, [](store::RecordStore&) {});
+    return;
+  }
+  if (workspace::DatabaseExists(database)) formats::RaiseTaken(database);
+  ImportDatabase(database, formats::MemorySource("Beispieldaten", std::string(SampleDataset())),
+                 access, progress);
+}
 
 void ImportDatabase(const std::string& database, const formats::TextSource& source,
                     workspace::Access access, const Progress& progress) {

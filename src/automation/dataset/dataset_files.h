@@ -13,6 +13,13 @@ namespace pactora::dataset {
 // Called during the work with the number of rows that are done; may raise to stop.
 using Progress = std::function<void(std::size_t done, std::size_t all)>;
 
+enum class Content { None, Sample };
+
+// Makes a database, empty or with the sample company. After an error there is none. Raises what
+// workspace::MakeDatabase raises.
+void InitDatabase(const std::string& database, Content content, workspace::Access access,
+                  const Progress& progress);
+
 // Reads the dataset into a new database, or into an existing empty one. After an
 // error nothing is written. Raises DoorError::BadInput where the database has rows or
 // lacks tables that the dataset has.

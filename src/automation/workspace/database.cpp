@@ -87,7 +87,7 @@ void RequireFile(const std::string& name) {
 
 }  // namespace
 
-void ReportMigrationTo(std::function<void(const std::string& name)> report) {
+void ReportMigrationTo(std::function<void(const std::string& message)> report) {
   report_migration = std::move(report);
 }
 
@@ -123,7 +123,10 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
     store::OpenOptions options;
     options.mode = access;
     options.on_migrated = [&] {
-      if (report_migration) report_migration(name);
+      if (report_migration)
+        report_migration(name +
+                         ": die Datenbank hat jetzt die Struktur dieser Version; frühere Versionen "
+                         "des Programms können sie nicht mehr öffnen");
     };
     return Naming(name, [&] {
       RequireFile(name);

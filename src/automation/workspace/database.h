@@ -38,9 +38,9 @@ std::string IdOf(const store::Profile& profile);
 // Whether a database or another file has that name; false for ":memory:".
 bool DatabaseExists(const std::string& name);
 
-// From now on called with the name of each file whose earlier structure has been brought to
-// today's when it was opened.
-void ReportMigrationTo(std::function<void(const std::string& name)> report);
+// From now on called with a message for people for each file whose earlier structure has been
+// brought to today's when it was opened.
+void ReportMigrationTo(std::function<void(const std::string& message)> report);
 
 // asked is called again and again while a database waits for other users,
 // on the waiting thread, with the time since the wait began. Once it returns true, the
