@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 #include <system_error>
-#include <utility>
+#include <vector>
 
 #include "automation/formats/files.h"
 #include "cli/commands.h"
@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* kWindows = "pactora-desktop";
 
-Status RunDesktop(std::string database) {
+Status RunDesktop(const std::string& database) {
   std::error_code failed;
   const std::filesystem::path here = std::filesystem::read_symlink("/proc/self/exe", failed);
   const std::string program = (here.parent_path() / kWindows).string();
@@ -24,7 +24,8 @@ Status RunDesktop(std::string database) {
     Complain("die Fenster sind in diesem Programm nicht enthalten");
     return Status::BadInput;
   }
-  formats::BecomeProgram(program, std::move(database));
+  formats::BecomeProgram(program,
+                         database.empty() ? std::vector<std::string>() : std::vector{database});
   Complain(program + ": das Programm der Fenster kann nicht gestartet werden");
   return Status::Internal;
 }
@@ -34,7 +35,8 @@ Status RunDesktop(std::string database) {
 void AddDesktop(CLI::App& app, Run& run) {
   const auto database = std::make_shared<std::string>();
   CLI::App* command = AddCommand(app, "desktop", "Öffnet die Fenster");
-  AddDatabase(*command, *database);
+  command->add_option("DB", *database,
+                      "Die Datenbank; ohne Angabe steht sie im Startfenster zur Wahl");
   command->callback([&run, database] { run = [database] { return RunDesktop(*database); }; });
 }
 

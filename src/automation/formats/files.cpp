@@ -136,9 +136,11 @@ bool IsForWriting(std::FILE* file) {
   return (::fcntl(::fileno(file), F_GETFL) & O_ACCMODE) != O_RDONLY;
 }
 
-void BecomeProgram(std::string program, std::string argument) {
-  const std::array<char*, 3> arguments = {program.data(), argument.data(), nullptr};
-  ::execv(program.c_str(), arguments.data());
+void BecomeProgram(std::string program, std::vector<std::string> arguments) {
+  std::vector<char*> words{program.data()};
+  for (std::string& argument : arguments) words.push_back(argument.data());
+  words.push_back(nullptr);
+  ::execv(program.c_str(), words.data());
 }
 
 }  // namespace pactora::formats

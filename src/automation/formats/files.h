@@ -5,6 +5,7 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace pactora::formats {
 
@@ -53,8 +54,8 @@ void GuardStandardStreams();
 // Whether the open file is open for writing.
 bool IsForWriting(std::FILE* file);
 
-// Runs the program with this argument in the place of this one; returns only when it
+// Runs the program with these arguments in the place of this one; returns only when it
 // can't be started.
-void BecomeProgram(std::string program, std::string argument);
+void BecomeProgram(std::string program, std::vector<std::string> arguments);
 
 }  // namespace pactora::formats

@@ -4,7 +4,6 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
@@ -33,12 +32,15 @@ namespace table = schema::table;
 MainWindow::MainWindow(OpenDatabase& database, WindowMemory& memory)
     : database_(database),
       memory_(memory),
+      read_only_(database.Store().IsReadOnly()),
       addresses_(database),
       types_(database),
       deadlines_(database),
       appointments_(database) {
   setObjectName(QStringLiteral("main"));
-  setWindowTitle(QStringLiteral("%1 – Pactora").arg(ToQt(database.Store().ReadProfile().name)));
+  setWindowTitle(QStringLiteral("%1%2 – Pactora")
+                     .arg(ToQt(database.Store().ReadProfile().name),
+                          read_only_ ? QStringLiteral(" (schreibgeschützt)") : QString()));
   database_.Screen().SetMainWindow(this);
   MakeActions();
   MakePages();
@@ -79,6 +81,9 @@ QAction* MainWindow::Add(QMenu& menu, const char* name, const QString& text,
 void MainWindow::MakeActions() {
   QMenu& file = *menuBar()->addMenu(QStringLiteral("&Datei"));
   Add(file, "open", QStringLiteral("Ö&ffnen …"), QKeySequence::Open, &MainWindow::AskOpen);
+  recent_ = file.addMenu(QStringLiteral("&Zuletzt geöffnet"));
+  Add(file, "close", QStringLiteral("S&chließen"), QKeySequence::Close, &MainWindow::AskClose);
+  file.addSeparator();
   QAction* take_in =
       Add(file, "import", QStringLiteral("&Importieren …"), {}, &MainWindow::AskImport);
   QAction* give_out =
@@ -89,21 +94,19 @@ void MainWindow::MakeActions() {
   QMenu& contracts = *menuBar()->addMenu(QStringLiteral("&Verträge"));
   new_contract_ = Add(contracts, "new_contract", QStringLiteral("&Neuer Vertrag …"),
                       QKeySequence::New, &MainWindow::NewContract);
-  QAction* takeover = Add(contracts, "takeover_list", QStringLiteral("&Übernahmeliste …"), {},
-                          &MainWindow::AskTakeover);
+  takeover_ = Add(contracts, "takeover_list", QStringLiteral("&Übernahmeliste …"), {},
+                  &MainWindow::AskTakeover);
   Add(contracts, "calendar", QStringLiteral("Fristen als &Kalenderdatei …"), {},
       &MainWindow::AskCalendar)
       ->setEnabled(deadlines::HasCalendars());
   tick_ =
       Add(contracts, "tick", QStringLiteral("Termin &erledigt"), {}, &MainWindow::TickAppointment);
-  tick_->setEnabled(false);
   take_back_ = Add(contracts, "take_back", QStringLiteral("Erledigen &zurücknehmen"),
                    QKeySequence::Undo, &MainWindow::TakeBackTick);
-  take_back_->setEnabled(false);
 
   QMenu& types = *menuBar()->addMenu(QStringLiteral("Vertrags&typen"));
-  QAction* new_type = Add(types, "new_type", QStringLiteral("&Neuer Vertragstyp …"),
-                          QKeySequence(Qt::CTRL | Qt::Key_T), &MainWindow::NewType);
+  new_type_ = Add(types, "new_type", QStringLiteral("&Neuer Vertragstyp …"),
+                  QKeySequence(Qt::CTRL | Qt::Key_T), &MainWindow::NewType);
   edit_type_ =
       Add(types, "edit_type", QStringLiteral("Vertragstyp &ändern …"), {}, &MainWindow::EditType);
 
@@ -118,9 +121,9 @@ void MainWindow::MakeActions() {
   QToolBar& bar = *addToolBar(QStringLiteral("Werkzeuge"));
   bar.setObjectName(QStringLiteral("tools"));
   bar.setMovable(false);
-  bar.addActions({new_contract_, takeover});
+  bar.addActions({new_contract_, takeover_});
   bar.addSeparator();
-  bar.addAction(new_type);
+  bar.addAction(new_type_);
   bar.addSeparator();
   bar.addActions({take_in, give_out});
 }
@@ -152,7 +155,7 @@ void MainWindow::MakePages() {
     pages[i]->ContractAsked = [this](store::Oid contract) { ShowContract(contract); };
   }
   types_.Table().Opened = [this](const ListRow&) { EditType(); };
-  types_.AddTool(*findChild<QAction*>(QStringLiteral("new_type")));
+  types_.AddTool(*new_type_);
   types_.AddTool(*edit_type_);
   deadlines_.AddTool(*findChild<QAction*>(QStringLiteral("calendar")));
   appointments_.AddTool(*tick_);
@@ -189,11 +192,17 @@ void MainWindow::Say(const QString& text) {
 
 void MainWindow::ShowChoice() {
   database_.Read([this] {
-    new_contract_->setEnabled(database_.Current(table::Adressen) != 0);
-    edit_type_->setEnabled(database_.Current(table::vv_Vertragsdefinitionen) != 0);
+    // Whatever writes is offered here.
+    const auto offer = [this](QAction* action, bool possible) {
+      action->setEnabled(possible && !read_only_);
+    };
+    offer(new_contract_, database_.Current(table::Adressen) != 0);
+    offer(takeover_, true);
+    offer(new_type_, true);
+    offer(edit_type_, database_.Current(table::vv_Vertragsdefinitionen) != 0);
+    offer(tick_, &PageShown() == &appointments_ && appointments_.HasChoice());
+    offer(take_back_, appointments_.CanTakeBack());
   });
-  tick_->setEnabled(&PageShown() == &appointments_ && appointments_.HasChoice());
-  take_back_->setEnabled(appointments_.CanTakeBack());
 }
 
 void MainWindow::ShowContract(store::Oid contract) {
@@ -253,8 +262,10 @@ void MainWindow::TakeBackTick() {
   ShowWork();
 }
 
+bool MainWindow::TakesDataset() { return !read_only_ && workspace::IsEmpty(database_.Store()); }
+
 bool MainWindow::ImportFrom(const QString& file, const QString& new_database) {
-  const bool here = workspace::IsEmpty(database_.Store());
+  const bool here = TakesDataset();
   const std::string database = here ? database_.Name() : FromQt(new_database);
   const bool done = database_.Do([&] {
     ProgressDialog progress(QStringLiteral("Der Datenbestand wird eingelesen"), this);
@@ -289,25 +300,21 @@ bool MainWindow::WriteCalendar(const QString& file) {
   return done;
 }
 
+void MainWindow::AskClose() {
+  if (CloseAsked) CloseAsked();
+}
+
 void MainWindow::AskOpen() {
-  const QString file =
-      QFileDialog::getOpenFileName(this, QStringLiteral("Datenbank öffnen"), {},
-                                   QStringLiteral("Datenbanken (*.db *.sqlite);;Alle Dateien (*)"));
+  const QString file = AskDatabase(this);
   if (!file.isEmpty() && OpenAsked) OpenAsked(FromQt(file));
 }
 
 void MainWindow::AskImport() {
-  const QString file =
-      QFileDialog::getOpenFileName(this, QStringLiteral("Datenbestand importieren"), {},
-                                   QStringLiteral("Datenbestände (*.json);;Alle Dateien (*)"));
+  const QString file = AskDataset(this);
   if (file.isEmpty()) return;
   QString database;
-  if (!workspace::IsEmpty(database_.Store())) {
-    database = AskNewFile(this, {QStringLiteral("In welche neue Datenbank?"),
-                                 {},
-                                 QStringLiteral("Datenbanken (*.db)"),
-                                 QStringLiteral("db"),
-                                 false});
+  if (!TakesDataset()) {
+    database = AskNewDatabase(this, QStringLiteral("In welche neue Datenbank?"));
     if (database.isEmpty()) return;
   }
   ImportFrom(file, database);

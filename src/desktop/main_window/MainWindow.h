@@ -51,6 +51,10 @@ class MainWindow final : public QMainWindow {
 
   // The user asked to open another database, or this one again.
   std::function<void(const std::string& database)> OpenAsked;
+  // The user asked to leave this database for the choice of one.
+  std::function<void()> CloseAsked;
+  // Other databases to open; who owns the window fills it.
+  QMenu& RecentMenu() { return *recent_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -63,7 +67,10 @@ class MainWindow final : public QMainWindow {
                void (MainWindow::*act)());
 
   void AskOpen();
+  void AskClose();
   void AskImport();
+  // Whether a dataset can go into this database.
+  bool TakesDataset();
   void AskExport();
   void AskCalendar();
   void AskTakeover();
@@ -83,13 +90,17 @@ class MainWindow final : public QMainWindow {
 
   OpenDatabase& database_;
   WindowMemory& memory_;
+  const bool read_only_;  // a database that was lost can't be asked any more
   QTabWidget pages_;
   AddressPage addresses_;
   TypePage types_;
   DeadlinePage deadlines_;
   AppointmentPage appointments_;
   std::vector<Page*> stale_;  // pages that are read when they come up
+  QMenu* recent_ = nullptr;
   QAction* new_contract_ = nullptr;
+  QAction* takeover_ = nullptr;
+  QAction* new_type_ = nullptr;
   QAction* edit_type_ = nullptr;
   QAction* tick_ = nullptr;
   QAction* take_back_ = nullptr;

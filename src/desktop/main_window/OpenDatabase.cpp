@@ -2,13 +2,13 @@
 
 #include <QApplication>
 #include <QTimer>
-#include <exception>
 #include <optional>
 #include <utility>
 
 #include "automation/formats/errors.h"
 #include "automation/workspace/database.h"
 #include "desktop/MessageBox.h"
+#include "desktop/main_window/failures.h"
 #include "host/HostTable.h"
 #include "host/row.h"
 #include "schema/names.h"
@@ -26,18 +26,6 @@ std::unique_ptr<store::RecordStore> Open(const std::string& database) {
                    database + ": die Fenster brauchen eine Datenbank, die bleibt");
   // A write-protected database can still be read.
   return workspace::OpenDatabase(database, workspace::Access::Any);
-}
-
-std::optional<platform::Error> ErrorOf(const std::function<void()>& body) {
-  try {
-    body();
-    return std::nullopt;
-  } catch (const platform::Error& error) {
-    return error;
-  } catch (const std::exception& error) {
-    return platform::Error(0, std::string("interner Fehler: ") + error.what(),
-                           formats::kErrorSource);
-  }
 }
 
 }  // namespace

@@ -13,4 +13,20 @@ QString AskNewFile(QWidget* parent, const FileQuestion& question) {
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
 }
 
+QString AskDatabase(QWidget* parent, const QString& folder) {
+  return QFileDialog::getOpenFileName(
+      parent, QStringLiteral("Datenbank öffnen"), folder,
+      QStringLiteral("Datenbanken (*.db *.sqlite);;Alle Dateien (*)"));
+}
+
+QString AskNewDatabase(QWidget* parent, const QString& title, const QString& proposed) {
+  return AskNewFile(
+      parent, {title, proposed, QStringLiteral("Datenbanken (*.db)"), QStringLiteral("db"), false});
+}
+
+QString AskDataset(QWidget* parent, const QString& folder) {
+  return QFileDialog::getOpenFileName(parent, QStringLiteral("Datenbestand importieren"), folder,
+                                      QStringLiteral("Datenbestände (*.json);;Alle Dateien (*)"));
+}
+
 }  // namespace pactora::desktop

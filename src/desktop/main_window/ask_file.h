@@ -1,4 +1,4 @@
-// Asking for the name of a file to be written.
+// Asking for the names of files.
 #pragma once
 
 #include <QString>
@@ -17,5 +17,10 @@ struct FileQuestion {
 
 // The file that the person named; empty for none.
 QString AskNewFile(QWidget* parent, const FileQuestion& question);
+// Likewise for a database that is there, one that is not, and a dataset. They begin in the folder,
+// or for an empty one where the program was started.
+QString AskDatabase(QWidget* parent, const QString& folder = {});
+QString AskNewDatabase(QWidget* parent, const QString& title, const QString& proposed = {});
+QString AskDataset(QWidget* parent, const QString& folder = {});
 
 }  // namespace pactora::desktop
