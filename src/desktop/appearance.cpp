@@ -4,7 +4,9 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
+#include <QScreen>
 #include <QTranslator>
+#include <QWidget>
 
 #include "desktop/OfficeStyle.h"
 
@@ -76,6 +78,11 @@ void UseTheme(Theme theme) {
   QApplication::setStyle(new OfficeStyle);  // the application owns it
   if (theme == Theme::Light) QApplication::setPalette(PaletteOf(kLight));
   if (theme == Theme::Dark) QApplication::setPalette(PaletteOf(kDark));
+}
+
+QSize RoomFor(const QWidget& window) {
+  constexpr int kFrame = 40;  // pixels, both sides together
+  return window.screen()->availableSize() - QSize(kFrame, kFrame);
 }
 
 }  // namespace pactora::desktop

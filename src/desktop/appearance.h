@@ -15,4 +15,7 @@ void UseGerman(QApplication& application, const platform::Locale& numbers = {});
 // System follows the setting of the machine's desktop.
 void UseTheme(Theme theme);
 
+// The size that the window can have at most, with its frame on its screen.
+QSize RoomFor(const QWidget& window);
+
 }  // namespace pactora::desktop

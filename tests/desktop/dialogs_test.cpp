@@ -110,7 +110,10 @@ TEST_F(DialogsByEvents, AContractType) {
     user.Pick("DTPPutValue", Day(24, 12, 2024));
     user.Choose("cboWorkflow", "Verlängern");
     user.ChooseRow("lvwArtikel", 1);
-    user.Click("cmdAddPos");
+    if constexpr (std::is_same_v<decltype(user), WindowUser&>)
+      user.Key(Qt::Key_Return);
+    else
+      user.Click("cmdAddPos");
     user.Click("cmdSave");
   });
   In("frmFEditDefPositions", [](auto& user) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyledItemDelegate>
 #include <functional>
@@ -32,6 +33,8 @@ class ChoosingView : public View {
 
   // A person chose a row, perhaps the chosen one again; from 0.
   std::function<void(int row)> Chosen;
+  // A person opened the chosen row, by double click or return key; may be null.
+  std::function<void()> Opened;
   // A person clicked where no row is; the view must show its choice again.
   std::function<void()> Missed;
 
@@ -64,7 +67,18 @@ class ChoosingView : public View {
       Missed();
     }
   }
-  void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    mousePressEvent(event);
+    const bool on_row = this->indexAt(event->position().toPoint()).isValid();
+    if (Opened && on_row && event->button() == Qt::LeftButton) Opened();
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool is_return = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (Opened && is_return && this->currentIndex().isValid())
+      Opened();
+    else
+      View::keyPressEvent(event);
+  }
   // Rows are chosen by a press, not by dragging over them.
   void mouseMoveEvent(QMouseEvent*) override {}
 

@@ -2,11 +2,15 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSizePolicy>
 #include <QStackedWidget>
+#include <QTreeView>
 #include <algorithm>
 #include <stdexcept>
 #include <string>
+
+#include "desktop/binding/ChoosingView.h"
 
 namespace pactora::desktop {
 namespace {
@@ -77,6 +81,15 @@ void DialogLayout::KeepPlace(std::initializer_list<std::string_view> controls) c
 
 void DialogLayout::Name(std::string_view control, const char* name) const {
   (*this)[control].setAccessibleName(QString::fromUtf8(name));
+}
+
+void DialogLayout::OpenRowsBy(std::string_view list_view, std::string_view button) const {
+  auto& view = Get<ChoosingView<QTreeView>>(list_view);
+  view.Opened = [&view, &pressed = Get<QPushButton>(button)] {
+    if (!pressed.isEnabled()) return;
+    pressed.click();
+    view.setFocus();  // for the next row
+  };
 }
 
 void DialogLayout::SameWidth(std::initializer_list<std::string_view> controls) const {

@@ -49,6 +49,8 @@ class DialogLayout {
   void KeepPlace(std::initializer_list<std::string_view> controls) const;
   // What assistive technology calls a control that has no label.
   void Name(std::string_view control, const char* name) const;
+  // Double click and return key on a row of the list view press this button.
+  void OpenRowsBy(std::string_view list_view, std::string_view button) const;
   // All these are as wide as the widest of them.
   void SameWidth(std::initializer_list<std::string_view> controls) const;
 

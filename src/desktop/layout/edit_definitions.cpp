@@ -106,6 +106,8 @@ void Positions(const DialogLayout& dialog) {
   grid->setColumnStretch(2, 3);
   grid->setRowStretch(1, 1);
   dialog.Name("lvwArtikel", "Artikel der Gruppe");
+  dialog.OpenRowsBy("lvwArtikel", "cmdAddPos");
+  dialog.OpenRowsBy("lvwPositionen", "cmdEditPos");
   dialog.Name("cmdAddPos", "Artikel als Vertragsposition übernehmen");
   dialog.Name("cmdDeletePos", "Vertragsposition löschen");
   dialog.Name("cmdEditPos", "Vertragsposition bearbeiten");

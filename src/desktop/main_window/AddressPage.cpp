@@ -1,5 +1,6 @@
 #include "desktop/main_window/AddressPage.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QScrollArea>
 #include <QSplitter>
@@ -35,6 +36,8 @@ void Prepare(QTreeView& tree, ContractTree& contracts) {
   tree.setAlternatingRowColors(true);
   tree.setEditTriggers(QAbstractItemView::NoEditTriggers);
   tree.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  tree.setContextMenuPolicy(Qt::ActionsContextMenu);
+  tree.header()->setContextMenuPolicy(Qt::PreventContextMenu);
   tree.header()->setObjectName(QStringLiteral("contracts_columns"));
   const int character = tree.fontMetrics().horizontalAdvance(u'n');
   for (int column = 0; column < ContractTree::Columns; ++column) {
@@ -78,6 +81,17 @@ QWidget* AddressPage::MakeRight() {
   connect(tree_.selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& current) { ChooseRow(current); });
 
+  auto* show_details = new QAction(QStringLiteral("&Einzelheiten zeigen"), &tree_);
+  show_details->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
+  show_details->setShortcutContext(Qt::WidgetShortcut);
+  connect(show_details, &QAction::triggered, this,
+          [this] { tabs_.setCurrentWidget(detail_table_.parentWidget()); });
+  // Rows with others below them fold instead.
+  connect(&tree_, &QTreeView::doubleClicked, this, [this, show_details](const QModelIndex& index) {
+    if (!contracts_.hasChildren(index)) show_details->trigger();
+  });
+  tree_.addAction(show_details);
+
   auto* timeline = new QScrollArea;
   timeline->setWidget(&timeline_);
   timeline->setWidgetResizable(true);
@@ -114,6 +128,11 @@ QWidget* AddressPage::MakeRight() {
   all->addWidget(&name_);
   all->addWidget(split, 1);
   return right;
+}
+
+void AddressPage::AddRowAction(QAction& action) {
+  addresses_.Table().addAction(&action);
+  tree_.addAction(&action);
 }
 
 void AddressPage::Reload() {

@@ -27,6 +27,8 @@ class AddressPage final : public Page {
   ListPage& List() override { return addresses_; }
   void Reload() override;
   void ShowCurrent() override;
+  // Adds what can be done to the menus of the addresses and of their contracts.
+  void AddRowAction(QAction& action);
 
  private:
   QWidget* MakeRight();

@@ -70,12 +70,23 @@ void ListPage::Search() {
 
 void ListPage::AddTool(QAction& action) {
   auto* button = new QPushButton(action.iconText());
-  button->setToolTip(action.toolTip());
+  const QString keys = action.shortcut().toString(QKeySequence::NativeText);
+  button->setToolTip(keys.isEmpty() ? action.toolTip()
+                                    : QStringLiteral("%1 (%2)").arg(action.toolTip(), keys));
   button->setEnabled(action.isEnabled());
   connect(button, &QPushButton::clicked, &action, &QAction::trigger);
   connect(&action, &QAction::changed, button,
           [button, &action] { button->setEnabled(action.isEnabled()); });
   AddTool(*button);
+}
+
+QAction* ListPage::ShowingContract(std::function<store::Oid(const ListRow& row)> of) {
+  auto* action = new QAction(QStringLiteral("Vertrag &zeigen"), this);
+  connect(action, &QAction::triggered, this, [this, of = std::move(of)] {
+    const ListRow* row = table_.Current();
+    if (const store::Oid contract = row ? of(*row) : 0; contract != 0) ContractAsked(contract);
+  });
+  return action;
 }
 
 void ListPage::SetCondition(std::function<bool(const ListRow& row)> condition) {

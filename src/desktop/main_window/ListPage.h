@@ -47,6 +47,8 @@ class ListPage : public Page {
 
  protected:
   OpenDatabase& Database() { return database_; }
+  // An action that asks for the current row's contract; of gives its Oid, 0 for none.
+  QAction* ShowingContract(std::function<store::Oid(const ListRow& row)> of);
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

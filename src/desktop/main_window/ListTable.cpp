@@ -1,8 +1,8 @@
 #include "desktop/main_window/ListTable.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
-#include <utility>
+#include <QStyle>
+#include <algorithm>
 
 namespace pactora::desktop {
 namespace {
@@ -23,17 +23,23 @@ ListTable::ListTable(ListModel& model, const QString& name, QWidget* parent)
   setShowGrid(false);
   setWordWrap(false);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kAir);
   QHeaderView& header = *horizontalHeader();
   header.setObjectName(name + QStringLiteral("_columns"));
+  header.setContextMenuPolicy(Qt::PreventContextMenu);  // the menu is that of a row
   header.setSectionsMovable(true);
   header.setHighlightSections(false);
   header.setStretchLastSection(true);
   const int character = fontMetrics().horizontalAdvance(u'n');
   for (std::size_t i = 0; i < model.Columns().size(); ++i) {
-    header.resizeSection(static_cast<int>(i), character * model.Columns()[i].width + 2 * kAir);
+    const int column = static_cast<int>(i);
+    // The title and the arrow of the order at least.
+    const int least =
+        header.sectionSizeHint(column) + style()->pixelMetric(QStyle::PM_HeaderMarkSize);
+    header.resizeSection(column, std::max(least, character * model.Columns()[i].width + 2 * kAir));
   }
   connect(&model, &QAbstractItemModel::modelReset, this, [this] { Restore(false); });
 }
@@ -70,21 +76,15 @@ void ListTable::currentChanged(const QModelIndex& current, const QModelIndex& pr
   if (Chosen) Chosen(row);
 }
 
-void ListTable::Open() {
-  if (Opened && currentIndex().isValid()) Opened(rows_.Row(currentIndex().row()));
+void ListTable::OpenBy(QAction& action) {
+  action.setShortcuts({Qt::Key_Return, Qt::Key_Enter});
+  action.setShortcutContext(Qt::WidgetShortcut);
+  addAction(&action);
+  connect(this, &QTableView::doubleClicked, &action, &QAction::trigger);
 }
 
-void ListTable::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    Open();
-    return;
-  }
-  QTableView::keyPressEvent(event);
-}
-
-void ListTable::mouseDoubleClickEvent(QMouseEvent* event) {
-  QTableView::mouseDoubleClickEvent(event);
-  if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid()) Open();
+const ListRow* ListTable::Current() const {
+  return currentIndex().isValid() ? &rows_.Row(currentIndex().row()) : nullptr;
 }
 
 }  // namespace pactora::desktop

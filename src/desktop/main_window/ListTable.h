@@ -2,6 +2,7 @@
 // sized and sorted by.
 #pragma once
 
+#include <QAction>
 #include <QTableView>
 #include <functional>
 #include <optional>
@@ -17,8 +18,12 @@ class ListTable final : public QTableView {
 
   // A person chose a row.
   std::function<void(const ListRow& row)> Chosen;
-  // A person activated the row: double click or return key.
-  std::function<void(const ListRow& row)> Opened;
+
+  // What double click and return key do with the current row; the first line of the
+  // menu, in which all actions of the table are. The action must outlive the table.
+  void OpenBy(QAction& action);
+  // The row with the focus; null for none.
+  const ListRow* Current() const;
 
   // Shows the row of that key as the chosen one, none for nothing; it stays the
   // chosen one when the list changes. Reports nothing.
@@ -29,12 +34,9 @@ class ListTable final : public QTableView {
 
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
   void Restore(bool scroll);
-  void Open();
 
   ListModel& rows_;
   std::optional<std::int64_t> key_;

@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 #include <vector>
@@ -58,7 +57,7 @@ MainWindow::MainWindow(OpenDatabase& database, WindowMemory& memory)
 
   // Wide enough for the columns of every list, where the screen is.
   const QSize wanted(fontMetrics().horizontalAdvance(u'n') * 175, fontMetrics().height() * 58);
-  resize(wanted.boundedTo(screen()->availableSize()));
+  resize(wanted.boundedTo(RoomFor(*this)));
   memory_.Restore(*this);
   Reload();
   addresses_.List().Search();
@@ -99,8 +98,8 @@ void MainWindow::MakeActions() {
   Add(contracts, "calendar", QStringLiteral("Fristen als &Kalenderdatei …"), {},
       &MainWindow::AskCalendar)
       ->setEnabled(deadlines::HasCalendars());
-  tick_ =
-      Add(contracts, "tick", QStringLiteral("Termin &erledigt"), {}, &MainWindow::TickAppointment);
+  tick_ = Add(contracts, "tick", QStringLiteral("Termin &erledigt"),
+              QKeySequence(Qt::CTRL | Qt::Key_E), &MainWindow::TickAppointment);
   take_back_ = Add(contracts, "take_back", QStringLiteral("Erledigen &zurücknehmen"),
                    QKeySequence::Undo, &MainWindow::TakeBackTick);
 
@@ -154,10 +153,15 @@ void MainWindow::MakePages() {
     pages[i]->ChoiceChanged = [this] { ShowChoice(); };
     pages[i]->ContractAsked = [this](store::Oid contract) { ShowContract(contract); };
   }
-  types_.Table().Opened = [this](const ListRow&) { EditType(); };
+  auto* calendar = findChild<QAction*>(QStringLiteral("calendar"));
+  addresses_.AddRowAction(*new_contract_);
+  types_.Table().OpenBy(*edit_type_);
+  types_.Table().addAction(new_type_);
   types_.AddTool(*new_type_);
   types_.AddTool(*edit_type_);
-  deadlines_.AddTool(*findChild<QAction*>(QStringLiteral("calendar")));
+  deadlines_.Table().addAction(calendar);
+  deadlines_.AddTool(*calendar);
+  appointments_.Table().addActions({tick_, take_back_});
   appointments_.AddTool(*tick_);
 }
 

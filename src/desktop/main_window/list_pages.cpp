@@ -52,7 +52,7 @@ void TypePage::ShowCurrent() {
 DeadlinePage::DeadlinePage(OpenDatabase& database)
     : ListPage(database, DeadlineList(), QStringLiteral("deadlines"),
                QStringLiteral("Frist suchen")) {
-  Table().Opened = [this](const ListRow& row) { ContractAsked(row.oid); };
+  Table().OpenBy(*ShowingContract([](const ListRow& row) { return row.oid; }));
   QSpinBox* weeks = WeekBox(QStringLiteral("deadlines_weeks"));
   const auto select = [this, weeks] {
     SetCondition([today = Database().Clock().Today(), limit = weeks->value()](const ListRow& row) {
@@ -71,14 +71,13 @@ AppointmentPage::AppointmentPage(OpenDatabase& database)
   connect(Table().selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
     if (ChoiceChanged) ChoiceChanged();
   });
-  Table().Opened = [this](const ListRow& row) {
+  Table().OpenBy(*ShowingContract([this](const ListRow& row) {
     store::Record record;
-    if (Database().Read([&] {
-          Database().Store().Read(Database().Table(table::vv_VertragsAktivitaeten), row.oid,
-                                  record);
-        }))
-      ContractAsked(record.parent);
-  };
+    Database().Read([&] {
+      Database().Store().Read(Database().Table(table::vv_VertragsAktivitaeten), row.oid, record);
+    });
+    return record.parent;
+  }));
   QSpinBox* weeks = WeekBox(QStringLiteral("appointments_weeks"));
   auto* done = new QCheckBox(QStringLiteral("auch erledigte"));
   done->setObjectName(QStringLiteral("appointments_done"));

@@ -138,7 +138,9 @@ TEST_F(MainWindowTest, AContractTypeIsMadeAndChanged) {
   EXPECT_EQ(CurrentText(table::vv_Vertragsdefinitionen, field::Bezeichnung), "Archivierung");
   ASSERT_TRUE(Action("edit_type").isEnabled());
   name_it("Archiv");
-  RunSteps(steps, [&] { QTest::keyClick(&window->Types().Table(), Qt::Key_Return); });
+  const ListTable& types = window->Types().Table();
+  const QPoint row = types.visualRect(types.currentIndex()).center();
+  RunSteps(steps, [&] { QTest::mouseDClick(types.viewport(), Qt::LeftButton, {}, row); });
   window->FinishReading();
   EXPECT_EQ(window->Types().Table().currentIndex().data(), "Archiv");
   EXPECT_EQ(Count(table::vv_Vertragsdefinitionen), 9u);
@@ -165,8 +167,8 @@ TEST_F(MainWindowTest, DeadlinesAreThoseOfAllContractsAndLeadToThem) {
   ASSERT_TRUE(written.open(QIODevice::ReadOnly));
   EXPECT_EQ(written.readAll().count("BEGIN:VEVENT"), window->Deadlines().Model().rowCount());
   window->findChild<QLineEdit*>("deadlines_search")->clear();
-  window->Deadlines().Table().setCurrentIndex(window->Deadlines().Model().index(0, 0));
-  QTest::keyClick(&window->Deadlines().Table(), Qt::Key_Return);
+  window->Deadlines().Table().Enter();
+  User().Key(Qt::Key_Return);
   EXPECT_EQ(Text("address_name"), "Kaltluft Rechenzentrum GmbH");
   EXPECT_EQ(CurrentText(table::vv_Vertraege, field::Vertragnummer), "RZ-2026-17");
 }
