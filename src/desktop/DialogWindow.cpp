@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <QTimer>
@@ -12,6 +11,7 @@
 #include <utility>
 
 #include "desktop/MessageBox.h"
+#include "desktop/appearance.h"
 #include "desktop/binding/access_keys.h"
 #include "desktop/layout/layouts.h"
 #include "desktop/text.h"
@@ -19,8 +19,6 @@
 
 namespace pactora::desktop {
 namespace {
-
-constexpr int kScreenMargin = 40;  // pixels of the screen that a window leaves free
 
 // One tab stop stands for all options that exclude each other: the chosen one.
 bool ChosenElsewhere(const ui::Control& control) {
@@ -100,7 +98,11 @@ void DialogWindow::MakeWidgets() {
     return control ? &BinderOf(control)->Widget() : nullptr;
   });
   if (footer_) outer->addWidget(footer_);
-  for (const BinderPtr& binder : binders_) binder->Show(ui::Property::Order);
+  NameBoxes();
+  for (const BinderPtr& binder : binders_) {
+    binder->Show(ui::Property::Order);
+    binder->Show(ui::Property::ToolTip);
+  }
   ChooseKeys();
 }
 
@@ -112,6 +114,18 @@ void DialogWindow::ConnectLabels() {
     const bool together = &next.Parent() == &binders_[i]->Control().Parent();
     if (!label || !together || !TakesLabel(next)) continue;
     label->setBuddy(&binders_[i + 1]->Widget());
+  }
+}
+
+// A box is called by its label, and so are the parts of a date box.
+void DialogWindow::NameBoxes() {
+  for (std::size_t i = 0; i < binders_.size(); ++i) {
+    if (!TakesLabel(binders_[i]->Control())) continue;
+    const Binder* before = i == 0 ? nullptr : binders_[i - 1].get();
+    const auto* label = before ? qobject_cast<QLabel*>(&before->Widget()) : nullptr;
+    const bool labelled = label && label->buddy() == &binders_[i]->Widget();
+    binders_[i]->SetName(
+        labelled ? ToQt(dynamic_cast<const ui::Label&>(before->Control()).Caption()) : QString());
   }
 }
 
@@ -141,7 +155,7 @@ QSize DialogWindow::sizeHint() const {
 }
 
 void DialogWindow::FitToScreen() {
-  QSize room = screen()->availableSize() - QSize(kScreenMargin, kScreenMargin);
+  const QSize room = RoomFor(*this);
   // A part that is scrolled needs the bar's width beside it.
   const QSize whole = sizeHint();
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);

@@ -55,6 +55,7 @@ class DialogWindow final : public QDialog, private PersonDoor, private ui::FormO
 
   void MakeWidgets();
   void ConnectLabels();
+  void NameBoxes();
   void ChooseKeys();
   void FitToScreen();
   // By Esc or by the window's frame: asks first where something was entered.

@@ -182,15 +182,15 @@ TEST_F(Binding, AListViewHidesItsStorageAndCountsEveryClick) {
 TEST_F(Binding, ADateIsTypedSteppedAndChosenInTheCalendar) {
   form.dtpStart.SetValue(Day(1, 2, 2024));
   Show([&](WindowUser& user) {
-    user.Retype("dtpStart", "15.3.24");
+    user.Retype("dtpStart", "15-3-24");
     EXPECT_THAT(form.Ran(), IsEmpty());
     user.Key(Qt::Key_Tab);
     EXPECT_EQ(form.dtpStart.Value(), Day(15, 3, 2024));
     EXPECT_EQ(user.Text("dtpStart_edit"), "15.03.2024");
     EXPECT_THAT(form.Ran(), ElementsAre("dtpStart_Change"));
     user.GoTo("dtpStart");
-    user.Key(Qt::Key_Up);
-    user.Key(Qt::Key_PageDown);
+    for (const auto key : {Qt::Key_Up, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_PageDown})
+      user.Key(key);
     EXPECT_EQ(form.dtpStart.Value(), Day(16, 2, 2024));
     user.Key(Qt::Key_F4);
     auto* calendar = user.Window().findChild<QCalendarWidget*>();

@@ -54,12 +54,9 @@ bool IsCut(const QWidget& widget) {
   return view && view->header()->length() > view->viewport()->width();
 }
 
-// Whether a box has neither a label nor a name.
-bool IsNameless(const WindowUser& user, const QWidget& widget) {
-  static const QRegularExpression box("^(txt|cbo|cmb|lst|lvw|DTP)(?!.*_(edit|tick)$)");
-  const bool labelled = std::ranges::any_of(user.Window().findChildren<QLabel*>(),
-                                            [&](auto* label) { return label->buddy() == &widget; });
-  return widget.objectName().contains(box) && !labelled && widget.accessibleName().isEmpty();
+bool IsNameless(const QWidget& widget) {
+  static const QRegularExpression box("^(txt|cbo|cmb|lst|lvw|DTP)");
+  return widget.objectName().contains(box) && widget.accessibleName().isEmpty();
 }
 
 bool IsReadable(const QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground) {
@@ -122,7 +119,7 @@ void ExpectAllWell(WindowUser& user) {
   QList<QWidget*> seen;
   for (QWidget* widget : Widgets(user)) {
     SCOPED_TRACE(widget->objectName().toStdString());
-    EXPECT_FALSE(IsNameless(user, *widget));
+    EXPECT_FALSE(IsNameless(*widget));
     const QPalette& palette = widget->palette();
     EXPECT_TRUE(IsReadable(palette, QPalette::WindowText, QPalette::Window));
     EXPECT_TRUE(IsReadable(palette, QPalette::Text, QPalette::Base));

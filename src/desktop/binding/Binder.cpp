@@ -12,10 +12,16 @@ void Binder::Show(ui::Property property) {
     case ui::Property::Visible:
       return ShowVisible(control_.Visible());
     case ui::Property::ToolTip:
-      return Widget().setToolTip(ToQt(control_.ToolTip()));
+      return ShowToolTip();
     default:
       return ShowOwn(property);
   }
+}
+
+// A button of signs says what it is called.
+void Binder::ShowToolTip() {
+  const bool named = control_.Kind() == ui::ControlKind::Button && control_.ToolTip().empty();
+  Widget().setToolTip(named ? Widget().accessibleName() : ToQt(control_.ToolTip()));
 }
 
 void Binder::ShowAll() {
@@ -30,6 +36,12 @@ void Binder::ShowAll() {
 void Binder::SetAccessKey(QChar letter) {
   access_key_ = letter;
   if (const QString text = MarkableText(); !text.isEmpty()) ShowMarked(Marked(text));
+}
+
+void Binder::SetName(const QString& name) {
+  if (Widget().accessibleName().isEmpty()) Widget().setAccessibleName(name);
+  for (QWidget* stop : FocusStops())
+    if (stop->accessibleName().isEmpty()) stop->setAccessibleName(Widget().accessibleName());
 }
 
 QString Binder::Marked(const QString& text) const {

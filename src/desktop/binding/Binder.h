@@ -58,6 +58,8 @@ class Binder : public QObject {
 
   // The text in which an access key can be marked; empty for none.
   virtual QString MarkableText() const { return {}; }
+  // What assistive technology calls the control; one that has a name keeps it.
+  void SetName(const QString& name);
   // Marks the letter from now on wherever it occurs in the text; none for null.
   void SetAccessKey(QChar letter);
 
@@ -78,6 +80,8 @@ class Binder : public QObject {
   PersonDoor& door_;
 
  private:
+  void ShowToolTip();
+
   ui::Control& control_;
   QChar access_key_;
 };

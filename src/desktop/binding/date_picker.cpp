@@ -48,9 +48,13 @@ class DateEdit final : public QLineEdit {
       case Qt::Key_F4:
         return OpenCalendar();
       case Qt::Key_Up:
+      case Qt::Key_Plus:
         return Moved(1, 0);
       case Qt::Key_Down:
         return alt ? OpenCalendar() : Moved(-1, 0);
+      case Qt::Key_Minus:
+        // Among typed digits it stands between day, month and year.
+        return isModified() ? QLineEdit::keyPressEvent(event) : Moved(-1, 0);
       case Qt::Key_PageUp:
         return Moved(0, 1);
       case Qt::Key_PageDown:
@@ -74,7 +78,7 @@ class DatePickerBinder final : public Binder {
       tick_ = new QCheckBox(&widget_);
       tick_->setObjectName(name + QLatin1String("_tick"));
       tick_->setFocusPolicy(Qt::TabFocus);
-      tick_->setAccessibleName(tr("Datum angeben"));
+      tick_->setToolTip(tr("Datum angeben"));
       connect(tick_, &QCheckBox::clicked, this, [this](bool ticked) { Tick(ticked); });
       row->addWidget(tick_);
     }
