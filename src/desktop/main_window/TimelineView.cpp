@@ -68,6 +68,8 @@ std::vector<TimelineView::Mark> TimelineView::Marks() const {
                      QStringLiteral("nächste Rechnung ") + DayText(*term.next_invoice),
                      QColor::fromRgb(colors.invoice)});
   }
+  // The words of each stand below the lines to their right.
+  std::ranges::stable_sort(marks, std::ranges::greater(), &Mark::date);
   return marks;
 }
 
@@ -112,6 +114,12 @@ int TimelineView::X(platform::Date date, const TimeAxis& axis) const {
   return kMargin + qRound(axis.Place(date) * (width() - 2 * kMargin));
 }
 
+int TimelineView::MarkTop(std::size_t mark) const {
+  const auto terms = static_cast<int>(std::max<std::size_t>(1, line_->terms.size()));
+  return kMargin + fontMetrics().height() + kPadding + AxisHeight() +
+         terms * (RowHeight() + kBetween) + static_cast<int>(mark) * RowHeight();
+}
+
 QRect TimelineView::TermRect(std::size_t term, const TimeAxis& axis) const {
   const TimelineTerm& shown = line_->terms[term];
   const int left = X(shown.start, axis);
@@ -139,9 +147,51 @@ void TimelineView::paintEvent(QPaintEvent*) {
                    Qt::AlignLeft | Qt::AlignVCenter, ToQt(line_->title));
   painter.setFont(font());
   const TimeAxis axis(*line_, today_);
+  const std::vector<Label> labels = Labels(axis);
+  QRegion beside(rect());
+  for (const Label& label : labels) beside -= label.place;
+  painter.setClipRegion(beside);
   PaintAxis(painter, axis);
-  PaintTerms(painter, axis);
+  painter.setClipping(false);
+  PaintBars(painter, axis);
+  painter.setClipRegion(beside);
   PaintMarks(painter, axis);
+  painter.setClipping(false);
+  for (const Label& label : labels) {
+    painter.setPen(label.color);
+    painter.drawText(label.place, Qt::AlignCenter, label.text);
+  }
+}
+
+std::vector<TimelineView::Label> TimelineView::Labels(const TimeAxis& axis) const {
+  const auto wide = [this](const QString& text) {
+    return fontMetrics().horizontalAdvance(text) + 2 * kPadding;
+  };
+  std::vector<Label> labels;
+  for (std::size_t i = 0; i < line_->terms.size(); ++i) {
+    const QString text = TermText(line_->terms[i]);
+    const QRect bar = TermRect(i, axis);
+    // In the bar where there is room, else behind or before it.
+    QRect place(bar.left(), bar.top(), wide(text), bar.height());
+    const bool inside = place.width() <= bar.width();
+    if (!inside) {
+      const bool behind = bar.right() + place.width() < width() - kMargin;
+      place.moveLeft(behind ? bar.right() + 1 : std::max(0, bar.left() - place.width()));
+    }
+    labels.push_back({place, text,
+                      inside ? QColor::fromRgb(ColorsFor(palette()).bar_text)
+                             : palette().color(QPalette::Text)});
+  }
+  const std::vector<Mark> marks = Marks();
+  for (std::size_t i = 0; i < marks.size(); ++i) {
+    const int x = X(marks[i].date, axis);
+    const int width_of = wide(marks[i].text);
+    const bool right = x + width_of < width() - kMargin / 2;
+    labels.push_back({{right ? x + 2 : x - 1 - width_of, MarkTop(i), width_of, RowHeight()},
+                      marks[i].text,
+                      marks[i].color});
+  }
+  return labels;
 }
 
 void TimelineView::PaintAxis(QPainter& painter, const TimeAxis& axis) const {
@@ -158,8 +208,9 @@ void TimelineView::PaintAxis(QPainter& painter, const TimeAxis& axis) const {
   }
 }
 
-void TimelineView::PaintTerms(QPainter& painter, const TimeAxis& axis) const {
+void TimelineView::PaintBars(QPainter& painter, const TimeAxis& axis) const {
   const MarkColors& colors = ColorsFor(palette());
+  painter.setPen(Qt::NoPen);
   for (std::size_t i = 0; i < line_->terms.size(); ++i) {
     const TimelineTerm& term = line_->terms[i];
     const QRect bar = TermRect(i, axis);
@@ -175,39 +226,17 @@ void TimelineView::PaintTerms(QPainter& painter, const TimeAxis& axis) const {
       fading.setColorAt(1, palette().color(QPalette::Base));
       painter.setBrush(fading);
     }
-    painter.setPen(Qt::NoPen);
     painter.drawRoundedRect(bar, 3, 3);
-    const QString text = TermText(term);
-    const int wide = fontMetrics().horizontalAdvance(text) + 2 * kPadding;
-    // In the bar where there is room, else behind or before it.
-    QRect place(bar.left() + kPadding, bar.top(), wide, bar.height());
-    const bool inside = wide <= bar.width();
-    if (!inside) {
-      const bool behind = bar.right() + wide < width() - kMargin;
-      place.moveLeft(behind ? bar.right() + kPadding : std::max(0, bar.left() - wide));
-    }
-    painter.setPen(inside ? QColor::fromRgb(colors.bar_text) : palette().color(QPalette::Text));
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, text);
   }
 }
 
 void TimelineView::PaintMarks(QPainter& painter, const TimeAxis& axis) const {
   const int top = kMargin + fontMetrics().height() + kPadding + fontMetrics().height();
-  int row =
-      kMargin + fontMetrics().height() + kPadding + AxisHeight() +
-      static_cast<int>(std::max<std::size_t>(1, line_->terms.size())) * (RowHeight() + kBetween);
-  // The latest on top: the words of each stand below the lines to their right.
-  std::vector<Mark> marks = Marks();
-  std::ranges::stable_sort(marks, std::ranges::greater(), &Mark::date);
-  for (const Mark& mark : marks) {
-    const int x = X(mark.date, axis);
-    painter.setPen(QPen(mark.color, 1.6));
-    painter.drawLine(x, top, x, row + RowHeight() - kPadding);
-    const int wide = fontMetrics().horizontalAdvance(mark.text) + kPadding;
-    const bool right = x + wide < width() - kMargin / 2;
-    painter.drawText(QRect(right ? x + kPadding : x - wide, row, wide, RowHeight()),
-                     Qt::AlignLeft | Qt::AlignVCenter, mark.text);
-    row += RowHeight();
+  const std::vector<Mark> marks = Marks();
+  for (std::size_t i = 0; i < marks.size(); ++i) {
+    const int x = X(marks[i].date, axis);
+    painter.setPen(QPen(marks[i].color, 1.6));
+    painter.drawLine(x, top, x, MarkTop(i) + RowHeight() - kPadding);
   }
 }
 

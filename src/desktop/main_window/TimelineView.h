@@ -31,7 +31,7 @@ class TimelineView final : public QWidget {
     QString text;
     QColor color;
   };
-  std::vector<Mark> Marks() const;
+  std::vector<Mark> Marks() const;  // the latest first
   QString TermText(const TimelineTerm& term) const;
   // In words, for those who can't see it.
   QString Words() const;
@@ -39,10 +39,19 @@ class TimelineView final : public QWidget {
   int AxisHeight() const;
   int TickWidth() const;  // that a tick's label has at least
   QRect TermRect(std::size_t term, const TimeAxis& axis) const;
+  int MarkTop(std::size_t mark) const;  // of its words
   int X(platform::Date date, const TimeAxis& axis) const;
 
+  // A text where it stands; no line runs through it.
+  struct Label {
+    QRect place;
+    QString text;
+    QColor color;
+  };
+  // What the bars say, and the marks.
+  std::vector<Label> Labels(const TimeAxis& axis) const;
+  void PaintBars(QPainter& painter, const TimeAxis& axis) const;
   void PaintAxis(QPainter& painter, const TimeAxis& axis) const;
-  void PaintTerms(QPainter& painter, const TimeAxis& axis) const;
   void PaintMarks(QPainter& painter, const TimeAxis& axis) const;
 
   std::optional<Timeline> line_;
