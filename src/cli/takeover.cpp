@@ -7,6 +7,7 @@
 
 #include "automation/bulk/report.h"
 #include "automation/takeover/job.h"
+#include "automation/takeover/list.h"
 #include "cli/ProgressBar.h"
 #include "cli/commands.h"
 #include "cli/interrupt.h"
@@ -91,6 +92,16 @@ void AddTakeover(CLI::App& app, Run& run) {
                    "BERICHT.abgelehnt.csv")
       ->required()
       ->type_name("BERICHT")
+      ->group(kOptionGroup);
+  // Prints and ends, whatever else is missing, as --help does.
+  command
+      ->add_flag_callback(
+          "--template",
+          [] {
+            std::cout << takeover::Template();
+            throw CLI::Success();
+          },
+          "Gibt eine Vorlage der Liste aus: alle Spalten und eine Beispielzeile")
       ->group(kOptionGroup);
   AddToday(*command, arguments->today);
   AddDryRun(*command, arguments->order.rehearsal,

@@ -81,6 +81,7 @@ bool ReadBoolean(std::string_view text) {
 
 struct Column {
   std::string_view name;
+  std::string_view example;
   bool required;
   void (*read)(Line& line, const std::string& cell);
 };
@@ -88,22 +89,27 @@ struct Column {
 // A line's values have this order, and keys are made from them: a new column must be
 // added at the end, so that the keys of existing reports stay valid.
 constexpr std::array kColumns = {
-    Column{"Adresse", true, [](Line& l, const std::string& c) { l.address = c; }},
-    Column{"Vertragstyp", true, [](Line& l, const std::string& c) { l.type = c; }},
-    Column{"Vertragsbeginn", true, [](Line& l, const std::string& c) { l.begin = ReadDate(c); }},
-    Column{"ZuletztFakturiert", false,
+    Column{"Adresse", "Muster GmbH", true, [](Line& l, const std::string& c) { l.address = c; }},
+    Column{"Vertragstyp", "Wartung", true, [](Line& l, const std::string& c) { l.type = c; }},
+    Column{"Vertragsbeginn", "01.01.2024", true,
+           [](Line& l, const std::string& c) { l.begin = ReadDate(c); }},
+    Column{"ZuletztFakturiert", "01.04.2026", false,
            [](Line& l, const std::string& c) { l.last_invoiced = ReadDate(c); }},
-    Column{"Vertragsnummer", false, [](Line& l, const std::string& c) { l.number = c; }},
-    Column{"GeschlossenAm", false,
+    Column{"Vertragsnummer", "W-2024-01", false,
+           [](Line& l, const std::string& c) { l.number = c; }},
+    Column{"GeschlossenAm", "15.12.2023", false,
            [](Line& l, const std::string& c) { l.closed_on = ReadDate(c); }},
-    Column{"Verantwortlich", false, [](Line& l, const std::string& c) { l.responsible = c; }},
-    Column{"Rabatt", false, [](Line& l, const std::string& c) { l.discount = ReadNumber(c); }},
-    Column{"RabattNurErsteLaufzeit", false,
+    Column{"Verantwortlich", "Anna", false,
+           [](Line& l, const std::string& c) { l.responsible = c; }},
+    Column{"Rabatt", "12,5", false,
+           [](Line& l, const std::string& c) { l.discount = ReadNumber(c); }},
+    Column{"RabattNurErsteLaufzeit", "nein", false,
            [](Line& l, const std::string& c) { l.discount_first_term_only = ReadBoolean(c); }},
-    Column{"Fremdfakturierung", false,
+    Column{"Fremdfakturierung", "nein", false,
            [](Line& l, const std::string& c) { l.no_booking = ReadBoolean(c); }},
-    Column{"Bearbeitungshinweis", false, [](Line& l, const std::string& c) { l.memo = c; }},
-    Column{"Schlüssel", false, [](Line& l, const std::string& c) { l.key = c; }},
+    Column{"Bearbeitungshinweis", "Beispielzeile, bitte ersetzen", false,
+           [](Line& l, const std::string& c) { l.memo = c; }},
+    Column{"Schlüssel", "A-1", false, [](Line& l, const std::string& c) { l.key = c; }},
 };
 
 using Columns = std::vector<const Column*>;
@@ -217,6 +223,20 @@ std::string ColumnNames() {
   for (const Column& column : kColumns)
     names += (names.empty() ? "" : ", ") + std::string(column.name);
   return names;
+}
+
+std::string Template() {
+  std::vector<std::string> names;
+  std::vector<std::string> examples;
+  for (const Column& column : kColumns) {
+    names.emplace_back(column.name);
+    examples.emplace_back(column.example);
+  }
+  const formats::CsvForm form{.marked = true, .line_break = "\r\n"};
+  std::string text = form.Mark();
+  for (const auto& cells : {names, examples})
+    text += formats::CsvLine(cells, form.separator) + form.line_break;
+  return text;
 }
 
 std::string TextOf(const List& list, const std::vector<const Line*>& lines) {

@@ -50,6 +50,10 @@ List ReadListFile(const std::string& path);
 // The names of all columns, in one line; required ones first.
 std::string ColumnNames();
 
+// A list to be filled in: all columns, and a line that shows what they hold. Spreadsheet
+// programs open it as it is.
+std::string Template();
+
 // A list of some of its lines, written as the list is.
 std::string TextOf(const List& list, const std::vector<const Line*>& lines);
 

@@ -9,12 +9,18 @@
 #include <algorithm>
 #include <exception>
 #include <memory>
+#include <ostream>
 #include <utility>
 
 #include "automation/formats/errors.h"
+#include "automation/formats/files.h"
+#include "automation/takeover/list.h"
 #include "automation/takeover/rejected_lines.h"
+#include "automation/workspace/database.h"
 #include "desktop/MessageBox.h"
+#include "desktop/appearance.h"
 #include "desktop/main_window/ProgressDialog.h"
+#include "desktop/main_window/ask_file.h"
 #include "desktop/text.h"
 
 namespace pactora::desktop {
@@ -88,7 +94,8 @@ TakeoverWindow::TakeoverWindow(std::string database, const platform::Clock& cloc
   all->addWidget(&table_, 1);
   all->addWidget(buttons);
   SetRunning(false);
-  resize(fontMetrics().horizontalAdvance(u'n') * 100, fontMetrics().height() * 34);
+  resize(QSize(fontMetrics().horizontalAdvance(u'n') * 100, fontMetrics().height() * 34)
+             .boundedTo(RoomFor(*this)));
 }
 
 QWidget* TakeoverWindow::MakeFiles() {
@@ -118,17 +125,21 @@ QWidget* TakeoverWindow::MakeFiles() {
   rehearsal_.setObjectName(QStringLiteral("takeover_rehearsal"));
   rehearsal_.setText(QStringLiteral("&Probelauf, nichts wird geschrieben"));
   grid->addWidget(&rehearsal_, 2, 1);
-  connect(&list_, &QLineEdit::textChanged, this, [this] { SetRunning(running_); });
+  auto* template_button = new QPushButton(QStringLiteral("&Vorlage speichern …"));
+  template_button->setToolTip(QStringLiteral("Eine Liste mit allen Spalten zum Ausfüllen"));
+  template_button->setAutoDefault(false);
+  connect(template_button, &QPushButton::clicked, this, &TakeoverWindow::SaveTemplate);
+  grid->addWidget(template_button, 2, 1, 1, 2, Qt::AlignRight);
+  connect(&list_, &QLineEdit::textChanged, this, [this](const QString& list) {
+    if (!report_.isModified())
+      report_.setText(list.isEmpty() ? QString() : ToQt(takeover::UsualReport(FromQt(list))));
+    SetRunning(running_);
+  });
   connect(&report_, &QLineEdit::textChanged, this, [this] { SetRunning(running_); });
   return files;
 }
 
-void TakeoverWindow::SetList(const QString& file) {
-  const auto usual = [](const QString& list) { return ToQt(takeover::UsualReport(FromQt(list))); };
-  if (report_.text().isEmpty() || report_.text() == usual(list_.text()))
-    report_.setText(usual(file));
-  list_.setText(file);
-}
+void TakeoverWindow::SetList(const QString& file) { list_.setText(file); }
 
 void TakeoverWindow::ChooseList() {
   const QString file =
@@ -140,7 +151,23 @@ void TakeoverWindow::ChooseReport() {
   const QString file =
       QFileDialog::getSaveFileName(this, QStringLiteral("Bericht"), report_.text(), kLists, nullptr,
                                    QFileDialog::DontConfirmOverwrite);
-  if (!file.isEmpty()) report_.setText(file);
+  if (file.isEmpty()) return;
+  report_.setText(file);
+  report_.setModified(true);
+}
+
+void TakeoverWindow::SaveTemplate() {
+  const QString file =
+      AskNewFile(this, {QStringLiteral("Vorlage speichern"), QStringLiteral("Vertragsliste.csv"),
+                        QStringLiteral("Listen (*.csv)"), QStringLiteral("csv")});
+  if (file.isEmpty()) return;
+  try {
+    workspace::RequireNoDatabase(database_, FromQt(file));
+    formats::WriteOutput(FromQt(file), [](std::ostream& out) { out << takeover::Template(); });
+    outcome_.setText(QStringLiteral("Geschrieben: ") + file);
+  } catch (const platform::Error& error) {
+    ShowMessageBox({formats::Describe(error), ui::style::kExclamation, "Pactora"}, this);
+  }
 }
 
 void TakeoverWindow::Start() {

@@ -21,11 +21,11 @@ namespace pactora::desktop {
 
 class TakeoverWindow final : public QDialog {
  public:
-  // The clock must outlive the
-  // window.
+  // The clock must outlive the window.
   TakeoverWindow(std::string database, const platform::Clock& clock, QWidget* parent);
 
-  // Sets the list's file; the report is named after it unless the user names another.
+  // Sets the list's file; as when it is typed, the report is named after it unless the
+  // user names another.
   void SetList(const QString& file);
   // Carries out the list in a thread with a connection of its own; returns when it is
   // done or stopped. The window answers meanwhile.
@@ -42,6 +42,7 @@ class TakeoverWindow final : public QDialog {
   QWidget* MakeFiles();
   void ChooseList();
   void ChooseReport();
+  void SaveTemplate();
   void Run(takeover::Job& job);
   void ShowRows(std::vector<ListRow> rows);
   void SetRunning(bool running);

@@ -57,6 +57,8 @@ TEST(TakeoverList, ValuesAreTakenInTheirFormsAloneAndNeverGuessed) {
 }
 
 TEST(TakeoverList, TheKeyIsTheCallersOrTheLine) {
+  const Line example = ReadList(Template(), "vorlage.csv").lines.at(0);
+  EXPECT_EQ(example.key + example.refusal, "A-1");
   EXPECT_EQ(OneLine("Schlüssel", "K-7").key, "K-7");
   for (const char* cell : {"5", "\"5\"", " 5 ;;", "5\r\n"}) {
     EXPECT_EQ(OneLine("GeschlossenAm", cell).key, "A;T;01.02.2024;;;5") << cell;
