@@ -61,16 +61,16 @@ class ContractCheck {
     if (contract.Text(field::Vertragnummer).empty()) Found("hat keine Nummer");
     const std::string typ = contract.Text(field::Typ);
     if (typ != schema::kTypDebtor && typ != schema::kTypCreditor)
-      Found(fmt::format("hat den Typ „{}“", typ));
+      Found(fmt::format("hat im Feld Typ „{}“", typ));
     for (const std::string_view name :
          {field::Art, field::VertragBeginn, field::VertragEnde, field::AktValue,
           field::AktZahlungsperiode, field::AktNaechsteRechnung})
       if (!contract.Has(name)) Found(fmt::format("hat ein leeres Feld {}", name));
     const std::int32_t art = contract.Long(field::Art);
     if (schema::ArtText(art).empty())
-      Found(fmt::format("hat die Art {}", art));
+      Found(fmt::format("hat im Feld Art {}", art));
     else if (schema::ArtText(art) != contract.Text(field::ArtStr))
-      Found(fmt::format("hat die Art {}, aber {} „{}“", art, field::ArtStr,
+      Found(fmt::format("hat im Feld Art {}, aber in {} „{}“", art, field::ArtStr,
                         contract.Text(field::ArtStr)));
     if (art == schema::kArtRenewable && !contract.Has(field::KuendfristDatum))
       Found(fmt::format("hat ein leeres Feld {}", field::KuendfristDatum));

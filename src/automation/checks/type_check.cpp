@@ -83,7 +83,7 @@ class Checker {
   }
 
   void CheckTerms() {
-    CheckPeriod(type_->Long(field::Dauer), type_->Long(field::Zahlungsperiode), "Dauer");
+    CheckPeriod(type_->Long(field::Dauer), type_->Long(field::Zahlungsperiode), "Vertragsdauer");
     CheckNotice(field::Kuendigungsfrist, kNoticeText);
     if (!Renews()) return;
     CheckPeriod(type_->Long(field::Verlaengerungsdauer),
@@ -179,7 +179,7 @@ class Checker {
   void HintAtConsumers() {
     if (type_->Text(field::Typ) != schema::kTypDebtor) return;
     if (type_->Long(field::Dauer) > kLongestFirstTerm) {
-      Hint(fmt::format("Verbraucher: Dauer von {} Monaten, erlaubt sind {}",
+      Hint(fmt::format("Verbraucher: Vertragsdauer von {} Monaten, erlaubt sind {}",
                        type_->Long(field::Dauer), kLongestFirstTerm));
     }
     if (Renews()) {

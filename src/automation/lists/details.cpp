@@ -69,13 +69,13 @@ class Sheet {
 void AddContract(Sheet& sheet, const store::RowView& row) {
   sheet.Field("Nummer", field::Vertragnummer);
   sheet.Field("Bezeichnung", field::Bezeichnung);
-  sheet.Add("Typ", std::string(schema::TypText(row.Text(field::Typ))));
-  sheet.Field("Art", field::ArtStr);
+  sheet.Add("Art", std::string(schema::TypText(row.Text(field::Typ))));
+  sheet.Field("Dauer", field::ArtStr);
   sheet.Field("Verantwortlich", field::Verantwortlich);
   sheet.Date("Beginn", field::VertragBeginn, {});
   sheet.Date("Ende", field::VertragEnde, "unbefristet");
   sheet.Date("Unterschrieben", field::GeschlossenAm, "noch nicht");
-  sheet.Span("Dauer", field::Dauer, "Monate");
+  sheet.Span("Vertragsdauer", field::Dauer, "Monate");
   sheet.Span("Kündigungsfrist", field::Kuendigungsfrist, row.Text(field::KuendigungsfristEinh),
              "keine");
   if (row.Long(field::Art) == schema::kArtRenewable) {

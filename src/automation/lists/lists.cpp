@@ -18,6 +18,8 @@ host::Value PeriodWords(const host::Value& code) {
   return contract::GetPeriodName(host::ToLong(code));
 }
 
+// The titles are the words of the dialogs: "Art" is the side, "Dauer" whether it ends.
+
 // A field of the list's table, or of one above it.
 std::function<host::Value(const Place&)> Field(std::string_view of, std::string_view name) {
   return [of, name](const Place& place) { return place.walk.Row(of)[name]; };
@@ -86,8 +88,8 @@ const List& Types() {
       "Vertragstypen",
       table::vv_Vertragsdefinitionen,
       {Oid(), type("ID", field::ID), type("Bezeichnung", field::Bezeichnung),
-       type("Status", field::Status), type("Typ", field::Typ, CellKind::Text, SideWords),
-       type("Art", field::ArtStr), type("Dauer (Monate)", field::Dauer, CellKind::Number),
+       type("Status", field::Status), type("Art", field::Typ, CellKind::Text, SideWords),
+       type("Dauer", field::ArtStr), type("Vertragsdauer (Monate)", field::Dauer, CellKind::Number),
        type("Zahlung", field::Zahlungsperiode, CellKind::Text, PeriodWords),
        type("Netto", field::NettoSumme, CellKind::Money)}};
   return list;
@@ -100,7 +102,7 @@ const List& Contracts() {
       table::vv_Vertraege,
       {Oid(), AddressName(), contract("Nummer", field::Vertragnummer),
        contract("Bezeichnung", field::Bezeichnung),
-       contract("Typ", field::Typ, CellKind::Text, SideWords), contract("Art", field::ArtStr),
+       contract("Art", field::Typ, CellKind::Text, SideWords), contract("Dauer", field::ArtStr),
        contract("Beginn", field::VertragBeginn, CellKind::Date),
        contract("Ende", field::VertragEnde, CellKind::Date),
        contract("Kündigung bis", field::KuendfristDatum, CellKind::Date),
@@ -144,7 +146,7 @@ const List& Deadlines() {
        {"Adresse", "Adresse", CellKind::Text, DeadlineCell(&Deadline::address)},
        {"Nummer", field::Vertragnummer, CellKind::Text, DeadlineCell(&Deadline::number)},
        {"Bezeichnung", field::Bezeichnung, CellKind::Text, DeadlineCell(&Deadline::name)},
-       {"Typ", field::Typ, CellKind::Text, DeadlineCell(&Deadline::side), SideWords},
+       {"Art", field::Typ, CellKind::Text, DeadlineCell(&Deadline::side), SideWords},
        {"Verantwortlich", field::Verantwortlich, CellKind::Text,
         DeadlineCell(&Deadline::responsible)},
        Oid()},

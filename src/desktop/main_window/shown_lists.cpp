@@ -59,7 +59,7 @@ const ListKind& TypeList() {
                                                       {field::Status, 14},
                                                       {field::Typ, 14},
                                                       {field::ArtStr, 14},
-                                                      {field::Dauer, 15},
+                                                      {field::Dauer, 22},
                                                       {field::Zahlungsperiode, 17},
                                                       {field::NettoSumme, 12}});
   return kind;

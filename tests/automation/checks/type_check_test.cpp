@@ -51,7 +51,7 @@ TEST(TypeCheck, NamesEachFaultThatANewContractWouldInherit) {
       {sets("Art", "Firma"), ""},
       {sets("Seit", "2024-01-01"), ""},
       {once + R"("Zahlungsperiode": 5, )",
-       "die Zahlungsperiode 5 passt nicht zur Dauer 12 (Monate)"},
+       "die Zahlungsperiode 5 passt nicht zur Vertragsdauer 12 (Monate)"},
       {fits, "der Artikel A2 „Wartung“ ist nicht mehr vorhanden", "A2"},
       {fits + R"("WorkflowID": "W2", )", "der Workflow W2 ist nicht mehr vorhanden"},
       {sets("Art", "Amt"), "das gesetzte Merkmal: der Wert „Amt“ ist nicht mehr vorhanden"},
@@ -74,7 +74,7 @@ TEST(TypeCheck, LooksAtTheRenewalAndHintsAtTermsThatBindAConsumerTooLong) {
       ElementsAre("die Kündigungsfrist 5 steht nicht in der Liste",
                   "die Kündigungsfrist der Verlängerung 5 steht nicht in der Liste",
                   "der Preis von „Wartung“ in der Verlängerung ist 0",
-                  "H Verbraucher: Dauer von 36 Monaten, erlaubt sind 24",
+                  "H Verbraucher: Vertragsdauer von 36 Monaten, erlaubt sind 24",
                   "H Verbraucher: Verlängerung um 12 Monate, erlaubt ist nur auf unbestimmte Zeit",
                   "H Verbraucher: Kündigungsfrist der Verlängerung von 5 Monaten, erlaubt ist ein "
                   "Monat",

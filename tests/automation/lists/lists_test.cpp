@@ -82,7 +82,7 @@ std::string DetailsOf(std::string_view table) {
 
 TEST(Lists, DetailsAreSaidInWordsAndOnce) {
   EXPECT_EQ(DetailsOf("vv_Vertraege"),
-            "Nummer 00000001|Bezeichnung Hotline-Abonnement|Typ Forderung|Art unbefristet|"
+            "Nummer 00000001|Bezeichnung Hotline-Abonnement|Art Forderung|Dauer unbefristet|"
             "Verantwortlich Meral|Beginn 15.03.2026|Ende unbefristet|Unterschrieben 15.03.2026|"
             "Kündigungsfrist 4 Wochen|Zahlung monatlich|Netto 130|Nächste Rechnung 15.03.2026|"
             "Setzt das Merkmal Betreuung, Hotline: werktags|");
