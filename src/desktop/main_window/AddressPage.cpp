@@ -18,8 +18,8 @@ namespace {
 namespace table = schema::table;
 
 // Characters of the tree's columns, in the order of ContractTree::Column.
-constexpr int kWidths[] = {33, 10, 10, 12, 12, 9, 9, 8, 15, 8};
-constexpr int kListWidth = 40;  // characters of the list of addresses
+constexpr int kWidths[] = {27, 10, 10, 12, 12, 9, 9, 8, 14, 8};
+constexpr int kListWidth = 38;  // characters of the list of addresses
 
 void Fill(ListModel& model, std::vector<ListRow> rows) {
   model.Clear();
@@ -41,7 +41,8 @@ void Prepare(QTreeView& tree, ContractTree& contracts) {
   tree.header()->setObjectName(QStringLiteral("contracts_columns"));
   const int character = tree.fontMetrics().horizontalAdvance(u'n');
   for (int column = 0; column < ContractTree::Columns; ++column) {
-    tree.header()->resizeSection(column, character * kWidths[column]);
+    tree.header()->resizeSection(
+        column, std::max(tree.header()->sectionSizeHint(column), character * kWidths[column]));
   }
 }
 
@@ -54,6 +55,10 @@ AddressPage::AddressPage(OpenDatabase& database, QWidget* parent)
                  QStringLiteral("Adresse suchen")),
       contracts_(database) {
   addresses_.Table().Chosen = [this](const ListRow& row) { ChooseAddress(row.oid); };
+
+  // The names get what is left, so that the list needs no scroll bar below it.
+  addresses_.Table().horizontalHeader()->setStretchLastSection(false);
+  addresses_.Table().horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
 
   auto* split = new QSplitter(Qt::Horizontal);
   split->setObjectName(QStringLiteral("address_splitter"));

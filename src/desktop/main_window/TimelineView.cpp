@@ -13,11 +13,12 @@
 namespace pactora::desktop {
 namespace {
 
-constexpr int kMargin = 12;   // pixels around the picture
-constexpr int kBetween = 4;   // pixels between two terms
-constexpr int kPadding = 6;   // pixels around a text in a bar
-constexpr int kLeastBar = 3;  // pixels of the shortest term
-constexpr int kMostRows = 6;  // terms that the size hint has room for
+constexpr int kMargin = 12;    // pixels around the picture
+constexpr int kBetween = 4;    // pixels between two terms
+constexpr int kPadding = 6;    // pixels around a text in a bar
+constexpr int kLeastBar = 3;   // pixels of the shortest term
+constexpr int kMarkWidth = 2;  // pixels
+constexpr int kMostRows = 6;   // terms that the size hint has room for
 
 struct MarkColors {
   QRgb today;
@@ -148,13 +149,11 @@ void TimelineView::paintEvent(QPaintEvent*) {
   painter.setFont(font());
   const TimeAxis axis(*line_, today_);
   const std::vector<Label> labels = Labels(axis);
+  PaintBars(painter, axis);
   QRegion beside(rect());
   for (const Label& label : labels) beside -= label.place;
   painter.setClipRegion(beside);
   PaintAxis(painter, axis);
-  painter.setClipping(false);
-  PaintBars(painter, axis);
-  painter.setClipRegion(beside);
   PaintMarks(painter, axis);
   painter.setClipping(false);
   for (const Label& label : labels) {
@@ -187,7 +186,7 @@ std::vector<TimelineView::Label> TimelineView::Labels(const TimeAxis& axis) cons
     const int x = X(marks[i].date, axis);
     const int width_of = wide(marks[i].text);
     const bool right = x + width_of < width() - kMargin / 2;
-    labels.push_back({{right ? x + 2 : x - 1 - width_of, MarkTop(i), width_of, RowHeight()},
+    labels.push_back({{right ? x + kMarkWidth : x - width_of, MarkTop(i), width_of, RowHeight()},
                       marks[i].text,
                       marks[i].color});
   }
@@ -235,8 +234,7 @@ void TimelineView::PaintMarks(QPainter& painter, const TimeAxis& axis) const {
   const std::vector<Mark> marks = Marks();
   for (std::size_t i = 0; i < marks.size(); ++i) {
     const int x = X(marks[i].date, axis);
-    painter.setPen(QPen(marks[i].color, 1.6));
-    painter.drawLine(x, top, x, MarkTop(i) + RowHeight() - kPadding);
+    painter.fillRect(x, top, kMarkWidth, MarkTop(i) + RowHeight() - kPadding - top, marks[i].color);
   }
 }
 
