@@ -1,5 +1,6 @@
 #include "desktop/main_window/ListTable.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QStyle>
 #include <algorithm>
@@ -62,9 +63,14 @@ void ListTable::Restore(bool scroll) {
   showing_ = false;
 }
 
-void ListTable::Enter() {
-  setFocus(Qt::TabFocusReason);
-  if (!currentIndex().isValid() && rows_.rowCount() > 0) setCurrentIndex(rows_.index(0, 0));
+void ListTable::Enter() { setFocus(Qt::TabFocusReason); }
+
+// Coming by keyboard, a person has a row at once; Qt would make it current, but not chosen.
+void ListTable::focusInEvent(QFocusEvent* event) {
+  const bool by_mouse = event->reason() == Qt::MouseFocusReason;
+  if (!by_mouse && !selectionModel()->hasSelection() && rows_.rowCount() > 0)
+    setCurrentIndex(currentIndex().isValid() ? currentIndex() : rows_.index(0, 0));
+  QTableView::focusInEvent(event);
 }
 
 void ListTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

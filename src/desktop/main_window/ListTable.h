@@ -29,10 +29,11 @@ class ListTable final : public QTableView {
   // chosen one when the list changes. Reports nothing.
   void ShowChoice(std::optional<std::int64_t> key);
   std::optional<std::int64_t> Choice() const { return key_; }
-  // Chooses the first row, as a person would, and takes the focus.
+  // Takes the focus, as a person would: the first row is chosen where none is.
   void Enter();
 
  protected:
+  void focusInEvent(QFocusEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:

@@ -181,6 +181,8 @@ TEST_F(MainWindowTest, AppointmentsThatAreDueStandOutAndAreTicked) {
     Action("tick").trigger();
     window->FinishReading();
   };
+  page.Table().Enter();
+  EXPECT_TRUE(Action("tick").isEnabled());
   ASSERT_EQ(page.Model().rowCount(), 4);
   EXPECT_EQ(Texts(page, 0)[0], "03.09.2026");
   EXPECT_TRUE(page.Model().Row(0).strong);
