@@ -12,46 +12,15 @@
 
 #include "desktop/MessageBox.h"
 #include "desktop/appearance.h"
-#include "desktop/binding/access_keys.h"
-#include "desktop/layout/layouts.h"
+#include "desktop/arrange.h"
 #include "desktop/text.h"
 #include "desktop/unsaved_input.h"
+#include "dialogs/access_keys.h"
+#include "dialogs/input.h"
+#include "dialogs/layouts.h"
+#include "dialogs/order.h"
 
 namespace pactora::desktop {
-namespace {
-
-// One tab stop stands for all options that exclude each other: the chosen one.
-bool ChosenElsewhere(const ui::Control& control) {
-  const auto* option = dynamic_cast<const ui::OptionButton*>(&control);
-  if (!option || option->Value()) return false;
-  return std::ranges::any_of(control.Parent().Children(), [](const ui::Control* sibling) {
-    const auto* other = dynamic_cast<const ui::OptionButton*>(sibling);
-    return other && other->Value() && other->Reach() == ui::Obstacle::None;
-  });
-}
-
-// The order in which access keys are given out: first to the buttons at the bottom,
-// which are the same everywhere, last to the options, which arrow keys reach as well.
-int RankOfKey(const ui::Control& control) {
-  if (control.Kind() == ui::ControlKind::OptionButton) return 2;
-  const auto* button = dynamic_cast<const ui::Button*>(&control);
-  return button && button->GetRole() != ui::Button::Role::Plain ? 0 : 1;
-}
-
-bool TakesLabel(const ui::Control& control) {
-  switch (control.Kind()) {
-    case ui::ControlKind::TextBox:
-    case ui::ControlKind::ComboBox:
-    case ui::ControlKind::ListBox:
-    case ui::ControlKind::ListView:
-    case ui::ControlKind::DTPicker:
-      return true;
-    default:
-      return false;
-  }
-}
-
-}  // namespace
 
 DialogWindow::DialogWindow(ui::Form& form, std::function<void()> end_unit, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -93,55 +62,28 @@ void DialogWindow::MakeWidgets() {
     if (!pressed_.contains(*it)) const_cast<QObject*>(*it)->installEventFilter(this);
   }
   ConnectLabels();
-  footer_ = Arrange(form_, *body_, [this](std::string_view name) -> QWidget* {
+  footer_ = Arrange(dialogs::LayoutOf(form_), *body_, [this](std::string_view name) -> QWidget* {
     const ui::Control* control = form_.Find(name);
     return control ? &BinderOf(control)->Widget() : nullptr;
   });
   if (footer_) outer->addWidget(footer_);
-  NameBoxes();
   for (const BinderPtr& binder : binders_) {
+    // A box is called by its label, and so are the parts of a date box.
+    const ui::Label* label = dialogs::LabelOf(binder->Control());
+    binder->SetName(label ? ToQt(label->Caption()) : QString());
     binder->Show(ui::Property::Order);
     binder->Show(ui::Property::ToolTip);
   }
-  ChooseKeys();
+  for (const auto& [control, key] : dialogs::AccessKeysOf(form_))
+    BinderOf(control)->SetAccessKey(key);
 }
 
-// A label speaks for the box that comes next.
 void DialogWindow::ConnectLabels() {
-  for (std::size_t i = 0; i + 1 < binders_.size(); ++i) {
-    auto* label = qobject_cast<QLabel*>(&binders_[i]->Widget());
-    const ui::Control& next = binders_[i + 1]->Control();
-    const bool together = &next.Parent() == &binders_[i]->Control().Parent();
-    if (!label || !together || !TakesLabel(next)) continue;
-    label->setBuddy(&binders_[i + 1]->Widget());
-  }
-}
-
-// A box is called by its label, and so are the parts of a date box.
-void DialogWindow::NameBoxes() {
-  for (std::size_t i = 0; i < binders_.size(); ++i) {
-    if (!TakesLabel(binders_[i]->Control())) continue;
-    const Binder* before = i == 0 ? nullptr : binders_[i - 1].get();
-    const auto* label = before ? qobject_cast<QLabel*>(&before->Widget()) : nullptr;
-    const bool labelled = label && label->buddy() == &binders_[i]->Widget();
-    binders_[i]->SetName(
-        labelled ? ToQt(dynamic_cast<const ui::Label&>(before->Control()).Caption()) : QString());
-  }
-}
-
-void DialogWindow::ChooseKeys() {
-  std::vector<Binder*> marked;
-  marked.reserve(binders_.size());
   for (const BinderPtr& binder : binders_) {
-    if (!binder->MarkableText().isEmpty()) marked.push_back(binder.get());
+    const auto* label = dynamic_cast<const ui::Label*>(&binder->Control());
+    Binder* const box = label ? BinderOf(dialogs::LabelledBy(*label)) : nullptr;
+    if (box) qobject_cast<QLabel*>(&binder->Widget())->setBuddy(&box->Widget());
   }
-  std::ranges::stable_sort(marked, {},
-                           [](const Binder* binder) { return RankOfKey(binder->Control()); });
-  std::vector<QString> texts;
-  texts.reserve(marked.size());
-  for (const Binder* binder : marked) texts.push_back(binder->MarkableText());
-  const std::vector<QChar> keys = ChooseAccessKeys(texts);
-  for (std::size_t i = 0; i < marked.size(); ++i) marked[i]->SetAccessKey(keys[i]);
 }
 
 // The whole dialog; a scroll area alone would be content with a part.
@@ -175,7 +117,7 @@ void DialogWindow::Run() {
     throw;
   }
   acting_ = false;
-  input_at_start_ = InputOf(form_);
+  input_at_start_ = dialogs::InputOf(form_);
   Refresh();
   ShowFocus(Qt::TabFocusReason);
   if (form_.Visible()) loop_.exec();
@@ -280,26 +222,10 @@ bool DialogWindow::focusNextPrevChild(bool next) {
       }
     }
   }
-  if (ui::Control* stop = NextStop(next)) {
+  if (ui::Control* stop = dialogs::NextStop(form_, next)) {
     Enter(*stop, next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   }
   return true;
-}
-
-ui::Control* DialogWindow::NextStop(bool next) const {
-  const std::vector<ui::Control*>& controls = form_.Controls();
-  const auto count = static_cast<std::ptrdiff_t>(controls.size());
-  const auto found = std::ranges::find(controls, form_.Focus());
-  std::ptrdiff_t place = found == controls.end() ? (next ? -1 : 0) : found - controls.begin();
-  for (std::ptrdiff_t i = 0; i < count; ++i) {
-    place = (place + (next ? 1 : count - 1)) % count;
-    ui::Control* control = controls[static_cast<std::size_t>(place)];
-    if (control->TakesFocus() && control->Reach() == ui::Obstacle::None &&
-        !ChosenElsewhere(*control)) {
-      return control;
-    }
-  }
-  return nullptr;
 }
 
 void DialogWindow::ShowFocus(Qt::FocusReason reason) {
@@ -326,7 +252,7 @@ void DialogWindow::CloseByPerson() {
   if (!form_.Visible() || acting_) return;
   const Binder* binder = BinderOf(form_.Focus());
   const bool is_typing = binder && binder->HasUncommitted();
-  if ((is_typing || InputOf(form_) != input_at_start_) && !MayDiscardInput(this)) return;
+  if ((is_typing || dialogs::InputOf(form_) != input_at_start_) && !MayDiscardInput(this)) return;
   Carry([](ui::Person& person) { return person.Close(); });
 }
 

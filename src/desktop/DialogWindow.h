@@ -55,8 +55,6 @@ class DialogWindow final : public QDialog, private PersonDoor, private ui::FormO
 
   void MakeWidgets();
   void ConnectLabels();
-  void NameBoxes();
-  void ChooseKeys();
   void FitToScreen();
   // By Esc or by the window's frame: asks first where something was entered.
   void CloseByPerson();
@@ -67,7 +65,6 @@ class DialogWindow final : public QDialog, private PersonDoor, private ui::FormO
   // Takes over what was typed into the box that has the focus.
   bool CommitFocused();
   void ShowFocus(Qt::FocusReason reason);
-  ui::Control* NextStop(bool next) const;
   Binder* BinderOf(const ui::Control* control) const;
 
   ui::Form& form_;

@@ -1,6 +1,5 @@
 #include "desktop/binding/Binder.h"
 
-#include "desktop/binding/access_keys.h"
 #include "desktop/text.h"
 
 namespace pactora::desktop {
@@ -33,8 +32,8 @@ void Binder::ShowAll() {
   Refresh();
 }
 
-void Binder::SetAccessKey(QChar letter) {
-  access_key_ = letter;
+void Binder::SetAccessKey(dialogs::AccessKey key) {
+  access_key_ = key;
   if (const QString text = MarkableText(); !text.isEmpty()) ShowMarked(Marked(text));
 }
 
@@ -45,10 +44,7 @@ void Binder::SetName(const QString& name) {
 }
 
 QString Binder::Marked(const QString& text) const {
-  const qsizetype place = access_key_.isNull() ? -1 : PlaceOfKey(text, access_key_);
-  if (place < 0) return WithoutMarks(text);
-  return WithoutMarks(text.left(place)) + QLatin1Char('&') + text[place] +
-         WithoutMarks(text.mid(place + 1));
+  return ToQt(dialogs::WithMark(FromQt(text), access_key_));
 }
 
 void Binder::Act(const PersonDoor::Action& action) {

@@ -9,6 +9,7 @@
 #include <functional>
 #include <vector>
 
+#include "dialogs/access_keys.h"
 #include "ui/Control.h"
 #include "ui/Person.h"
 
@@ -60,8 +61,8 @@ class Binder : public QObject {
   virtual QString MarkableText() const { return {}; }
   // What assistive technology calls the control; one that has a name keeps it.
   void SetName(const QString& name);
-  // Marks the letter from now on wherever it occurs in the text; none for null.
-  void SetAccessKey(QChar letter);
+  // Marks the key from now on wherever it occurs in the text; none for 0.
+  void SetAccessKey(dialogs::AccessKey key);
 
  protected:
   // Properties other than Enabled, Visible and ToolTip.
@@ -83,7 +84,7 @@ class Binder : public QObject {
   void ShowToolTip();
 
   ui::Control& control_;
-  QChar access_key_;
+  dialogs::AccessKey access_key_ = 0;
 };
 
 }  // namespace pactora::desktop

@@ -8,8 +8,8 @@
 #include <QToolButton>
 
 #include "desktop/binding/binders.h"
-#include "desktop/binding/typed_date.h"
 #include "desktop/text.h"
+#include "dialogs/typed_date.h"
 #include "platform/Date.h"
 
 namespace pactora::desktop {
@@ -114,7 +114,7 @@ class DatePickerBinder final : public Binder {
   bool HasUncommitted() const override { return typed_; }
   bool Commit() override {
     if (!typed_) return true;
-    const auto date = ReadTypedDate(FromQt(edit_->text()), picker_.ShownDate());
+    const auto date = dialogs::ReadTypedDate(FromQt(edit_->text()), picker_.ShownDate());
     if (!date) {
       door_.Complain(
           tr("„%1“ ist kein Datum.\nGeben Sie es in der Form TT.MM.JJJJ ein!").arg(edit_->text()));
@@ -159,7 +159,7 @@ class DatePickerBinder final : public Binder {
 
   // From the date as it is typed, if that is one.
   void Move(int days, int months) {
-    const auto typed = ReadTypedDate(FromQt(edit_->text()), picker_.ShownDate());
+    const auto typed = dialogs::ReadTypedDate(FromQt(edit_->text()), picker_.ShownDate());
     const QDate from = ToQDate(typed.value_or(picker_.ShownDate()));
     const QDate to = from.addMonths(months).addDays(days);
     if (to.isValid() && to.year() >= 100 && to.year() <= 9999) Pick(FromQDate(to));

@@ -1,4 +1,4 @@
-#include "desktop/binding/typed_date.h"
+#include "dialogs/typed_date.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 #include "platform/Text.h"
 
-namespace pactora::desktop {
+namespace pactora::dialogs {
 namespace {
 
 constexpr std::int32_t kFirstShortYear = 50;  // of the last century
@@ -60,4 +60,4 @@ std::optional<platform::Date> ReadTypedDate(std::string_view text, platform::Dat
   return platform::FromCivil(civil.year, civil.month, civil.day);
 }
 
-}  // namespace pactora::desktop
+}  // namespace pactora::dialogs

@@ -6,7 +6,7 @@
 
 #include "platform/Date.h"
 
-namespace pactora::desktop {
+namespace pactora::dialogs {
 
 // Reads day, month and year with a point, comma, slash, hyphen or blank between
 // them; without any as "ddMMyyyy" or "ddMMyy"; or "yyyy-MM-dd". A year of two digits
@@ -14,4 +14,4 @@ namespace pactora::desktop {
 // is a date, nor is a day that the calendar does not have.
 std::optional<platform::Date> ReadTypedDate(std::string_view text, platform::Date shown);
 
-}  // namespace pactora::desktop
+}  // namespace pactora::dialogs

@@ -1,10 +1,10 @@
 // What people type as a date, and the letters that captions are reached by.
 #include <gtest/gtest.h>
 
-#include "desktop/binding/access_keys.h"
-#include "desktop/binding/typed_date.h"
+#include "dialogs/access_keys.h"
+#include "dialogs/typed_date.h"
 
-namespace pactora::desktop {
+namespace pactora::dialogs {
 namespace {
 
 TEST(TypedDate, IsReadAsPeopleWriteIt) {
@@ -29,7 +29,7 @@ TEST(TypedDate, IsReadAsPeopleWriteIt) {
 }
 
 TEST(AccessKeys, AreDifferentTheFirstTextsChooseFirstAndMakeRoomForOneThatHasNoOtherLetter) {
-  const std::pair<std::vector<QString>, const char*> cases[] = {
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
       {{"Speichern", "Abbrechen"}, "sa"},
       {{"Speichern", "Status"}, "st"},
       {{"Nummer automatisch vergeben", "Notiz", "Art"}, "noa"},
@@ -40,18 +40,18 @@ TEST(AccessKeys, AreDifferentTheFirstTextsChooseFirstAndMakeRoomForOneThatHasNoO
       {{"A", "A"}, "a "}};
   for (const auto& [texts, keys] : cases) {
     std::string chosen;
-    for (const QChar key : ChooseAccessKeys(texts))
-      chosen += key.isNull() ? " " : QString(key).toStdString();
+    for (const AccessKey key : ChooseAccessKeys(texts))
+      chosen += static_cast<char>(key ? key : ' ');
     EXPECT_EQ(chosen, keys);
   }
 }
 
 TEST(AccessKeys, AreMarkedAtTheBeginningOfAWord) {
-  EXPECT_EQ(PlaceOfKey("mit Zahlung im voraus", 'v'), 15);
-  EXPECT_EQ(PlaceOfKey("mit Zahlung im voraus", 'z'), 4);
-  EXPECT_EQ(PlaceOfKey("Abbrechen", 'r'), 3);
-  EXPECT_EQ(PlaceOfKey("Abbrechen", 'x'), -1);
+  EXPECT_EQ(WithMark("mit Zahlung im voraus", 'v'), "mit Zahlung im &voraus");
+  EXPECT_EQ(WithMark("Jahr für Jahr", 'r'), "Jah&r für Jahr");
+  EXPECT_EQ(WithMark("Über & über", 0xFC), "&Über && über");
+  EXPECT_EQ(WithMark("Abbrechen", 'x'), "Abbrechen");
 }
 
 }  // namespace
-}  // namespace pactora::desktop
+}  // namespace pactora::dialogs
