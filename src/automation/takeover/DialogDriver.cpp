@@ -152,7 +152,7 @@ ui::Answer DialogDriver::ShowMessage(const ui::Message& message) {
   messages_.push_back(formats::SingleLine(message.text));
   if (const auto& shown = module_->last_shown_error) {
     failed_ = true;
-    if (!fatal_error_) fatal_error_ = workspace::FatalStoreErrorOf(shown->Number());
+    if (!fatal_error_ && workspace::FatalStoreErrorOf(shown->Number())) fatal_error_ = shown;
   }
   return ui::DefaultAnswer(message.style);
 }

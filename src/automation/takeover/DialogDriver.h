@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "automation/takeover/list.h"
-#include "store/errors.h"
+#include "platform/Error.h"
 #include "ui/Screen.h"
 
 namespace pactora::shell {
@@ -35,7 +35,7 @@ class DialogDriver final : public ui::Screen {
   // Whether one of them showed an error, and the error if it concerns the database as
   // a whole.
   bool Failed() const { return failed_; }
-  std::optional<store::StoreError> FatalError() const { return fatal_error_; }
+  const std::optional<platform::Error>& FatalError() const { return fatal_error_; }
   // The number that the dialog showed when it was left.
   const std::string& ContractNumber() const { return number_; }
 
@@ -53,7 +53,7 @@ class DialogDriver final : public ui::Screen {
   std::string number_;
   std::vector<std::string> messages_;
   bool failed_ = false;
-  std::optional<store::StoreError> fatal_error_;
+  std::optional<platform::Error> fatal_error_;
 };
 
 }  // namespace pactora::takeover

@@ -177,7 +177,7 @@ void Run::EnterContract(const Line& line, ReportLine& result) {
   bool show_definition = false;
   session_.Entry().NewContract(session_.App(), saved, terms, show_definition);
   result.message = driver_.Refusal().empty() ? driver_.JoinedMessages() : driver_.Refusal();
-  if (driver_.FatalError()) store::Raise(*driver_.FatalError());
+  if (driver_.FatalError()) throw platform::Error(*driver_.FatalError());
   if (!saved) {
     // Nothing half made stays behind: the line can be corrected and entered again.
     group_.TakeBack();

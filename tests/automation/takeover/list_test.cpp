@@ -17,6 +17,7 @@
 #include "automation/workspace/ForwardingStore.h"
 #include "platform/Clock.h"
 #include "schema/names.h"
+#include "store/errors.h"
 #include "support/error_of.h"
 
 namespace pactora::takeover {
@@ -127,7 +128,8 @@ struct FailingStore final : workspace::ForwardingStore {
   FailingStore(std::unique_ptr<store::RecordStore> store, store::StoreError error)
       : ForwardingStore(std::move(store)), error_(error) {}
   void Insert(store::TableId table, store::Record& record) override {
-    if (table == Catalog().Table(schema::table::vv_Vertragspositionen)) store::Raise(error_);
+    if (table == Catalog().Table(schema::table::vv_Vertragspositionen))
+      store::Raise(error_, "warum");
     ForwardingStore::Insert(table, record);
   }
 
@@ -165,6 +167,7 @@ TEST(TakeoverRun, AnErrorThatTheDialogShowsFailsItsLineWholeOrStopsTheRun) {
   const auto stopped = run(store::StoreError::Locked);
   ASSERT_TRUE(stopped);
   EXPECT_EQ(stopped->Number(), Number(store::StoreError::Locked));
+  EXPECT_THAT(stopped->Description(), testing::HasSubstr("(warum)"));
 }
 
 }  // namespace
