@@ -42,7 +42,7 @@ bulk::Count Job::CarryOut(const platform::Clock& clock, const std::function<void
     dataset::WrittenRows* written = nullptr;
     if (show) written = &dataset::WrittenRows::Watch(store);
     Run run(std::move(store), clock, NameOf(order_.list), !order_.rehearsal);
-    run.AdoptEarlier(earlier_);
+    run.AdoptEarlier(earlier_, list_);
     bulk::LeavingReport(order_.rehearsal ? std::string() : order_.report, lines_,
                         [&] { run.CarryOut(list_, lines_, after_line); });
     if (!order_.rehearsal)

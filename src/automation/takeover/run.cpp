@@ -72,15 +72,23 @@ Run::FoundAddress Run::FindAddress(const std::string& name) const {
   return {named->second.front(), {}};
 }
 
-void Run::AdoptEarlier(const std::vector<ReportedContract>& reported) {
+void Run::AdoptEarlier(const std::vector<ReportedContract>& reported, const List& list) {
   // Another run may adopt the same.
   if (!reported.empty()) session_.Store().LockForUpdate();
-  for (const auto& contracts : {reported, TakeRemembered()})
-    for (const ReportedContract& contract : contracts) {
-      const store::Oid oid = keys_.ContractOf(contract.number);
-      if (oid != 0 && !keys_.Find(contract.key))
-        keys_.Add(contract.key, {{}, {}, contract.number, oid, false}, clock_.Now());
-    }
+  const auto adopt = [&](const ReportedContract& contract, bulk::EnteredContract entered) {
+    entered.number = contract.number;
+    entered.oid = keys_.ContractOf(contract.number);
+    if (entered.oid != 0 && !keys_.Find(contract.key))
+      keys_.Add(contract.key, entered, clock_.Now());
+  };
+  // The report is this list's: another list with the same keys has other values.
+  std::map<std::string_view, bulk::EnteredContract> of_list;
+  for (const Line& line : list.lines)
+    if (!reported.empty() && !line.unclear)
+      of_list.try_emplace(
+          line.key, bulk::EnteredContract{bulk::DigestOf(line.values), list_name_, {}, 0, false});
+  for (const ReportedContract& contract : reported) adopt(contract, of_list[contract.key]);
+  for (const ReportedContract& contract : TakeRemembered()) adopt(contract, {});
   group_.End();
 }
 

@@ -33,9 +33,9 @@ class Run {
   Run(std::unique_ptr<store::RecordStore> store, const platform::Clock& clock,
       std::string list_name, bool gives_way);
 
-  // Takes the contracts that a report or a setting of an earlier release knows into the
-  // table of keys, as far as they are there.
-  void AdoptEarlier(const std::vector<bulk::ReportedContract>& contracts);
+  // Takes the contracts that the list's report or a setting of an earlier release knows into
+  // the table of keys, as far as they are there.
+  void AdoptEarlier(const std::vector<bulk::ReportedContract>& reported, const List& list);
 
   // Carries out the list and appends to done what became of each line, once that is
   // durable. after_line is called for each and may raise, to stop the run there; so do

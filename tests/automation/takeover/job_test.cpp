@@ -94,10 +94,15 @@ TEST_F(TakeoverJobs, AnEarlierReleaseIsBelievedAsFarAsItsContractsAreThere) {
   }
   Run("a.csv", [] {});
   EXPECT_EQ(CountContracts(), before + 3);
-  EXPECT_THAT(Contents(report), testing::HasSubstr("2;0;übersprungen;00000001;;\n"));
+  EXPECT_THAT(Contents(report), testing::HasSubstr("2;0;übersprungen;00000001;liste.csv;\n"));
   EXPECT_THAT(Contents(report), testing::HasSubstr("6;4;übersprungen;00000002;;\n"));
   Run("a.csv", [] {});
   EXPECT_EQ(CountContracts(), before + 3);
+  // Another list that is numbered alike.
+  std::ofstream(folder.File("liste.csv"))
+      << "Schlüssel;Adresse;Vertragstyp;Vertragsbeginn\n0;2;Wartung Server;01.01.2024\n";
+  Run("b.csv", [] {});
+  EXPECT_THAT(Contents(folder.File("b.csv")), testing::HasSubstr("2;0;abgelehnt;;liste.csv;der"));
 }
 
 TEST_F(TakeoverJobs, AnAddressOrTypeIsNotGuessed) {
