@@ -45,9 +45,8 @@ class ContractsCommand {
       bar_.Clear();
       if (Done() + count.Rejected() == 0) throw;
       const std::string why = InterruptAsked() ? formats::kInterrupted : formats::Describe(error);
-      Complain(job_.Size() > 1 ? fmt::format("{} ({} von {} angelegt{})", why, count.created,
-                                             job_.Size(), SkippedText())
-                               : why);
+      Complain(
+          fmt::format("{} ({} von {} angelegt{})", why, count.created, job_.Size(), SkippedText()));
       const Status status = StatusOf(error);
       const bool is_partly_done = status != Status::Interrupted && Done() > 0;
       return is_partly_done ? Status::PartlyDone : status;
