@@ -46,7 +46,7 @@ Status RunScriptFile(const RunArguments& arguments) {
   for (const std::string& place : result.unused_faults)
     Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
   if (result.fatal_error && result.problems.empty())
-    Complain(fmt::format("{}: {}", arguments.database, store::Text(*result.fatal_error)));
+    Complain(fmt::format("{}: {}", arguments.database, result.fatal_error->Description()));
   if (arguments.dry_run) Tell(workspace::kRehearsed);
   if (result.fatal_error) return StatusOf(*result.fatal_error);
   return result.problems.empty() ? Status::Done : Status::Refused;

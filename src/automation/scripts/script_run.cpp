@@ -68,13 +68,13 @@ class Run {
  private:
   void Write(const formats::Json& event) {
     const auto& shown = session_.AddOn().last_shown_error;
-    if (shown && event["event"] == "message") NoteFatalError(shown->Number());
+    if (shown && event["event"] == "message") NoteFatalError(*shown);
     transcript_ << formats::OneLine(event) << '\n';
   }
 
-  void NoteFatalError(std::int32_t number) {
-    const auto error = workspace::FatalStoreErrorOf(number);
-    if (error && !rehearsed_.contains(number)) result_.fatal_error = error;
+  void NoteFatalError(const platform::Error& error) {
+    if (workspace::FatalStoreErrorOf(error.Number()) && !rehearsed_.contains(error.Number()))
+      result_.fatal_error = error;
   }
 
   // Ends the script because this action failed; null stands for the whole step.
@@ -93,7 +93,7 @@ class Run {
     try {
       body();
     } catch (const platform::Error& error) {
-      NoteFatalError(error.Number());
+      NoteFatalError(error);
       Fail(error.Description());
     }
   }
@@ -170,15 +170,18 @@ class Run {
       session_.EndUnit();
       if (!screen_.Failed()) Write(returned);
     } catch (const platform::Error& error) {
-      NoteFatalError(error.Number());
+      // A full disk fails every later call too: it is a problem once.
+      const bool is_known = result_.fatal_error && result_.fatal_error->Number() == error.Number();
+      NoteFatalError(error);
       if (!screen_.Failed()) {
         Write({{"event", "error"},
                {"number", formats::ErrorNumberText(error.Number())},
                {"source", error.Source()},
                {"description", error.Description()}});
-        result_.problems.push_back(fmt::format("{}: Fehler {}: {}", place_,
-                                               formats::ErrorNumberText(error.Number()),
-                                               error.Description()));
+        if (!is_known)
+          result_.problems.push_back(fmt::format("{}: Fehler {}: {}", place_,
+                                                 formats::ErrorNumberText(error.Number()),
+                                                 error.Description()));
       }
     }
     if (screen_.Failed()) Fail(screen_.Failed()->place, screen_.Failed()->reason);

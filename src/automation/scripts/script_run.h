@@ -10,8 +10,8 @@
 
 #include "automation/scripts/script.h"
 #include "platform/Clock.h"
+#include "platform/Error.h"
 #include "store/RecordStore.h"
-#include "store/errors.h"
 
 namespace pactora::scripts {
 
@@ -21,15 +21,15 @@ struct RunOptions {
 };
 
 struct RunResult {
-  // Errors that calls raised, and the reason why the script ended early, each with its
-  // place. Empty: all went well.
+  // Errors that calls raised, one of the whole database once, and the reason why the script
+  // ended early, each with its place. Empty: all went well.
   std::vector<std::string> problems;
   std::vector<std::string> unused_faults;  // places of faults that did not occur
   // What a person should know of the numbers of contracts that were made, with the places.
   std::vector<std::string> hints;
   // A failure of the whole database, raised or shown in a message box. Failures that
   // the script rehearses don't count.
-  std::optional<store::StoreError> fatal_error;
+  std::optional<platform::Error> fatal_error;
 };
 
 // Runs the steps on the database and writes the transcript, one event a line.

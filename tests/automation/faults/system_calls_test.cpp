@@ -106,7 +106,8 @@ Told EnterInDialog(const std::string& file, std::size_t) {
                                     kClock, transcript);
       },
       [&] { return transcript.str().find(R"("pbOK":true)") == std::string::npos ? 0 : 1; });
-  told.is_uncertain = result.fatal_error == StoreError::Uncertain;
+  told.is_uncertain =
+      result.fatal_error && result.fatal_error->Number() == Number(StoreError::Uncertain);
   told.is_other = transcript.str().find(R"("event":"message")") != std::string::npos;
   return told;
 }

@@ -201,7 +201,7 @@ class FailingStore final : public workspace::ForwardingStore {
       : ForwardingStore(std::move(store)), error_(error) {}
 
   void Insert(store::TableId table, store::Record& record) override {
-    if (error_ == store::StoreError::Locked) store::Raise(error_);
+    if (error_ == store::StoreError::Locked) store::Raise(error_, "warum");
     ForwardingStore::Insert(table, record);
   }
   void Commit() override {
@@ -225,11 +225,12 @@ TEST(ScriptRun, AFailureOfTheWholeDatabaseIsNotedInWhateverWayItIsToldButNotAReh
       {"select": "lvwBezeichnung", "text": "Wartung Server"}, {"click": "cmdOK"}]})",
                                 failing(SampleCompany(), store::StoreError::Locked));
   EXPECT_THAT(messages.result.problems, IsEmpty());
-  EXPECT_EQ(messages.result.fatal_error, store::StoreError::Locked);
+  ASSERT_TRUE(messages.result.fatal_error);
+  EXPECT_THAT(messages.result.fatal_error->Description(), HasSubstr("gesperrt. (warum)"));
   const Ran rehearsed =
       RunSteps(R"({"fault": {"op": "StoreNew", "number": "0x80041020"}}, )" + kGoto + kCall);
   EXPECT_THAT(rehearsed.result.problems, SizeIs(1));
-  EXPECT_EQ(rehearsed.result.fatal_error, std::nullopt);
+  EXPECT_FALSE(rehearsed.result.fatal_error);
 
   // Nothing remains of what could not be committed, and the lost number is drawn again.
   const Ran ran =
@@ -238,7 +239,8 @@ TEST(ScriptRun, AFailureOfTheWholeDatabaseIsNotedInWhateverWayItIsToldButNotAReh
   ASSERT_EQ(ran.events.size(), 7u);
   EXPECT_EQ(ran.events[1], kReturnEvent);
   EXPECT_THAT(ran.events[3], HasSubstr(R"("event":"error","number":"0x80041024")"));
-  EXPECT_EQ(ran.result.fatal_error, store::StoreError::Full);
+  ASSERT_TRUE(ran.result.fatal_error);
+  EXPECT_EQ(ran.result.fatal_error->Number(), Number(store::StoreError::Full));
   EXPECT_EQ(ran.events[5], kReturnEvent);
   const formats::Json contracts = ran.Rows("vv_Vertraege");
   ASSERT_EQ(contracts.size(), 2u);
@@ -262,7 +264,8 @@ TEST(ScriptRun, ALostSaveIsTheCallsErrorAndNoLaterCallClaimsIt) {
       ends.push_back(event);
   EXPECT_THAT(ends, ElementsAre(HasSubstr("\"pbOK\":true"), HasSubstr("0x80041024"),
                                 HasSubstr("\"pbOK\":false"), HasSubstr("\"pbOK\":true")));
-  EXPECT_EQ(ran.result.fatal_error, store::StoreError::Full);
+  ASSERT_TRUE(ran.result.fatal_error);
+  EXPECT_EQ(ran.result.fatal_error->Number(), Number(store::StoreError::Full));
 }
 
 TEST(ScriptRun, ADrawnNumberThatWasTypedBeforeIsTold) {
