@@ -18,7 +18,7 @@ namespace {
 namespace table = schema::table;
 
 // Characters of the tree's columns, in the order of ContractTree::Column.
-constexpr int kWidths[] = {27, 10, 10, 12, 12, 9, 9, 8, 14, 8};
+constexpr int kWidths[] = {33, 10, 10, 12, 12, 9, 9, 8, 14, 8};
 constexpr int kListWidth = 38;  // characters of the list of addresses
 
 void Fill(ListModel& model, std::vector<ListRow> rows) {

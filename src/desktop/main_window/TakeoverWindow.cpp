@@ -32,7 +32,7 @@ std::vector<ListColumn> LineColumns() {
   return {{"Zeile", CellKind::Number, 8},
           {"Ergebnis", CellKind::Text, 13},
           {"Vertrag", CellKind::Text, 14},
-          {"Meldung", CellKind::Text, 50}};
+          {"Meldung", CellKind::Text, 20}};
 }
 
 // The lines from that one on, as rows of the table.
@@ -82,6 +82,11 @@ TakeoverWindow::TakeoverWindow(std::string database, const platform::Clock& cloc
   stop_ = buttons->addButton(QStringLiteral("&Anhalten"), QDialogButtonBox::ActionRole);
   stop_->setObjectName(QStringLiteral("takeover_stop"));
   close_ = buttons->addButton(QStringLiteral("S&chließen"), QDialogButtonBox::RejectRole);
+  template_ =
+      buttons->addButton(QStringLiteral("&Vorlage speichern …"), QDialogButtonBox::ResetRole);
+  template_->setToolTip(QStringLiteral("Eine Liste mit allen Spalten zum Ausfüllen speichern"));
+  template_->setAutoDefault(false);
+  connect(template_, &QPushButton::clicked, this, [this] { SaveTemplate(); });
   connect(start_, &QPushButton::clicked, this, [this] { Start(); });
   connect(stop_, &QPushButton::clicked, this, [this] { Stop(); });
   connect(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
@@ -124,12 +129,7 @@ QWidget* TakeoverWindow::MakeFiles() {
       &TakeoverWindow::ChooseReport);
   rehearsal_.setObjectName(QStringLiteral("takeover_rehearsal"));
   rehearsal_.setText(QStringLiteral("&Probelauf, nichts wird geschrieben"));
-  grid->addWidget(&rehearsal_, 2, 1);
-  auto* template_button = new QPushButton(QStringLiteral("&Vorlage speichern …"));
-  template_button->setToolTip(QStringLiteral("Eine Liste mit allen Spalten zum Ausfüllen"));
-  template_button->setAutoDefault(false);
-  connect(template_button, &QPushButton::clicked, this, &TakeoverWindow::SaveTemplate);
-  grid->addWidget(template_button, 2, 1, 1, 2, Qt::AlignRight);
+  grid->addWidget(&rehearsal_, 2, 1, 1, 2);
   connect(&list_, &QLineEdit::textChanged, this, [this](const QString& list) {
     if (!report_.isModified())
       report_.setText(list.isEmpty() ? QString() : ToQt(takeover::UsualReport(FromQt(list))));
@@ -257,6 +257,7 @@ void TakeoverWindow::SetRunning(bool running) {
   files_->setEnabled(!running);
   const bool named = !list_.text().isEmpty() && !report_.text().isEmpty();
   start_->setEnabled(!running && named);
+  template_->setEnabled(!running);
   stop_->setEnabled(running);
   close_->setEnabled(!running);
 }

@@ -57,6 +57,7 @@ class TakeoverWindow final : public QDialog {
   ListModel lines_;
   ListTable table_;
   QPushButton* start_ = nullptr;
+  QPushButton* template_ = nullptr;
   QPushButton* stop_ = nullptr;
   QPushButton* close_ = nullptr;
   QWidget* files_ = nullptr;
