@@ -118,7 +118,7 @@ Office::Office(std::unique_ptr<store::RecordStore> store)
       app_(host_.App()),
       addresses_(host_.Table(table::Adressen)),
       contract_(std::make_shared<api::vv_CContractD>()),
-      articles_(std::make_shared<api::ArticleCollection>()) {
+      articles_(std::make_shared<api::ArticleList>()) {
   contract_->lVertragArt = 1;
   contract_->VertragBeginn = contract_->VertragGeschlossenAm = platform::FromCivil(2024, 3, 1);
   contract_->Bezeichnung = "Wartungsvertrag";

@@ -55,7 +55,7 @@ class Office {
   std::shared_ptr<host::HostApp> app_;
   std::shared_ptr<host::HostTable> addresses_;
   std::shared_ptr<api::vv_CContractD> contract_;
-  std::shared_ptr<api::ArticleCollection> articles_;
+  std::shared_ptr<api::ArticleList> articles_;
 };
 
 }  // namespace pactora::bench

@@ -14,12 +14,12 @@ std::int32_t CountArticles(const shell::Module& module) {
   return count;
 }
 
-const vv_CArticle& ArticleAt(const shell::Module& module, std::int32_t index) {
-  const host::ObjectRef& object = module.gApiArticles->Item(index);
+std::shared_ptr<const vv_CArticle> ArticleAt(const shell::Module& module, std::int32_t index) {
+  const host::ObjectRef object = module.gApiArticles->Item(index);
   if (!object) Raise(RuntimeError::ObjectNotSet);
-  const auto* article = dynamic_cast<const vv_CArticle*>(object.get());
-  if (article == nullptr) Raise(RuntimeError::TypeMismatch);
-  return *article;
+  auto article = std::dynamic_pointer_cast<const vv_CArticle>(object);
+  if (!article) Raise(RuntimeError::TypeMismatch);
+  return article;
 }
 
 }  // namespace pactora::api

@@ -20,7 +20,7 @@ class ApiWorld : public ContractWorld {
   // The caller's records: the worked example of a one-year renewable contract,
   // paid monthly, with one article.
   std::shared_ptr<api::vv_CContractD> contract = ExampleContract();
-  std::shared_ptr<api::ArticleCollection> articles = std::make_shared<api::ArticleCollection>();
+  std::shared_ptr<api::ArticleList> articles = std::make_shared<api::ArticleList>();
 
   static std::shared_ptr<api::vv_CContractD> ExampleContract() {
     auto record = std::make_shared<api::vv_CContractD>();

@@ -67,7 +67,7 @@ std::shared_ptr<api::vv_CContractD> ReadContract(const formats::Json& contract,
 
 std::shared_ptr<api::ArticleCollection> ReadArticles(const formats::Json& articles,
                                                      const formats::Place& place) {
-  auto collection = std::make_shared<api::ArticleCollection>();
+  auto collection = std::make_shared<api::ArticleList>();
   for (std::size_t i = 0; i < formats::RequireArray(articles, place).size(); ++i) {
     auto article = std::make_shared<api::vv_CArticle>();
     FillRecord(*article, articles[i], place.Element(i));
