@@ -49,7 +49,7 @@ class ApiWorld : public ContractWorld {
 
   void Call() { CallWith(contract); }
   void CallWith(const std::shared_ptr<api::PropertyBag>& record) {
-    entry.NewContractDebitor(host.App(), record, articles);
+    entry.NewContractDebitor(App(), record, articles);
   }
 
   // How many rows there are of what a contract is made of, in this order:

@@ -4,6 +4,7 @@
 
 #include <iterator>
 
+#include "api/vv_CArticle.h"
 #include "component/com/LateBound.h"
 
 namespace pactora::component {
@@ -64,6 +65,8 @@ class ScriptSite final : public IActiveScriptSite {
     EXCEPINFO info{};
     error->GetExceptionInfo(&info);
     failure = {info.scode, Narrow(info.bstrSource), Narrow(info.bstrDescription)};
+    SysFreeString(info.bstrSource);
+    SysFreeString(info.bstrDescription);
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE OnEnterScript() override { return S_OK; }
@@ -107,33 +110,20 @@ host::Value ServeCollection(std::vector<host::Value> elements) {
         {}}});
 }
 
-host::Value ServeProperties(const Values& properties) {
-  std::vector<automation_host::Member> members;
-  for (const auto& [name, value] : properties)
-    members.push_back({Wide(name), [value = value](auto&) { return value; }, {}});
-  return automation_host::Serve(std::move(members));
+host::Value ComponentTest::Articles() {
+  std::vector<host::Value> articles;
+  for (std::int32_t i = 1; i <= world.articles->Count(); ++i) {
+    articles.push_back(Made(__uuidof(vv_CArticle),
+                            dynamic_cast<const api::vv_CArticle&>(*world.articles->Item(i))));
+  }
+  return ServeCollection(std::move(articles));
 }
 
-host::Value ComponentTest::Make(REFCLSID id, const Values& properties) {
+host::Value ComponentTest::Made(REFCLSID id, const api::Record& record) {
   const LateBound object(component.Create<IDispatch>(id));
-  for (const auto& [name, value] : properties) object.Put(Wide(name), value);
+  for (const auto& property : record.Properties())
+    object.Put(Wide(property.name), record.Get(property.name));
   return std::make_shared<AutomationObject>(Ref<IDispatch>(object.Object()));
-}
-
-host::Value ComponentTest::ExampleContract(const Values& changes) {
-  Values values = Fields(
-      "lVertragArt=1, Bezeichnung=Wartungsvertrag, Dauer=12, Zahlungsperiode=1, "
-      "Verlaengerungsdauer=12, VerlaengerungsZahlungsperiode=12, dblRabatt=10, "
-      "KuendFristInWochen=6, Memo=Notiz, SetztMerkmalGruppe=Kunden, "
-      "SetztMerkmal=Status, SetztWert=A, Auftragsnummer=B-17");
-  values.emplace_back("VertragBeginn", support::Day(1, 3, 2024));
-  values.emplace_back("VertragGeschlossenAm", support::Day(1, 3, 2024));
-  return Make(__uuidof(vv_CContractD), support::With(values, changes));
-}
-
-host::Value ComponentTest::ExampleArticle(const Values& changes) {
-  return Make(__uuidof(vv_CArticle),
-              support::With(Fields("sArtikelID=A1, dblAnzahl=2, lPreisDauer=12"), changes));
 }
 
 Failure ComponentTest::Debitor(const host::Value& contract, const host::Value& articles) {
@@ -164,10 +154,11 @@ Failure ComponentTest::Run(const std::string& script) {
       {L"Make",  // an object of the component that need not be registered
        [this](const auto& args) {
          const std::string name = host::ToText(args.at(0));
-         return Make(name == "CVV"           ? __uuidof(CVV)
-                     : name == "vv_CArticle" ? __uuidof(vv_CArticle)
-                                             : __uuidof(vv_CContractD),
-                     {});
+         auto object =
+             component.Create<IDispatch>(name == "CVV"           ? __uuidof(CVV)
+                                         : name == "vv_CArticle" ? __uuidof(vv_CArticle)
+                                                                 : __uuidof(vv_CContractD));
+         return host::Value(std::make_shared<AutomationObject>(std::move(object)));
        },
        {}},
   });

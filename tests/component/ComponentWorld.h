@@ -8,17 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "api/api_world.h"
 #include "automation_host/Served.h"
 #include "automation_host/serve_host.h"
 #include "component/com/Ref.h"
 #include "component/com/text.h"
 #include "component/com/values.h"
-#include "support/contract_world.h"
 
 namespace pactora::component {
-
-using support::Fields;
-using support::Values;
 
 // The component's file, loaded from beside the test program.
 class LoadedComponent {
@@ -75,32 +72,30 @@ struct Failure {
 // The failure of an early-bound call.
 Failure FailureOf(HRESULT code);
 
-// A caller's collection, and a caller's object with properties of these values.
+// A caller's own collection.
 host::Value ServeCollection(std::vector<host::Value> elements);
-host::Value ServeProperties(const Values& properties);
 
 class ComponentTest : public testing::Test {
  protected:
-  ComponentTest() { world.Goto(schema::table::Adressen, world.address); }
-
   IDispatch* App() { return DispatchOf(app); }
   static IDispatch* DispatchOf(const host::Value& value) {
     return static_cast<const AutomationObject&>(*value.AsObject()).Dispatch();
   }
 
-  // The object of a class with properties set by name.
-  host::Value Make(REFCLSID id, const Values& properties);
-  host::Value ExampleContract(const Values& changes = {});
-  host::Value ExampleArticle(const Values& changes = {});
+  // The records of the world as objects of the component, filled by name.
+  host::Value Contract() { return Made(__uuidof(vv_CContractD), *world.contract); }
+  host::Value Articles();
+  host::Value Made(REFCLSID id, const api::Record& record);
   // NewContractDebitor by slot.
   Failure Debitor(const host::Value& contract, const host::Value& articles);
+  Failure Debitor() { return Debitor(Contract(), Articles()); }
 
   // Runs a script, with the host as "Host" and "Note" to write results down.
   Failure Run(const std::string& script);
   std::vector<std::string> notes;
 
   LoadedComponent component;
-  support::ContractWorld world;
+  support::ApiWorld world;
   host::Value app = automation_host::ServeApp(world.host.App());
 };
 

@@ -29,7 +29,7 @@ TEST_F(ComponentTest, IsLoadedAsLongAsSomebodyHoldsAnObjectOrALock) {
 
 TEST_F(ComponentTest, LetsTheHostGoWhenItMayBeUnloaded) {
   const unsigned before = automation_host::traffic.objects;
-  EXPECT_EQ(Debitor(ExampleContract(), ServeCollection({})).code, S_OK);
+  EXPECT_EQ(Debitor(Contract(), ServeCollection({})).code, S_OK);
   EXPECT_GT(automation_host::traffic.objects, before);  // the globals hold the last host
   EXPECT_EQ(component.Call("DllCanUnloadNow"), S_OK);
   EXPECT_EQ(automation_host::traffic.objects, before);

@@ -5,13 +5,13 @@
 namespace pactora::component {
 namespace {
 
-TEST_F(ComponentTest, AScriptMakesAContract) {
-  EXPECT_EQ(Run(R"(
+// The records of the component and a dictionary as the collection.
+constexpr const char kRecords[] = R"(
       Set contract = Test.Make("vv_CContractD")
       contract.lVertragArt = 1
       contract.VertragBeginn = DateSerial(2024, 3, 1)
       contract.VertragGeschlossenAm = DateSerial(2024, 3, 1)
-      contract.Bezeichnung = "Wartungsvertrag"
+      contract.Bezeichnung = "Größerer Vertrag"
       contract.Dauer = 12
       contract.Zahlungsperiode = 1
       contract.Verlaengerungsdauer = 12
@@ -24,10 +24,43 @@ TEST_F(ComponentTest, AScriptMakesAContract) {
       article.lPreisDauer = 12
       Set articles = CreateObject("Scripting.Dictionary")
       articles.Add 1, article
-      Test.Make("CVV").NewContractDebitor Host, contract, articles)"),
+      Set entry = Test.Make("CVV")
+)";
+
+TEST_F(ComponentTest, AScriptMakesAContract) {
+  EXPECT_EQ(Run(std::string(kRecords) + "entry.NewContractDebitor Host, contract, articles"),
             Failure{});
   const support::Row contract = world.TheOnly(schema::table::vv_Vertraege);
   EXPECT_EQ(host::ToDouble(contract["AktValue"]), 18.0);
+  EXPECT_EQ(host::ToText(contract["Bezeichnung"]), "Größerer Vertrag");
+  EXPECT_EQ(host::ToText(contract["VertragEnde"]), "28.02.2025");
+}
+
+TEST_F(ComponentTest, AScriptSeesErrorsAndResults) {
+  const MessageBoxes boxes;
+  EXPECT_EQ(Run(std::string(kRecords) + R"(
+      On Error Resume Next
+      contract.Dauer = 13
+      entry.NewContractDebitor Host, contract, articles
+      Test.Note Hex(Err.Number) & " " & Err.Source & " " & Err.Description
+      Err.Clear
+      entry.NewContractDebitor Nothing, contract, articles
+      Test.Note Err.Number & " " & Err.Description
+      Err.Clear
+      saved = True
+      rows = "7"
+      show = True
+      entry.NewContract Host, saved, rows, show
+      Test.Note Err.Number & TypeName(saved) & saved & TypeName(rows) & rows & show
+      article.dblAnzahl = "viel"
+      Test.Note Err.Number
+      Err.Clear
+      entry.NewContract Host, saved
+      Test.Note Err.Number)"),
+            Failure{});
+  EXPECT_THAT(notes, testing::ElementsAre("80045005 modAPI Ungültige Dauer.",
+                                          "91 Objektvariable nicht festgelegt",
+                                          "0BooleanFalseLong0True", "13", "450"));
 }
 
 }  // namespace

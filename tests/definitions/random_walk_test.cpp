@@ -214,8 +214,8 @@ struct Walk {
   Walk(support::ContractWorld& world, unsigned seed)
       : walker(seed),
         module({walker, world.clock, platform::Locale{}, embedded::CreateErrorTexts,
-                [&world] { return world.host.App(); }}) {
-    module.gHostApp = world.host.App();
+                [&world] { return world.App(); }}) {
+    module.gHostApp = world.App();
     module.gDb = module.gHostApp->CurrentDb();
     module.gAddonError = std::make_shared<shell::CAddonError>(module);
   }

@@ -22,7 +22,7 @@ TEST_F(Opening, ListsReleasedTypesByNameAndChoosesTheFirst) {
       AddType(Once(Fields("Typ=K, Bezeichnung=Miete, RechnungWann=1, NoBooking=True")));
   world.module.gVersionText = "Version 1.2";
   world.SetVariable("vv_AlarmWochenKuendigung", "8");
-  world.module.gDb = world.host.App()->CurrentDb();
+  world.module.gDb = world.App()->CurrentDb();
   world.module.gDb->DbSettings().Add("CreateAppointment4AllContracts", "1");
   Open();
   EXPECT_EQ(form.Caption(), "Neuer Vertrag für:   Muster GmbH");

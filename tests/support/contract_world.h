@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <ostream>
@@ -86,12 +87,17 @@ struct Row {
   }
 };
 
+// What the add-on gets for the embedded host's application: that itself, or another way
+// to reach it.
+using AppRef = std::shared_ptr<host::HostApp>;
+inline std::function<AppRef(AppRef)> app_for_the_add_on = [](AppRef app) { return app; };
+
 class ContractWorld {
  public:
   explicit ContractWorld(bool workflow_add_on = true)
       : host(store::CreateMemoryStore(schema::ContractCatalog(workflow_add_on), StartProfile())),
         module({screen, clock, platform::Locale{}, embedded::CreateErrorTexts,
-                [this] { return host.App(); }}) {
+                [this] { return App(); }}) {
     namespace table = schema::table;
     namespace field = schema::field;
     client = Add(table::KELM_Mandanten, {{field::TessarinName, "FIRMA"}});
@@ -112,9 +118,11 @@ class ContractWorld {
   ContractWorld(const ContractWorld&) = delete;
   ContractWorld& operator=(const ContractWorld&) = delete;
 
+  AppRef App() { return app_for_the_add_on(host.App()); }
+
   // What an entry call leaves in the module, with the first address current.
   void Enter() {
-    module.gHostApp = host.App();
+    module.gHostApp = App();
     module.gDb = module.gHostApp->CurrentDb();
     module.gAddonError = std::make_shared<shell::CAddonError>(module);
     Goto(schema::table::Adressen, address);
