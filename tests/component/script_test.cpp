@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "component/ComponentWorld.h"
+#include "support/row_text.h"
 
 namespace pactora::component {
 namespace {
@@ -34,6 +35,46 @@ TEST_F(ComponentTest, AScriptMakesAContract) {
   EXPECT_EQ(host::ToDouble(contract["AktValue"]), 18.0);
   EXPECT_EQ(host::ToText(contract["Bezeichnung"]), "Größerer Vertrag");
   EXPECT_EQ(host::ToText(contract["VertragEnde"]), "28.02.2025");
+}
+
+// Neither has to be one of the component's: names and the articles' class count.
+TEST_F(ComponentTest, AScriptHandsInObjectsOfItsOwnClasses) {
+  EXPECT_EQ(Run(std::string(kRecords) + R"(
+      Class OwnContract
+        Public lVertragArt : Public VertragBeginn : Public VertragGeschlossenAm
+        Public Bezeichnung : Public Dauer : Public Zahlungsperiode
+        Public Verlaengerungsdauer : Public VerlaengerungsZahlungsperiode : Public dblRabatt
+        Public KuendFristInWochen : Public Memo : Public RabattNurErsteLaufzeit
+        Public SetztMerkmalGruppe : Public SetztMerkmal : Public SetztWert
+        Public Property Get Auftragsnummer
+          Auftragsnummer = 4711
+        End Property
+      End Class
+      Class OwnCollection
+        Public Only
+        Public Property Get Count
+          Count = 2
+        End Property
+        Public Function Item(number)
+          Set Item = Only
+        End Function
+      End Class
+      Set own = New OwnContract
+      own.lVertragArt = contract.lVertragArt + 1
+      own.VertragBeginn = contract.VertragBeginn
+      own.Dauer = "12"
+      own.Zahlungsperiode = 0.6
+      own.RabattNurErsteLaufzeit = 1
+      Set collection = New OwnCollection
+      amount = 3
+      article.dblAnzahl = amount
+      Set collection.Only = article
+      entry.NewContractDebitor Host, own, collection)"),
+            Failure{});
+  const support::Row contract = world.TheOnly(schema::table::vv_Vertraege);
+  EXPECT_EQ(support::Line(contract, {"ArtStr", "Zahlungsperiode", "RabattNurErsteLaufzeit",
+                                     "Auftragsnummer", "AktValue"}),
+            "einmalig 1 True 4711 60");
 }
 
 TEST_F(ComponentTest, AScriptSeesErrorsAndResults) {

@@ -31,7 +31,8 @@ class Ref {
   template <typename From>
   static Ref Query(From* object) {
     Ref result;
-    if (object != nullptr) object->QueryInterface(__uuidof(T), result.PutVoid());
+    if (object != nullptr && FAILED(object->QueryInterface(__uuidof(T), result.PutVoid())))
+      result.object_ = nullptr;
     return result;
   }
 
