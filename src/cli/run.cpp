@@ -1,6 +1,7 @@
 // run: an automation script.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -45,7 +46,10 @@ Status RunScriptFile(const RunArguments& arguments) {
   for (const std::string& hint : result.hints) Complain(fmt::format("{}: {}", source.name, hint));
   for (const std::string& place : result.unused_faults)
     Complain(fmt::format("{}: {}: der Fehler ist nicht eingetreten", source.name, place));
-  if (result.fatal_error && result.problems.empty())
+  const auto tells_why = [&](const std::string& problem) {
+    return problem.ends_with(result.fatal_error->Description());
+  };
+  if (result.fatal_error && std::ranges::none_of(result.problems, tells_why))
     Complain(fmt::format("{}: {}", arguments.database, result.fatal_error->Description()));
   if (arguments.dry_run) Tell(workspace::kRehearsed);
   if (result.fatal_error) return StatusOf(*result.fatal_error);

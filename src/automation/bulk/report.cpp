@@ -13,10 +13,10 @@
 #include "automation/formats/errors.h"
 #include "automation/formats/files.h"
 #include "automation/formats/visible.h"
+#include "automation/workspace/contract_numbers.h"
 #include "automation/workspace/database.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "store/errors.h"
 
 namespace pactora::bulk {
 namespace {
@@ -150,16 +150,10 @@ void LeavingReport(const std::string& path, const std::vector<ReportLine>& lines
 
 platform::Error NamingUncertain(const platform::Error& error,
                                 const std::vector<ReportLine>& lines) {
-  if (error.Number() != store::Number(store::StoreError::Uncertain)) return error;
   std::vector<std::string> numbers;
   for (const ReportLine& line : lines)
     if (line.outcome == Outcome::Created) numbers.push_back(line.number);
-  std::string text = error.Description();
-  if (numbers.size() == 1) text += fmt::format(" Betroffen ist Vertrag {}.", numbers.front());
-  if (numbers.size() > 1)
-    text += fmt::format(" Betroffen sind die {} Verträge {} bis {}.", numbers.size(),
-                        numbers.front(), numbers.back());
-  return {error.Number(), text, error.Source()};
+  return workspace::NamingUncertain(error, numbers);
 }
 
 std::vector<ReportedContract> ReadEarlierReport(const std::string& path) {

@@ -159,20 +159,27 @@ class Run {
     Write({{"event", "call"}, {"name", name}});
     formats::Json returned = {{"event", "return"}, {"name", name}};
     const store::Oid contract_before = CurrentContract();
+    const auto end_unit = [&] {
+      const Faults::Silence silence(faults_);
+      session_.EndUnit(contract_before);
+    };
     try {
       // What was stored before an error is committed nevertheless.
       try {
         screen_.Run(call.actions, [&] { Call(call, returned); });
       } catch (...) {
-        session_.EndUnit();
+        end_unit();
         throw;
       }
-      session_.EndUnit();
+      end_unit();
       if (!screen_.Failed()) Write(returned);
     } catch (const platform::Error& error) {
       // A full disk fails every later call too: it is a problem once.
       const bool is_known = result_.fatal_error && result_.fatal_error->Number() == error.Number();
       NoteFatalError(error);
+      // The store works no more.
+      failed_ = result_.fatal_error &&
+                result_.fatal_error->Number() == Number(store::StoreError::Uncertain);
       if (!screen_.Failed()) {
         Write({{"event", "error"},
                {"number", formats::ErrorNumberText(error.Number())},
@@ -186,6 +193,7 @@ class Run {
     }
     if (screen_.Failed()) Fail(screen_.Failed()->place, screen_.Failed()->reason);
     transcript_.flush();
+    if (failed_) return;
     const store::Oid contract = CurrentContract();
     if (contract == contract_before) return;
     Own([&] {
@@ -197,7 +205,7 @@ class Run {
   // 0 for none.
   store::Oid CurrentContract() {
     const Faults::Silence silence(faults_);
-    return store::ParseOid(session_.Host().Table(schema::table::vv_Vertraege)->Oid()).value_or(0);
+    return session_.CurrentContract();
   }
 
   void Call(const CallStep& call, formats::Json& returned) {

@@ -1,7 +1,10 @@
 #include "automation/workspace/Session.h"
-#include "host/row.h"
 
 #include <utility>
+
+#include "automation/workspace/contract_numbers.h"
+#include "host/row.h"
+#include "schema/names.h"
 
 namespace pactora::workspace {
 
@@ -12,12 +15,33 @@ Session::Session(std::unique_ptr<store::RecordStore> store, ui::Screen& screen,
                                  [this] { return host_.App(); }}),
       entry_(std::make_unique<shell::CVV>(module_)) {}
 
+store::Oid Session::CurrentContract() {
+  return store::ParseOid(host_.Table(schema::table::vv_Vertraege)->Oid()).value_or(0);
+}
+
 void Session::EndUnit() {
   try {
     host_.EndUnit();
   } catch (...) {
     entry_ = std::make_unique<shell::CVV>(module_);
     throw;
+  }
+}
+
+void Session::EndUnit(store::Oid contract_before) {
+  std::vector<std::string> made;
+  try {
+    const store::Oid contract = CurrentContract();
+    if (contract != 0 && contract != contract_before)
+      made = {
+          host::GetText(*host_.Table(schema::table::vv_Vertraege), schema::field::Vertragnummer)};
+  } catch (const platform::Error&) {
+    // The database can't be read any more; EndUnit says why.
+  }
+  try {
+    EndUnit();
+  } catch (const platform::Error& error) {
+    throw NamingUncertain(error, made);
   }
 }
 

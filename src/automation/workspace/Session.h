@@ -31,9 +31,15 @@ class Session {
   // The one entry object; another one after EndUnit has failed.
   shell::CVV& Entry() { return *entry_; }
 
+  // The Oid of the current contract; 0 for none.
+  store::Oid CurrentContract();
+
   // Ends the unit of work of a call. Raises what made it fail, wherever in the call that was; a
   // dialog that the entry object still held took what is lost for saved, and is gone then.
   void EndUnit();
+  // Likewise, given the contract that was current before the call: where it is uncertain whether
+  // another one is stored, the error names that.
+  void EndUnit(store::Oid contract_before);
 
   // Makes the row, and its parents in their tables, the current row.
   void GoTo(store::TableId table, store::Oid oid);

@@ -1,10 +1,16 @@
 #include "automation/workspace/contract_numbers.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
 
 #include "platform/Text.h"
 #include "schema/names.h"
 #include "store/RowView.h"
+#include "store/errors.h"
 #include "store/rows.h"
 
 namespace pactora::workspace {
@@ -107,6 +113,21 @@ std::string NumberHint(store::RecordStore& store, store::Oid contract) {
       "die Vertragsnummer {} liegt vor dem Zähler („{}“): die automatische Vergabe gibt sie noch "
       "einmal aus, wenn sie dort ankommt",
       number, counter);
+}
+
+platform::Error NamingUncertain(const platform::Error& error,
+                                const std::vector<std::string>& numbers) {
+  constexpr std::size_t kNamed = 5;
+  if (error.Number() != store::Number(store::StoreError::Uncertain) || numbers.empty())
+    return error;
+  const std::span first(numbers.data(), std::min(numbers.size(), kNamed));
+  return {
+      error.Number(),
+      fmt::format("{} Betroffen {} {}{}.", error.Description(),
+                  numbers.size() == 1 ? "ist Vertrag" : "sind die Verträge", fmt::join(first, ", "),
+                  numbers.size() > kNamed ? fmt::format(" und {} weitere", numbers.size() - kNamed)
+                                          : std::string()),
+      error.Source()};
 }
 
 }  // namespace pactora::workspace

@@ -7,7 +7,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "platform/Error.h"
 #include "store/RecordStore.h"
 
 namespace pactora::workspace {
@@ -37,5 +39,10 @@ bool IsNumberTaken(store::RecordStore& store, const store::Record& contract);
 // What a person should know of a stored contract's number, as a German clause that names it: that
 // another contract has it too, or that the counter will give it out once more. Empty for nothing.
 std::string NumberHint(store::RecordStore& store, store::Oid contract);
+
+// A StoreError::Uncertain that names the contracts whose storing is uncertain; any other error as
+// it is.
+platform::Error NamingUncertain(const platform::Error& error,
+                                const std::vector<std::string>& numbers);
 
 }  // namespace pactora::workspace

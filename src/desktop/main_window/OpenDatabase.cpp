@@ -62,25 +62,12 @@ void OpenDatabase::GoTo(std::string_view table, store::Oid oid) {
 }
 
 bool OpenDatabase::Do(const std::function<void()>& action) {
+  const store::Oid contract_before = Current(schema::table::vv_Vertraege);
   std::optional<platform::Error> failed = ErrorOf(action);
   // What was stored before a failure stays, as everywhere.
-  if (const auto lost = ErrorOf([this] { EndUnit(); })) failed = lost;
+  if (const auto lost = ErrorOf([&] { session_.EndUnit(contract_before); })) failed = lost;
   if (failed) ShowError(*failed);
   return !failed;
-}
-
-void OpenDatabase::EndUnit() {
-  const auto contract = session_.Host().Table(schema::table::vv_Vertraege);
-  const std::string number =
-      contract->Eof() ? std::string() : host::GetText(*contract, schema::field::Vertragnummer);
-  try {
-    session_.EndUnit();
-  } catch (const platform::Error& error) {
-    if (error.Number() != Number(store::StoreError::Uncertain) || number.empty()) throw;
-    throw platform::Error(error.Number(),
-                          error.Description() + " Betroffen ist Vertrag " + number + ".",
-                          error.Source());
-  }
 }
 
 bool OpenDatabase::Read(const std::function<void()>& reading) {

@@ -57,9 +57,6 @@ class OpenDatabase {
   void Tell(const std::string& text);
 
  private:
-  // An error whose outcome is uncertain names the contract that was saved.
-  void EndUnit();
-
   std::string name_;
   const platform::Clock& clock_;
   QtScreen screen_;

@@ -108,6 +108,9 @@ Told EnterInDialog(const std::string& file, std::size_t) {
       [&] { return transcript.str().find(R"("pbOK":true)") == std::string::npos ? 0 : 1; });
   told.is_uncertain =
       result.fatal_error && result.fatal_error->Number() == Number(StoreError::Uncertain);
+  if (told.is_uncertain) {
+    EXPECT_THAT(result.fatal_error->Description(), testing::HasSubstr("Betroffen ist Vertrag"));
+  }
   told.is_other = transcript.str().find(R"("event":"message")") != std::string::npos;
   return told;
 }
