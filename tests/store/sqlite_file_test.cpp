@@ -135,12 +135,14 @@ TEST_F(SqliteStructure, AFileWithoutWhatItWasMadeOfIsRefusedByName) {
   }
 }
 
-TEST_F(SqliteStructure, OthersTriggersAndIndexesOnItsTablesRefuseWritingTheirOwnTablesDoNot) {
+TEST_F(SqliteStructure, WhatOthersPutOnItsTablesRefusesWritingTheirOwnTablesDoNot) {
   const std::pair<std::string, std::string> cases[] = {
       {"CREATE TRIGGER t AFTER INSERT ON adressen BEGIN DELETE FROM vv_Vertraege; END",
        "der Trigger „t“"},
       {"CREATE INDEX i ON Adressen (Name)", "der Index „i“"},
       {"CREATE UNIQUE INDEX i ON pactora_users (name) WHERE position > 3", "der Index „i“"},
+      {"CREATE TABLE Notiz (v TEXT REFERENCES vv_vertraege (Vertragnummer))",
+       "die Tabelle „Notiz“"},
   };
   for (const auto& [sql, expected] : cases) {
     AddAddress(*Create(), "Müller");

@@ -211,6 +211,7 @@ class PartsOf {
   void Compare(const Connection& connection, Structure& structure) const {
     std::vector<bool> found(parts_.size());
     Statement rows(connection, "SELECT type, name, tbl_name, sql FROM sqlite_schema");
+    Statement foreign_keys(connection, "SELECT \"table\" FROM pragma_foreign_key_list(?1)");
     while (rows.Step()) {
       const auto place = places_.find(Key(rows.Text(0), rows.Text(1)));
       if (place != places_.end()) {
@@ -220,9 +221,16 @@ class PartsOf {
           structure.faults.push_back(Named(part.type, part.name) + " ist anders angelegt");
         }
       } else if (IsAddition(rows)) {
-        structure.additions.push_back(Named(rows.Text(0), rows.Text(1)) + " an der Tabelle „" +
-                                      std::string(rows.Text(2)) +
-                                      "“ stammt nicht von diesem Programm");
+        Add(structure, rows, " an der Tabelle", rows.Text(2));
+      } else if (rows.Text(0) == "table") {
+        // A save would work on its rows too, or fail because of them.
+        foreign_keys.Bind(1, rows.Text(1));
+        bool is_added = false;
+        while (foreign_keys.Step()) {
+          const std::string table(foreign_keys.Text(0));
+          if (IsOwnTable(table) && !std::exchange(is_added, true))
+            Add(structure, rows, " mit einem Fremdschlüssel auf die Tabelle", table);
+        }
       }
     }
     for (std::size_t part = 0; part < parts_.size(); ++part) {
@@ -234,10 +242,19 @@ class PartsOf {
  private:
   using Key = std::pair<std::string_view, std::string_view>;  // type and name
 
+  static void Add(Structure& structure, const Statement& row, std::string_view how,
+                  std::string_view table) {
+    structure.additions.push_back(Named(row.Text(0), row.Text(1)) + std::string(how) + " „" +
+                                  std::string(table) + "“ stammt nicht von diesem Programm");
+  }
+
   // An index that a table brings with it has no text of its own.
   bool IsAddition(const Statement& row) const {
     if (row.IsNull(3) || (row.Text(0) != "index" && row.Text(0) != "trigger")) return false;
-    const std::string table(row.Text(2));
+    return IsOwnTable(std::string(row.Text(2)));
+  }
+
+  bool IsOwnTable(const std::string& table) const {
     return std::any_of(parts_.begin(), parts_.end(), [&table](const Part& part) {
       return part.type == "table" && sqlite3_stricmp(part.name.c_str(), table.c_str()) == 0;
     });

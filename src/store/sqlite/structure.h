@@ -52,7 +52,7 @@ bool IsBlank(const Connection& connection);
 struct Structure {
   schema::Catalog catalog;             // the one that the database was made with
   std::vector<std::string> faults;     // what is missing or was altered, a German clause each
-  std::vector<std::string> additions;  // triggers and indexes of others on our tables
+  std::vector<std::string> additions;  // of others: what lies on our tables or refers to them
 };
 
 // Raises StoreError::NotADatabase for texts in another encoding than UTF-8. In a database of an
