@@ -75,7 +75,7 @@ void ImportDatabase(const std::string& database, const formats::TextSource& sour
                     database, survey.workflow_add_on ? "ohne" : "mit", source.name,
                     survey.workflow_add_on ? "mit" : "ohne"));
   }
-  Fill(*store, source, survey, name, progress);
+  workspace::Naming(database, [&] { Fill(*store, source, survey, name, progress); });
 }
 
 void ExportDatabase(const std::string& database, const std::string& file,

@@ -162,10 +162,18 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
   }
 #ifdef PACTORA_HAS_SQLITE
   const formats::ScratchFile scratch(name);
-  const auto store =
-      Naming(name, [&] { return store::CreateSqlite(scratch.Path(), catalog, profile); });
-  fill(*store);
-  GiveId(*store);
+  Naming(name, [&] {
+    try {
+      const auto store = store::CreateSqlite(scratch.Path(), catalog, profile);
+      fill(*store);
+      GiveId(*store);
+    } catch (const platform::Error& error) {
+      if (error.Number() != store::Number(store::StoreError::Uncertain)) throw;
+      // The unfinished file is removed, so nothing is uncertain.
+      store::Raise(store::StoreError::Failed,
+                   "Ein- oder Ausgabefehler; die Datenbank ist nicht angelegt worden");
+    }
+  });
   scratch.BecomeTarget();
 #endif
 }
