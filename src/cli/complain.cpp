@@ -16,9 +16,13 @@ void Complain(const std::string& text) {
   Tell("pactora: " + formats::Shortened(formats::SingleLine(text)));
 }
 
-void RequireOutput() {
+bool IsOutputWritten() {
   std::cout.flush();
-  if (std::cout && formats::IsForWriting(stdout)) return;
+  return static_cast<bool>(std::cout);
+}
+
+void RequireOutput() {
+  if (IsOutputWritten() && formats::IsForWriting(stdout)) return;
   std::cout.clear();
   formats::Raise(formats::DoorError::NotCarriedOut, kNoOutput);
 }

@@ -16,6 +16,8 @@ void Tell(const std::string& text);
 void Complain(const std::string& text);
 
 inline constexpr const char* kNoOutput = "die Ausgabe kann nicht geschrieben werden";
+// Whether what was printed so far is written.
+bool IsOutputWritten();
 // Raises DoorError::NotCarriedOut where what was printed so far can't be written, or nothing can:
 // what is done further would go untold.
 void RequireOutput();

@@ -110,8 +110,7 @@ std::string UsageError(const CLI::ParseError& error, const CLI::App& app,
 
 // The status, or a failure where the output could not be written.
 Status WithOutputWritten(Status status) {
-  std::cout.flush();
-  if (std::cout) return status;
+  if (IsOutputWritten()) return status;
   Complain(kNoOutput);
   return status == Status::Done ? Status::Refused : status;
 }

@@ -34,13 +34,22 @@ Status RunScriptFile(const RunArguments& arguments) {
   const auto clock = ClockFor(arguments.today ? arguments.today : script.today);
   auto store = workspace::OpenDatabase(arguments.database, AccessFor(arguments.dry_run));
   scripts::RunOptions options;
-  options.at_step = [] {
+  bool is_begun = false;
+  options.at_step = [&] {
     RaiseIfInterrupted();
     RequireOutput();
+    is_begun = true;
   };
   options.dump_written = arguments.dry_run;
-  const scripts::RunResult result =
-      scripts::RunScript(script, std::move(store), *clock, std::cout, options);
+  scripts::RunResult result;
+  try {
+    result = scripts::RunScript(script, std::move(store), *clock, std::cout, options);
+  } catch (const platform::Error& error) {
+    // What was done is stored, but its transcript is lost.
+    if (!is_begun || arguments.dry_run || StatusOf(error) != Status::Refused) throw;
+    Complain(error.Description());
+    return Status::PartlyDone;
+  }
   for (const std::string& problem : result.problems)
     Complain(fmt::format("{}: {}", source.name, problem));
   for (const std::string& hint : result.hints) Complain(fmt::format("{}: {}", source.name, hint));
@@ -53,7 +62,8 @@ Status RunScriptFile(const RunArguments& arguments) {
     Complain(fmt::format("{}: {}", arguments.database, result.fatal_error->Description()));
   if (arguments.dry_run) Tell(workspace::kRehearsed);
   if (result.fatal_error) return StatusOf(*result.fatal_error);
-  return result.problems.empty() ? Status::Done : Status::Refused;
+  if (!result.problems.empty()) return Status::Refused;
+  return is_begun && !arguments.dry_run && !IsOutputWritten() ? Status::PartlyDone : Status::Done;
 }
 
 }  // namespace

@@ -36,6 +36,7 @@ void PrintJson(const takeover::Job& job, dataset::WrittenRows& written) {
 }
 
 Status RunTakeover(const TakeoverArguments& arguments) {
+  if (arguments.json || arguments.order.rehearsal) RequireOutput();
   takeover::Job job(arguments.order);
   const auto clock = ClockFor(arguments.today);
   ProgressBar bar(job.Size());
@@ -67,7 +68,8 @@ Status RunTakeover(const TakeoverArguments& arguments) {
   }
   Tell(count.Text());
   for (const std::string& sentence : job.FilesLeft()) Tell(sentence);
-  if (count.Rejected() == 0) return Status::Done;
+  const bool is_told = arguments.order.rehearsal || IsOutputWritten();
+  if (count.Rejected() == 0 && is_told) return Status::Done;
   return count.created + count.skipped > 0 ? Status::PartlyDone : Status::Refused;
 }
 

@@ -376,6 +376,9 @@ TEST_F(Commands, OutputThatDoesNotArriveIsNotDoneAndNoLossOfStreamsAborts) {
   const std::string data = File("bestand.json", Run({"export", db}).out);
   const std::string script = File("s.json", R"({"steps": [{"call": "DLLVersion"}]})");
   const std::string list = File("l.csv", "Adresse;Vertragstyp;Vertragsbeginn\n");
+  const std::string sample = folder.File("muster.db");
+  EXPECT_EQ(Run({"init", "--sample", sample}).status, 0);
+  const std::string taken = File("t.csv.liste", Contents(list) + "1;Wartung Server;01.01.2024\n");
   const std::string order = File("v.jsonl", OneLine(kOrder) + OneLine(kOrder));
   const std::string made = folder.File("neu.db");
   const std::string error = folder.File("fehler");
@@ -385,12 +388,13 @@ TEST_F(Commands, OutputThatDoesNotArriveIsNotDoneAndNoLossOfStreamsAborts) {
       {"list " + db + " addresses", 1, 1},
       {"types check " + db, 1, 1},
       {"export " + db, 1, 1},
-      {"run " + db + " " + script, 1, 1},
+      {"run " + db + " " + script, 1, 3},
       {"new-contract " + lost + " " + order, 1, 3},
       {"check " + db, 0, 0},
       {"init " + made, 0, 0},
       {"import " + made + " " + data, 0, 0},
       {"takeover " + db + " " + list + " --report " + folder.File("b.csv"), 0, 0},
+      {"takeover " + sample + " " + taken + " --json --report " + folder.File("t.csv"), 1, 3},
   };
   for (const auto& [call, closed, full] : calls) {
     const std::pair<std::string, int> streams[] = {

@@ -6,7 +6,6 @@
 
 #include "automation/formats/errors.h"
 #include "automation/workspace/exit_status.h"
-#include "automation/workspace/fatal_store_error.h"
 #include "host/HostTable.h"
 #include "host/row.h"
 #include "schema/names.h"
@@ -17,8 +16,7 @@ namespace pactora::dataset {
 namespace {
 
 bool ConcernsDatabase(const platform::Error& error) {
-  const workspace::Status status = workspace::StatusOf(error);
-  return status != workspace::Status::Refused || workspace::FatalStoreErrorOf(error.Number());
+  return workspace::StatusOf(error) != workspace::Status::Refused;
 }
 
 // Whether it is raised before anything is stored.

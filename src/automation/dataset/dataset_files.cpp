@@ -35,7 +35,7 @@ std::size_t CountRows(store::RecordStore& store) {
 std::unique_ptr<store::RecordStore> SoundCopy(const std::string& database) {
   workspace::StorageCheck check = workspace::CheckStorage(database);
   if (check.faults.empty()) return std::move(check.store);
-  formats::Raise(formats::DoorError::NotCarriedOut,
+  formats::Raise(check.store ? formats::DoorError::NotCarriedOut : formats::DoorError::BadInput,
                  fmt::format("{}: {}{}", database, check.faults.front(),
                              check.faults.size() > 1 ? "; pactora check nennt alle Mängel" : ""));
 }

@@ -1,6 +1,7 @@
 #include "automation/workspace/exit_status.h"
 
 #include "automation/formats/errors.h"
+#include "automation/workspace/fatal_store_error.h"
 
 namespace pactora::workspace {
 
@@ -21,18 +22,10 @@ Status StatusOf(const platform::Error& error) {
 }
 
 Status StatusOf(StoreError error) {
-  switch (error) {
-    case StoreError::NotADatabase:
-      return Status::BadInput;
-    case StoreError::Locked:
-    case StoreError::NotReachable:
-    case StoreError::ReadOnly:
-    case StoreError::OtherVersion:
-    case StoreError::Uncertain:
-      return Status::NotReachable;
-    default:
-      return Status::Refused;
-  }
+  if (error == StoreError::NotADatabase) return Status::BadInput;
+  const bool is_of_database =
+      error == StoreError::OtherVersion || FatalStoreErrorOf(store::Number(error));
+  return is_of_database ? Status::NotReachable : Status::Refused;
 }
 
 }  // namespace pactora::workspace

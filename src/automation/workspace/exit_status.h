@@ -11,7 +11,7 @@ enum class Status {
   Refused = 1,       // the add-on refused or failed
   BadInput = 2,      // wrong usage or unreadable input
   PartlyDone = 3,    // of a bulk run
-  NotReachable = 4,  // database not reachable, locked or of another version
+  NotReachable = 4,  // database not reachable, locked, full or of another version
   Internal = 5,
   Interrupted = 130,
 };

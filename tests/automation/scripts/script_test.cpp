@@ -146,9 +146,10 @@ TEST(ScriptRun, AFaultComesAtTheNthCallOnThatTableOnce) {
 TEST(ExitStatus, IsTheSameForAnOutageWhicheverWayItIsTold) {
   using enum store::StoreError;
   const std::pair<std::vector<store::StoreError>, workspace::Status> cases[] = {
-      {{Locked, NotReachable, OtherVersion, ReadOnly}, workspace::Status::NotReachable},
+      {{Locked, NotReachable, OtherVersion, ReadOnly, Full, UnitLost, Uncertain},
+       workspace::Status::NotReachable},
       {{NotADatabase}, workspace::Status::BadInput},
-      {{Full}, workspace::Status::Refused}};
+      {{HasChildren, Failed}, workspace::Status::Refused}};
   for (const auto& [errors, status] : cases) {
     for (const store::StoreError error : errors) {
       EXPECT_EQ(workspace::StatusOf(error), status);
