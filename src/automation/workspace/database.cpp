@@ -18,7 +18,7 @@
 #include "store/errors.h"
 #include "store/memory/MemoryStore.h"
 #ifdef PACTORA_HAS_SQLITE
-#include "store/sqlite/Connection.h"
+#include "store/sql/waiting.h"
 #include "store/sqlite/SqliteStore.h"
 #endif
 
@@ -144,7 +144,7 @@ std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access
 
 void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited)) {
 #ifdef PACTORA_HAS_SQLITE
-  store::sqlite::GiveUpWaitingWhen(asked);
+  store::sql::GiveUpWaitingWhen(asked);
 #endif
   static_cast<void>(asked);
 }

@@ -1,12 +1,12 @@
 #include "store/sqlite/Connection.h"
 
 #include <algorithm>
-#include <atomic>
 #include <limits>
 #include <thread>
 #include <utility>
 
 #include "store/errors.h"
+#include "store/sql/waiting.h"
 #include "store/sqlite/Statement.h"
 
 namespace pactora::store::sqlite {
@@ -86,11 +86,7 @@ constexpr std::chrono::milliseconds kLongestTimeout(std::numeric_limits<int>::ma
 // next save, so that it is those who wait who come next.
 constexpr int kLongestPause = 2;
 
-std::atomic<bool (*)(std::chrono::milliseconds)> give_up = nullptr;
-
 }  // namespace
-
-void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited)) { give_up = asked; }
 
 Connection::Connection(const std::string& path, Access access, std::chrono::milliseconds timeout)
     : timeout_(std::min(timeout, kLongestTimeout)) {
@@ -109,8 +105,7 @@ int Connection::OnBusy(void* connection, int times) {
   const auto now = std::chrono::steady_clock::now();
   if (times == 0) waiting.since_ = now;
   const auto waited = std::chrono::duration_cast<std::chrono::milliseconds>(now - waiting.since_);
-  const auto asked = give_up.load();
-  if (waited >= waiting.timeout_ || (asked != nullptr && asked(waited))) return 0;
+  if (waited >= waiting.timeout_ || sql::IsWaitGivenUp(waited)) return 0;
   // Soon again at first: most units of work are short.
   const auto pause = std::chrono::milliseconds(std::min(1 + times * 2, kLongestPause));
   std::this_thread::sleep_for(pause);

@@ -13,11 +13,6 @@ enum class Access { ReadOnly, ReadWrite, Create };
 
 inline constexpr const char* kInMemory = ":memory:";
 
-// While a statement of any connection waits for other users, called at least twenty times
-// a second, on the statement's thread and with how long it has waited: true ends the
-// wait as one that was too long. Must not use the connection. Null for none.
-void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited));
-
 class Connection {
  public:
   // Opens the file. Raises StoreError::NotReachable if that fails; whether it is

@@ -4,91 +4,18 @@
 #include <limits>
 #include <utility>
 
-#include "store/Document.h"
 #include "store/errors.h"
+#include "store/sql/row_values.h"
 #include "store/sqlite/profile.h"
+#include "store/sqlite/statements.h"
 
 namespace pactora::store::sqlite {
 namespace {
 
-using host::Value;
-using schema::FieldType;
 using Lookup = UnitReads::Lookup;
 
-void BindCell(Statement& statement, int parameter, FieldType type, const Value& cell) {
-  if (cell.IsEmpty()) return statement.BindNull(parameter);
-  switch (type) {
-    case FieldType::Text:
-      return statement.Bind(parameter, std::string_view(cell.AsText()));
-    case FieldType::Long:
-      return statement.Bind(parameter, std::int64_t{cell.AsLong()});
-    case FieldType::Double:
-      return statement.Bind(parameter, cell.AsDouble());
-    case FieldType::Date:
-      return statement.Bind(parameter, cell.AsDate().days);
-    case FieldType::Boolean:
-      return statement.Bind(parameter, std::int64_t{cell.AsBoolean()});
-    case FieldType::Document:
-      break;
-  }
-  const auto* const document = dynamic_cast<const NamedDocument*>(cell.AsObject().get());
-  if (document != nullptr) return statement.Bind(parameter, std::string_view(document->Name()));
-  if (cell.AsObject() != nullptr) platform::Raise(platform::RuntimeError::TypeMismatch);
-  statement.BindNull(parameter);
-}
-
-void ReadCell(StoredValue stored, FieldType type, Value& cell) {
-  if (stored.IsNull()) {
-    cell = Value();
-    return;
-  }
-  switch (type) {
-    case FieldType::Text:
-      cell = stored.Text();
-      return;
-    case FieldType::Long:
-      cell = static_cast<std::int32_t>(stored.Integer());
-      return;
-    case FieldType::Double:
-      cell = stored.Real();
-      return;
-    case FieldType::Date:
-      cell = host::Date{stored.Real()};
-      return;
-    case FieldType::Boolean:
-      cell = stored.Integer() != 0;
-      return;
-    case FieldType::Document:
-      cell = std::make_shared<NamedDocument>(std::string(stored.Text()));
-      return;
-  }
-}
-
-void BindKeys(Statement& statement, int parameter, const std::vector<std::string>& keys) {
-  for (const std::string& key : keys) statement.Bind(parameter++, std::string_view(key));
-}
-
-// All but oid, version, order and parent.
-void BindContent(Statement& statement, const schema::Table& table, const Record& record) {
-  int parameter = kFirstCellParameter;
-  for (std::size_t field = 0; field < table.fields.size(); ++field) {
-    BindCell(statement, parameter++, table.fields[field].type, record.cells[field]);
-  }
-  BindKeys(statement, parameter, record.keys);
-}
-
-void ReadRow(const Statement& statement, const schema::Table& table, Record& record) {
-  record.oid = statement.Integer(kOidColumn);
-  record.version = statement.Integer(kVersionColumn);
-  record.order = statement.Integer(kOrderColumn);
-  record.parent = statement.Integer(kParentColumn);
-  record.cells.resize(table.fields.size());
-  record.keys.resize(table.indexes.size());
-  int column = kFirstCellColumn;
-  for (std::size_t field = 0; field < table.fields.size(); ++field) {
-    ReadCell(statement.Cell(column++), table.fields[field].type, record.cells[field]);
-  }
-  for (std::string& key : record.keys) key = statement.Text(column++);
+std::string OperationSql(const schema::Catalog& catalog, TableId table, sql::Operation operation) {
+  return sql::OperationSql(kDialect, catalog.tables[table], operation);
 }
 
 std::int64_t ReadNumber(Statement& statement) {
@@ -103,7 +30,7 @@ std::int64_t ReadNumber(Statement& statement) {
 SqliteRecordStore::OpenFile::OpenFile(std::unique_ptr<Connection> file,
                                       const schema::Catalog& catalog)
     : connection(std::move(file)),
-      statements(*connection, catalog),
+      statements(*connection, catalog, kDialect, OperationSql),
       begin(*connection, "BEGIN IMMEDIATE"),
       read_last_number(*connection, "SELECT last_number FROM pactora_database"),
       write_last_number(*connection, "UPDATE pactora_database SET last_number = ?1"),
@@ -123,7 +50,7 @@ SqliteRecordStore::SqliteRecordStore(std::unique_ptr<Connection> connection,
 bool SqliteRecordStore::Find(Statement& statement, TableId table, Record& record) {
   const ResetAtEnd reset(statement);
   if (!statement.Step()) return false;
-  ReadRow(statement, catalog_.tables[table], record);
+  sql::ReadRow(statement, catalog_.tables[table], record);
   return true;
 }
 
@@ -141,7 +68,7 @@ bool SqliteRecordStore::FindOnce(TableId table, UnitReads::Lookup lookup, Record
 
 bool SqliteRecordStore::Read(TableId table, Oid oid, Record& record) {
   return FindOnce(table, {Lookup::Kind::ByOid, oid}, record, [&](Record& row) {
-    Statement& statement = File().statements.Get(table, Operation::Read);
+    Statement& statement = File().statements.Get(table, sql::Operation::Read);
     statement.Bind(1, oid);
     return Find(statement, table, row);
   });
@@ -150,7 +77,7 @@ bool SqliteRecordStore::Read(TableId table, Oid oid, Record& record) {
 bool SqliteRecordStore::NextInParent(TableId table, Oid parent, std::int64_t after,
                                      Record& record) {
   return FindOnce(table, {Lookup::Kind::InParent, parent, after}, record, [&](Record& row) {
-    Statement& statement = File().statements.Get(table, Operation::NextInParent);
+    Statement& statement = File().statements.Get(table, sql::Operation::NextInParent);
     int parameter = 1;
     if (catalog_.tables[table].parent) statement.Bind(parameter++, parent);
     statement.Bind(parameter, after);
@@ -177,13 +104,13 @@ bool SqliteRecordStore::NextByKey(TableId table, IndexId index, std::string_view
 }
 
 std::int64_t SqliteRecordStore::CountInParent(TableId table, Oid parent) {
-  Statement& statement = File().statements.Get(table, Operation::CountInParent);
+  Statement& statement = File().statements.Get(table, sql::Operation::CountInParent);
   if (catalog_.tables[table].parent) statement.Bind(1, parent);
   return ReadNumber(statement);
 }
 
 std::int64_t SqliteRecordStore::Count(TableId table) {
-  return ReadNumber(File().statements.Get(table, Operation::Count));
+  return ReadNumber(File().statements.Get(table, sql::Operation::Count));
 }
 
 bool SqliteRecordStore::HasWritten(int code) {
@@ -211,12 +138,12 @@ void SqliteRecordStore::Insert(TableId table, Record& record) {
   std::int64_t order = record.order;
   if (order == 0) order = record.oid == 0 ? oid : ++number;
 
-  Statement& statement = File().statements.Get(table, Operation::Insert);
-  statement.Bind(kOidParameter, oid);
-  statement.Bind(kVersionParameter, std::int64_t{1});
-  statement.Bind(kOrderParameter, order);
-  if (catalog_.tables[table].parent) statement.Bind(kParentParameter, record.parent);
-  BindContent(statement, catalog_.tables[table], record);
+  Statement& statement = File().statements.Get(table, sql::Operation::Insert);
+  statement.Bind(sql::kOidParameter, oid);
+  statement.Bind(sql::kVersionParameter, std::int64_t{1});
+  statement.Bind(sql::kOrderParameter, order);
+  if (catalog_.tables[table].parent) statement.Bind(sql::kParentParameter, record.parent);
+  sql::BindContent(statement, catalog_.tables[table], record);
   HasWritten(statement.Run());
   last_number_ = number;
   record.oid = oid;
@@ -224,11 +151,11 @@ void SqliteRecordStore::Insert(TableId table, Record& record) {
   record.version = 1;
 }
 
-bool SqliteRecordStore::UpdateWith(Operation operation, TableId table, const Record& record) {
+bool SqliteRecordStore::UpdateWith(sql::Operation operation, TableId table, const Record& record) {
   Statement& statement = File().statements.Get(table, operation);
-  statement.Bind(kOidParameter, record.oid);
-  statement.Bind(kVersionParameter, record.version);
-  BindContent(statement, catalog_.tables[table], record);
+  statement.Bind(sql::kOidParameter, record.oid);
+  statement.Bind(sql::kVersionParameter, record.version);
+  sql::BindContent(statement, catalog_.tables[table], record);
   return HasWritten(statement.Run());
 }
 
@@ -236,8 +163,8 @@ bool SqliteRecordStore::Update(TableId table, Record& record) {
   EnterUnitToWrite(table);
   const schema::Table& description = catalog_.tables[table];
   const bool has_keys = !description.indexes.empty() || !description.unique_fields.empty();
-  if (!(has_keys && UpdateWith(Operation::UpdateKeepingKeys, table, record)) &&
-      !UpdateWith(Operation::Update, table, record)) {
+  if (!(has_keys && UpdateWith(sql::Operation::UpdateKeepingKeys, table, record)) &&
+      !UpdateWith(sql::Operation::Update, table, record)) {
     return false;
   }
   ++record.version;
@@ -247,15 +174,15 @@ bool SqliteRecordStore::Update(TableId table, Record& record) {
 void SqliteRecordStore::UpdateKeys(TableId table, Oid oid, const std::vector<std::string>& keys) {
   EnterUnitToWrite(table);
   if (keys.empty()) return;
-  Statement& statement = File().statements.Get(table, Operation::UpdateKeys);
+  Statement& statement = File().statements.Get(table, sql::Operation::UpdateKeys);
   statement.Bind(1, oid);
-  BindKeys(statement, 2, keys);
+  sql::BindKeys(statement, 2, keys);
   HasWritten(statement.Run());
 }
 
 bool SqliteRecordStore::Erase(TableId table, Oid oid, std::int64_t version) {
   EnterUnitToWrite(table);
-  Statement& statement = File().statements.Get(table, Operation::Erase);
+  Statement& statement = File().statements.Get(table, sql::Operation::Erase);
   statement.Bind(1, oid);
   statement.Bind(2, version);
   const int code = statement.Run();

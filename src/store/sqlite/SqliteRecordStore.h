@@ -9,8 +9,9 @@
 #include "store/RecordStore.h"
 #include "store/UnitReads.h"
 #include "store/errors.h"
+#include "store/sql/Statements.h"
 #include "store/sqlite/Connection.h"
-#include "store/sqlite/statements.h"
+#include "store/sqlite/Statement.h"
 
 namespace pactora::store::sqlite {
 
@@ -62,7 +63,7 @@ class SqliteRecordStore final : public RecordStore {
   template <typename Reader>
   bool FindOnce(TableId table, UnitReads::Lookup lookup, Record& record, const Reader& read);
   [[noreturn]] void RaiseAstray(TableId table) const;
-  bool UpdateWith(Operation operation, TableId table, const Record& record);
+  bool UpdateWith(sql::Operation operation, TableId table, const Record& record);
   // Whether the statement that ran last wrote a row. Raises the error of code.
   bool HasWritten(int code);
 
@@ -72,7 +73,7 @@ class SqliteRecordStore final : public RecordStore {
 
     // The statements go before the connection that they belong to.
     std::unique_ptr<Connection> connection;
-    Statements statements;
+    sql::Statements<Statement> statements;
     Statement begin;
     Statement read_last_number;
     Statement write_last_number;

@@ -24,6 +24,7 @@ class StoredValue {
     const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value_));
     return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value_))};
   }
+  std::string_view Key() const { return Text(); }
 
  private:
   sqlite3_value* value_;
@@ -40,9 +41,11 @@ class Statement {
   void Bind(int parameter, std::int64_t number) {
     sqlite3_bind_int64(statement_, parameter, number);
   }
+  void Bind(int parameter, bool flag) { Bind(parameter, std::int64_t{flag}); }
   void Bind(int parameter, double number);
   // The text is not copied: it must stay as it is until the last Step.
   void Bind(int parameter, std::string_view text);
+  void BindKey(int parameter, std::string_view key) { Bind(parameter, key); }
 
   // Runs up to the next row. Returns false when there is none; the statement is
   // reset then and holds no lock. Raises the store's error.

@@ -1,6 +1,7 @@
 // The examination of a whole database file.
 #include "platform/Text.h"
 #include "store/errors.h"
+#include "store/sql/row_statements.h"
 #include "store/sqlite/SqliteRecordStore.h"
 #include "store/sqlite/SqliteStore.h"
 #include "store/sqlite/Statement.h"
@@ -10,8 +11,8 @@
 namespace pactora::store {
 namespace {
 
+using sql::Quoted;
 using sqlite::Connection;
-using sqlite::Quoted;
 using sqlite::Statement;
 
 constexpr const char* kWrongType = "der Wert passt nicht zum Typ des Feldes";

@@ -5,10 +5,14 @@
 #include <utility>
 
 #include "store/errors.h"
+#include "store/sql/row_statements.h"
 #include "store/sqlite/Statement.h"
 
 namespace pactora::store::sqlite {
 namespace {
+
+using sql::KeyColumn;
+using sql::Quoted;
 
 // The tables beside those of the catalogue: one row about the database as a whole, and
 // what store/Profile.h describes.
@@ -126,17 +130,6 @@ std::string Named(std::string_view type, std::string_view name) {
 }
 
 }  // namespace
-
-std::string Quoted(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char letter : name) {
-    if (letter == '"') quoted += '"';
-    quoted += letter;
-  }
-  return quoted + "\"";
-}
-
-std::string KeyColumn(const schema::Index& index) { return Quoted("key_" + index.name); }
 
 std::string_view ColumnType(schema::FieldType type) {
   switch (type) {

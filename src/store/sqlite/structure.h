@@ -20,10 +20,6 @@ namespace pactora::store::sqlite {
 // Marks a SQLite file as a database of this program: "PCTA".
 inline constexpr std::int32_t kApplicationId = 0x50435441;
 
-// The name in double quotes, as SQL takes any name.
-std::string Quoted(std::string_view name);
-// The column that holds the keys of an index, in quotes.
-std::string KeyColumn(const schema::Index& index);
 // The type of a field's column.
 std::string_view ColumnType(schema::FieldType type);
 
