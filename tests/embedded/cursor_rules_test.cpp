@@ -13,8 +13,14 @@ namespace field = schema::field;
 namespace table = schema::table;
 using support::ErrorNumberOf;
 
-class CursorRules : public testing::TestWithParam<support::StoreKind> {
+class CursorRules : public support::StoreTest {
  protected:
+  void SetUp() override {
+    StoreTest::SetUp();
+    if (!IsSkipped())
+      host_ = std::make_unique<Host>(GetParam().create(schema::ContractCatalog(true), {}));
+  }
+
   std::shared_ptr<host::HostTable> Get(std::string_view name) { return host_->Table(name); }
 
   void NewRow(std::string_view name) { Get(name)->GotoRec(Get(name)->NewRecordOid(0)); }
@@ -26,8 +32,7 @@ class CursorRules : public testing::TestWithParam<support::StoreKind> {
     Get(name)->StoreNew(256);
   }
 
-  std::unique_ptr<Host> host_ =
-      std::make_unique<Host>(GetParam().create(schema::ContractCatalog(true), {}));
+  std::unique_ptr<Host> host_;
 };
 
 TEST_P(CursorRules, EachRefusalHasItsNumber) {

@@ -403,7 +403,7 @@ class Walk {
   std::set<Text> seen_;
 };
 
-class RandomWalk : public testing::TestWithParam<support::StoreKind> {};
+class RandomWalk : public support::StoreTest {};
 
 TEST_P(RandomWalk, AgreesWithThePlainModelAtEveryStep) {
   for (unsigned seed = 1; seed <= 12; ++seed) {

@@ -1,4 +1,4 @@
-// Two hosts over one database file, as two users have it open.
+// Two hosts over one database, as two users have it open.
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,8 @@
 #include "embedded/Host.h"
 #include "schema/names.h"
 #include "store/errors.h"
-#include "store/sqlite/SqliteStore.h"
-#include "support/TemporaryFolder.h"
 #include "support/error_of.h"
+#include "support/store_kinds.h"
 
 namespace pactora::embedded {
 namespace {
@@ -18,15 +17,17 @@ namespace field = schema::field;
 namespace table = schema::table;
 using support::ErrorNumberOf;
 
-class TwoUsers : public testing::Test {
+class TwoUsers : public support::StoreTest {
  protected:
-  static std::unique_ptr<store::RecordStore> NewStore(const std::string& path) {
-    return store::CreateSqlite(path, schema::ContractCatalog(true), {});
+  void SetUp() override {
+    StoreTest::SetUp();
+    if (IsSkipped()) return;
+    name_ = GetParam().new_name();
+    anna_ = std::make_unique<Host>(GetParam().create_at(name_, schema::ContractCatalog(true), {}));
+    jan_ = Open();
   }
   std::unique_ptr<Host> Open() {
-    store::OpenOptions options;
-    options.lock_timeout = std::chrono::milliseconds(0);
-    return std::make_unique<Host>(store::OpenSqlite(path_, options));
+    return std::make_unique<Host>(GetParam().open(name_, std::chrono::milliseconds(0)));
   }
 
   static void Add(Host& host, std::string_view name, std::string_view key, const char* value) {
@@ -36,13 +37,12 @@ class TwoUsers : public testing::Test {
     rows->StoreNew(256);
   }
 
-  support::TemporaryFolder folder_;
-  const std::string path_ = folder_.File("firma.db");
-  std::unique_ptr<Host> anna_ = std::make_unique<Host>(NewStore(path_));
-  std::unique_ptr<Host> jan_ = Open();
+  std::string name_;
+  std::unique_ptr<Host> anna_;
+  std::unique_ptr<Host> jan_;
 };
 
-TEST_F(TwoUsers, ARowThatAnotherUserChangedIsNotOverwritten) {
+TEST_P(TwoUsers, ARowThatAnotherUserChangedIsNotOverwritten) {
   const auto hers = anna_->Table(table::Adressen);
   const auto his = jan_->Table(table::Adressen);
   const auto rename = [](host::HostTable& addresses, const char* name) {
@@ -73,7 +73,7 @@ TEST_F(TwoUsers, ARowThatAnotherUserChangedIsNotOverwritten) {
   EXPECT_EQ(rename(*hers, "zu spät"), Number(HostError::RowChanged));
 }
 
-TEST_F(TwoUsers, ACounterIsLockedFromTheSeekToTheEndOfTheUnit) {
+TEST_P(TwoUsers, ACounterIsLockedFromTheSeekToTheEndOfTheUnit) {
   Add(*anna_, table::KELM_Mandanten, field::TessarinName, "FIRMA");
   Add(*anna_, table::KELM_Nummern, field::Nummer, "00000005");
   anna_->EndUnit();
@@ -88,7 +88,7 @@ TEST_F(TwoUsers, ACounterIsLockedFromTheSeekToTheEndOfTheUnit) {
   EXPECT_EQ(seek(*jan_), 0);
 }
 
-TEST_F(TwoUsers, WhatAnotherUserSetIsSeen) {
+TEST_P(TwoUsers, WhatAnotherUserSetIsSeen) {
   host::HostPersistVars& hers = anna_->App()->CurrentDb()->Formulas().PersistVars();
   host::HostPersistVars& his = jan_->App()->CurrentDb()->Formulas().PersistVars();
   EXPECT_FALSE(hers.Exists("neu"));
@@ -100,6 +100,9 @@ TEST_F(TwoUsers, WhatAnotherUserSetIsSeen) {
   jan_->EndUnit();
   EXPECT_EQ(hers.Item("neu")->Value().AsText(), "2");
 }
+
+INSTANTIATE_TEST_SUITE_P(Stores, TwoUsers, testing::ValuesIn(support::SharedStoreKinds()),
+                         support::StoreName);
 
 }  // namespace
 }  // namespace pactora::embedded

@@ -58,13 +58,6 @@ class SqliteFile : public testing::Test {
     return OpenSqlite(path_, {timeout, mode});
   }
 
-  // A new address of that name, committed.
-  static Oid AddAddress(RecordStore& store, const std::string& name) {
-    const Oid oid =
-        InsertedOid(store, schema::table::Adressen, 0, {{schema::field::Name, host::Value(name)}});
-    store.Commit();
-    return oid;
-  }
   static std::int64_t Addresses(RecordStore& store) {
     return store.Count(TableOf(store, schema::table::Adressen));
   }

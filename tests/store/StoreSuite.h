@@ -62,6 +62,14 @@ inline Oid InsertedOid(RecordStore& store, std::string_view table, Oid parent = 
   return record.oid;
 }
 
+// A new address of that name, committed.
+inline Oid AddAddress(RecordStore& store, const std::string& name) {
+  const Oid oid =
+      InsertedOid(store, schema::table::Adressen, 0, {{schema::field::Name, host::Value(name)}});
+  store.Commit();
+  return oid;
+}
+
 // Kind and exact content.
 inline std::string Text(const host::Value& value) {
   constexpr const char* kNumbers[] = {"", "Integer ", "Long ", "Double ", "Date "};
@@ -147,13 +155,9 @@ inline Profile SampleProfile() {
 }
 
 // One case for each kind of store.
-class StoreSuite : public testing::TestWithParam<support::StoreKind> {
+class StoreSuite : public support::StoreTest {
  protected:
   StoreSuite() : store_(GetParam().create(schema::ContractCatalog(true), SampleProfile())) {}
-
-  void SetUp() override {
-    if (store_ == nullptr) GTEST_SKIP() << "no server: tools/postgres run ...";
-  }
 
   // What a walk over the parent's rows or over an index finds, as oids in order.
   std::vector<Oid> Children(std::string_view table, Oid parent) {

@@ -1,7 +1,4 @@
-// Several users of one file, and units that fail.
-#include <future>
-#include <thread>
-
+// Locks of the file, and units that fail.
 #include "store/SqliteFile.h"
 #include "store/sqlite/SqliteRecordStore.h"
 #include "store/sqlite/structure.h"
@@ -21,65 +18,6 @@ class SqliteUsers : public SqliteFile {
   std::unique_ptr<RecordStore> one_;
   std::unique_ptr<RecordStore> two_;
 };
-
-TEST_F(SqliteUsers, ASecondWriterIsRefusedAfterItsTimeLimit) {
-  one_->LockForUpdate();
-  Record record = Row(*two_, table::Adressen);
-  EXPECT_EQ(ErrorNumberOf([&] { two_->LockForUpdate(); }), Number(StoreError::Locked));
-  EXPECT_EQ(ErrorNumberOf([&] { two_->Insert(TableOf(*two_, table::Adressen), record); }),
-            Number(StoreError::Locked));
-  EXPECT_FALSE(two_->InUnit());
-  one_->Rollback();
-  two_->LockForUpdate();
-  EXPECT_TRUE(two_->InUnit());
-}
-
-TEST_F(SqliteUsers, ASecondWriterWaitsAndReadsWhatTheFirstCommitted) {
-  const Oid oid = AddAddress(*one_, "00000001");
-  one_->LockForUpdate();
-  std::promise<void> started;
-  auto second = std::async(std::launch::async, [&] {
-    const auto store = Open(20s);
-    Record record;
-    started.set_value();
-    store->LockForUpdate();
-    store->Read(TableOf(*store, table::Adressen), oid, record);
-    return Cell(*store, table::Adressen, record, field::Name).AsText();
-  });
-  started.get_future().wait();
-  Record record;
-  ASSERT_TRUE(one_->Read(TableOf(*one_, table::Adressen), oid, record));
-  Cell(*one_, table::Adressen, record, field::Name) = "00000002";
-  ASSERT_TRUE(one_->Update(TableOf(*one_, table::Adressen), record));
-  one_->Commit();
-  EXPECT_EQ(second.get(), "00000002");
-}
-
-TEST_F(SqliteUsers, AUnitReadsWhatAnotherUserWroteSinceTheLastOne) {
-  const TableId addresses = TableOf(*one_, table::Adressen);
-  const Oid oid = AddAddress(*one_, "alt");
-  Record record;
-  const auto name_in_unit = [&] {
-    two_->LockForUpdate();
-    two_->Read(addresses, oid, record);
-    two_->Commit();
-    return Cell(*two_, table::Adressen, record, field::Name);
-  };
-  EXPECT_EQ(name_in_unit().AsText(), "alt");
-  Cell(*one_, table::Adressen, record, field::Name) = "neu";
-  ASSERT_TRUE(one_->Update(addresses, record));
-  one_->Commit();
-  EXPECT_EQ(name_in_unit().AsText(), "neu");
-}
-
-TEST_F(SqliteUsers, TheStampTellsThatAnotherUserWrote) {
-  const std::int64_t before = one_->ProfileStamp();
-  two_->WriteSetting({SettingScope::PersistVar, "", "vv_AlarmWochenEnde", "9"});
-  EXPECT_EQ(one_->ProfileStamp(), before);
-  two_->Commit();
-  EXPECT_NE(one_->ProfileStamp(), before);
-  EXPECT_EQ(one_->ReadProfile().settings[0].value.AsText(), "9");
-}
 
 TEST_F(SqliteUsers, ReadingHoldsNoLock) {
   const Oid address = AddAddress(*one_, "Müller");

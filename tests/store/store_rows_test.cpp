@@ -104,7 +104,7 @@ TEST_P(StoreRows, UniqueFieldsAreUniqueUnderTheirParent) {
   EXPECT_EQ(Text(found), Text(record));
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, StoreRows, testing::ValuesIn(support::StoreKindsWithDisk()),
+INSTANTIATE_TEST_SUITE_P(Stores, StoreRows, testing::ValuesIn(support::AllStoreKinds()),
                          support::StoreName);
 
 }  // namespace

@@ -104,7 +104,7 @@ TEST_P(StoreUnit, TheStampStaysWhileNobodyElseWrites) {
   EXPECT_EQ(store_->ProfileStamp(), stamp);
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, StoreUnit, testing::ValuesIn(support::StoreKindsWithDisk()),
+INSTANTIATE_TEST_SUITE_P(Stores, StoreUnit, testing::ValuesIn(support::AllStoreKinds()),
                          support::StoreName);
 
 }  // namespace

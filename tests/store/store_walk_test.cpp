@@ -267,7 +267,7 @@ TEST_P(StoreWalk, AgreesWithAPlainModelAtEveryStep) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, StoreWalk, testing::ValuesIn(support::StoreKindsWithDisk()),
+INSTANTIATE_TEST_SUITE_P(Stores, StoreWalk, testing::ValuesIn(support::AllStoreKinds()),
                          support::StoreName);
 
 }  // namespace

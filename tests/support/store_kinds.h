@@ -2,11 +2,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -26,53 +27,91 @@ namespace pactora::support {
 struct StoreKind {
   std::string name;
   // Null where the store's server is not there.
-  std::function<std::unique_ptr<store::RecordStore>(schema::Catalog, store::Profile)> create;
+  std::function<std::unique_ptr<store::RecordStore>(schema::Catalog, store::Profile)> create = {};
+  // For a store that several users have open: the name of a new one, empty where its server is
+  // not there, and the ways to it.
+  std::function<std::string()> new_name = {};
+  std::function<std::unique_ptr<store::RecordStore>(const std::string& name, schema::Catalog,
+                                                    store::Profile)>
+      create_at = {};
+  std::function<std::unique_ptr<store::RecordStore>(const std::string& name,
+                                                    std::chrono::milliseconds lock_timeout)>
+      open = {};
 
   friend void PrintTo(const StoreKind& kind, std::ostream* out) { *out << kind.name; }
 };
 
-#ifdef PACTORA_HAS_POSTGRESQL
-// The address of a schema of that name on the server that the tests are given, empty where there
-// is none. See tools/postgres.
-inline std::string ServerAddress(const std::string& schema) {
-  const char* const server = std::getenv("PACTORA_POSTGRESQL");
-  return server == nullptr ? "" : std::string(server) + "&schema=" + schema;
-}
+// A suite whose cases run once for each kind; those of a server that is not there are skipped.
+class StoreTest : public testing::TestWithParam<StoreKind> {
+ protected:
+  void SetUp() override {
+    if (GetParam().name == "Postgresql" && std::getenv("PACTORA_POSTGRESQL") == nullptr)
+      GTEST_SKIP() << "no server; see tools/postgres";
+  }
+};
 
-// An empty database on that server; null where there is none.
-inline std::unique_ptr<store::RecordStore> CreateOnServer(const schema::Catalog& catalog,
-                                                          const store::Profile& profile) {
-  const std::string address = ServerAddress("test_" + std::to_string(getpid()));
-  if (address.empty()) return nullptr;
-  store::RemovePostgresql(address);
-  return store::CreatePostgresql(address, catalog, profile);
+#ifdef PACTORA_HAS_POSTGRESQL
+// The address of a new schema on the server that the tests are given, empty where there is none.
+// The schema goes with the server; see tools/postgres.
+inline std::string NewServerAddress() {
+  const char* const server = std::getenv("PACTORA_POSTGRESQL");
+  if (server == nullptr) return {};
+  std::random_device random;
+  return std::string(server) + "&schema=test_" + std::to_string(random()) +
+         std::to_string(random());
 }
 #endif
 
-inline std::vector<StoreKind> StoreKinds() {
-  std::vector<StoreKind> kinds = {{"Memory", store::CreateMemoryStore}};
+// Those that several users can have open.
+inline std::vector<StoreKind> SharedStoreKinds() {
+  std::vector<StoreKind> kinds;
 #ifdef PACTORA_HAS_SQLITE
-  kinds.push_back({"SqliteInMemory", [](schema::Catalog catalog, store::Profile profile) {
-                     return store::CreateSqliteInMemory(catalog, profile);
+  kinds.push_back({.name = "SqliteOnDisk",
+                   .new_name =
+                       [] {
+                         static TemporaryFolder folder;
+                         static int files = 0;
+                         return folder.File(std::to_string(++files) + ".db");
+                       },
+                   .create_at = store::CreateSqlite,
+                   .open =
+                       [](const std::string& name, std::chrono::milliseconds lock_timeout) {
+                         return store::OpenSqlite(name, {.lock_timeout = lock_timeout});
+                       }});
+#endif
+#ifdef PACTORA_HAS_POSTGRESQL
+  kinds.push_back({.name = "Postgresql",
+                   .new_name = NewServerAddress,
+                   .create_at = store::CreatePostgresql,
+                   .open = [](const std::string& name, std::chrono::milliseconds lock_timeout) {
+                     return store::OpenPostgresql(name, store::OpenMode::Write, lock_timeout);
                    }});
 #endif
-#ifdef PACTORA_HAS_POSTGRESQL
-  kinds.push_back({"Postgresql", CreateOnServer});
+  for (StoreKind& kind : kinds) {
+    kind.create = [kind](const schema::Catalog& catalog, const store::Profile& profile) {
+      const std::string name = kind.new_name();
+      return name.empty() ? nullptr : kind.create_at(name, catalog, profile);
+    };
+  }
+  return kinds;
+}
+
+inline std::vector<StoreKind> AllStoreKinds() {
+  std::vector<StoreKind> kinds = SharedStoreKinds();
+  kinds.insert(kinds.begin(), {"Memory", store::CreateMemoryStore});
+#ifdef PACTORA_HAS_SQLITE
+  kinds.insert(kinds.begin(),
+               {"SqliteInMemory", [](const schema::Catalog& catalog, const auto& profile) {
+                  return store::CreateSqliteInMemory(catalog, profile);
+                }});
 #endif
   return kinds;
 }
 
-// With the stores whose commits wait for the disk.
-inline std::vector<StoreKind> StoreKindsWithDisk() {
-  std::vector<StoreKind> kinds = StoreKinds();
-#ifdef PACTORA_HAS_SQLITE
-  kinds.push_back({"SqliteOnDisk", [](schema::Catalog catalog, store::Profile profile) {
-                     static TemporaryFolder folder;
-                     static int files = 0;
-                     const std::string name = std::to_string(++files) + ".db";
-                     return store::CreateSqlite(folder.File(name), catalog, profile);
-                   }});
-#endif
+// Without files: their store is that of SQLite in memory, but for the time that commits take.
+inline std::vector<StoreKind> StoreKinds() {
+  std::vector<StoreKind> kinds = AllStoreKinds();
+  std::erase_if(kinds, [](const StoreKind& kind) { return kind.name == "SqliteOnDisk"; });
   return kinds;
 }
 

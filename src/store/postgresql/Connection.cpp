@@ -57,7 +57,8 @@ class LostConnection : public platform::Error {
  public:
   explicit LostConnection(const std::string& why)
       : Error(store::Number(StoreError::NotReachable),
-              store::Text(StoreError::NotReachable) + " (die Verbindung ist unterbrochen: " + why + ")",
+              store::Text(StoreError::NotReachable) + " (die Verbindung ist unterbrochen: " + why +
+                  ")",
               kErrorSource) {}
 };
 
@@ -227,7 +228,8 @@ Result Connection::Execute(const std::string& sql, const Parameters& parameters)
     auto known = prepared_.find(sql);
     if (known == prepared_.end()) {
       const std::string name = "s" + std::to_string(prepared_.size() + 1);
-      if (PQsendPrepare(connection_, name.c_str(), sql.c_str(), count, parameters.types.data()) == 0)
+      if (PQsendPrepare(connection_, name.c_str(), sql.c_str(), count, parameters.types.data()) ==
+          0)
         return 0;
       const Result prepared = Await();
       if (PQresultStatus(prepared.get()) != PGRES_COMMAND_OK) Fail(prepared.get());

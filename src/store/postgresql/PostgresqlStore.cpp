@@ -8,7 +8,6 @@
 #include "store/postgresql/PostgresqlRecordStore.h"
 #include "store/postgresql/profile.h"
 #include "store/postgresql/structure.h"
-#include "store/sql/row_statements.h"
 
 namespace pactora::store {
 
@@ -45,11 +44,6 @@ std::unique_ptr<RecordStore> OpenPostgresql(const std::string& address, OpenMode
   if (mode == OpenMode::Read || has_additions) connection->RefuseWriting();
   return std::make_unique<PostgresqlRecordStore>(std::move(connection),
                                                  std::move(structure.catalog));
-}
-
-void RemovePostgresql(const std::string& address) {
-  Connection connection(ParseAddress(address), kServerLockTimeout);
-  connection.Run("DROP SCHEMA IF EXISTS " + sql::Quoted(connection.Schema()) + " CASCADE");
 }
 
 }  // namespace pactora::store

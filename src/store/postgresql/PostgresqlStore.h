@@ -36,7 +36,4 @@ std::unique_ptr<RecordStore> OpenPostgresql(
     const std::string& address, OpenMode mode = OpenMode::Write,
     std::chrono::milliseconds lock_timeout = kServerLockTimeout);
 
-// Removes the schema with all that it holds, where it is there.
-void RemovePostgresql(const std::string& address);
-
 }  // namespace pactora::store

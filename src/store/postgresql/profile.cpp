@@ -21,8 +21,8 @@ static void BindValue(Statement& statement, int parameter, const Value& value) {
     case Kind::Double:
     case Kind::Date: {
       std::array<char, 32> digits{};
-      const double number =
-          value.GetKind() == Kind::Boolean ? (value.AsBoolean() ? 1.0 : 0.0) : host::ToDouble(value);
+      const double number = value.GetKind() == Kind::Boolean ? (value.AsBoolean() ? 1.0 : 0.0)
+                                                             : host::ToDouble(value);
       const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
       return statement.BindCopy(parameter, {digits.data(), end});
     }

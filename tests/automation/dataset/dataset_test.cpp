@@ -67,7 +67,7 @@ constexpr const char* kEverything = R"({
       {"@oid": "1", "Name": ""}],
     "vv_Vertragsdefinitionen": [{"@oid": "1", "ID": "T1", "NettoSumme": 100000000.25}]}})";
 
-class DatasetOverStores : public testing::TestWithParam<StoreKind> {};
+class DatasetOverStores : public support::StoreTest {};
 
 INSTANTIATE_TEST_SUITE_P(Stores, DatasetOverStores, testing::ValuesIn(support::StoreKinds()),
                          support::StoreName);
