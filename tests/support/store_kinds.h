@@ -82,10 +82,17 @@ inline std::vector<StoreKind> SharedStoreKinds() {
 #ifdef PACTORA_HAS_POSTGRESQL
   kinds.push_back({.name = "Postgresql",
                    .new_name = NewServerAddress,
-                   .create_at = store::CreatePostgresql,
-                   .open = [](const std::string& name, std::chrono::milliseconds lock_timeout) {
-                     return store::OpenPostgresql(name, store::OpenMode::Write, lock_timeout);
-                   }});
+                   .create_at =
+                       [](const std::string& name, const schema::Catalog& catalog,
+                          const store::Profile& profile) {
+                         auto store = store::CreatePostgresql(name, catalog, profile);
+                         store->Commit();
+                         return store;
+                       },
+                   .open =
+                       [](const std::string& name, std::chrono::milliseconds lock_timeout) {
+                         return store::OpenPostgresql(name, store::OpenMode::Write, lock_timeout);
+                       }});
 #endif
   for (StoreKind& kind : kinds) {
     kind.create = [kind](const schema::Catalog& catalog, const store::Profile& profile) {

@@ -50,7 +50,7 @@ void InitDatabase(const std::string& database, Content content, workspace::Acces
                             access, [](store::RecordStore&) {});
     return;
   }
-  if (workspace::DatabaseExists(database)) formats::RaiseTaken(database);
+  if (workspace::DatabaseExists(database)) workspace::RaiseTaken(database);
   ImportDatabase(database, formats::MemorySource("Beispieldaten", std::string(SampleDataset())),
                  access, progress);
 }

@@ -18,8 +18,13 @@
 #include "store/errors.h"
 #include "store/memory/MemoryStore.h"
 #ifdef PACTORA_HAS_SQLITE
-#include "store/sql/waiting.h"
 #include "store/sqlite/SqliteStore.h"
+#endif
+#ifdef PACTORA_HAS_POSTGRESQL
+#include "store/postgresql/PostgresqlStore.h"
+#endif
+#if defined(PACTORA_HAS_SQLITE) || defined(PACTORA_HAS_POSTGRESQL)
+#include "store/sql/waiting.h"
 #endif
 
 namespace pactora::workspace {
@@ -28,27 +33,27 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool IsServer(const std::string& name) {
-  return name.starts_with("postgresql://") || name.starts_with("postgres://");
-}
-
 // Raises for the kinds of database that this build does not have.
 void RequireAvailable(const std::string& name) {
+#ifndef PACTORA_HAS_POSTGRESQL
   if (IsServer(name))
     formats::Raise(formats::DoorError::NotAvailable,
-                   "PostgreSQL-Datenbanken kann dieses Programm nicht öffnen");
+                   "dieses Programm wurde ohne PostgreSQL gebaut und öffnet keine Server");
+#endif
 #ifndef PACTORA_HAS_SQLITE
-  if (name != kMemoryName)
+  if (name != kMemoryName && !IsServer(name))
     formats::Raise(formats::DoorError::NotAvailable,
                    "dieses Programm wurde ohne SQLite gebaut und öffnet keine Dateien");
 #endif
+  static_cast<void>(name);
 }
 
 std::function<void(const std::string&)> report_migration;
 
 // Raises as for a database that is not there.
 void RequireFolder(const std::string& name) {
-  if (name == kMemoryName || fs::is_directory(fs::absolute(name).parent_path())) return;
+  if (name == kMemoryName || IsServer(name) || fs::is_directory(fs::absolute(name).parent_path()))
+    return;
   Naming(name, [] { store::Raise(store::StoreError::NotReachable, "den Ordner gibt es nicht"); });
 }
 
@@ -59,7 +64,6 @@ auto FindId(const store::Profile& profile) {
   });
 }
 
-#ifdef PACTORA_HAS_SQLITE
 void GiveId(store::RecordStore& store) {
   const auto has_one = [&] {
     const store::Profile profile = store.ReadProfile();
@@ -76,7 +80,6 @@ void GiveId(store::RecordStore& store) {
   }
   store.Commit();
 }
-#endif
 
 #ifdef PACTORA_HAS_SQLITE
 void RequireFile(const std::string& name) {
@@ -85,7 +88,43 @@ void RequireFile(const std::string& name) {
 }
 #endif
 
+std::unique_ptr<store::RecordStore> OpenByKind(const std::string& name, Access access) {
+#ifdef PACTORA_HAS_POSTGRESQL
+  if (IsServer(name)) return store::OpenPostgresql(name, access);
+#endif
+#ifdef PACTORA_HAS_SQLITE
+  if (name != kMemoryName) {
+    store::OpenOptions options;
+    options.mode = access;
+    options.on_migrated = [&] {
+      if (report_migration)
+        report_migration(name +
+                         ": die Datenbank hat jetzt die Struktur dieser Version; frühere Versionen "
+                         "des Programms können sie nicht mehr öffnen");
+    };
+    RequireFile(name);
+    return store::OpenSqlite(name, options);
+  }
+#endif
+  static_cast<void>(access);
+  return store::CreateMemoryStore(schema::ContractCatalog(true),
+                                  DefaultProfile(DefaultDatabaseName(name)));
+}
+
+// The address without the password that it must not have.
+std::string Shown(const std::string& name) {
+  const std::size_t at = name.find('@');
+  const std::size_t colon = name.find(':', std::string_view("postgresql://").size());
+  if (!IsServer(name) || at == std::string::npos || colon > at) return name;
+  return name.substr(0, colon) + ":…" + name.substr(at);
+}
+
 }  // namespace
+
+bool IsServer(const std::string& name) {
+  return name.starts_with("postgresql://") || name.starts_with("postgres://") ||
+         name.starts_with("service=");
+}
 
 void ReportMigrationTo(std::function<void(const std::string& message)> report) {
   report_migration = std::move(report);
@@ -112,38 +151,31 @@ std::string IdOf(const store::Profile& profile) {
 
 bool DatabaseExists(const std::string& name) {
   RequireAvailable(name);
+#ifdef PACTORA_HAS_POSTGRESQL
+  if (IsServer(name)) return Naming(name, [&] { return store::PostgresqlExists(name); });
+#endif
   std::error_code ignored;
   return name != kMemoryName && fs::exists(name, ignored);
 }
 
+void RaiseTaken(const std::string& name) {
+  if (!IsServer(name)) formats::RaiseTaken(name);
+  formats::Raise(formats::DoorError::BadInput, name + ": das Schema ist nicht leer");
+}
+
 std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access access) {
   RequireAvailable(name);
-#ifdef PACTORA_HAS_SQLITE
-  if (name != kMemoryName) {
-    store::OpenOptions options;
-    options.mode = access;
-    options.on_migrated = [&] {
-      if (report_migration)
-        report_migration(name +
-                         ": die Datenbank hat jetzt die Struktur dieser Version; frühere Versionen "
-                         "des Programms können sie nicht mehr öffnen");
-    };
-    return Naming(name, [&] {
-      RequireFile(name);
-      auto store = store::OpenSqlite(name, options);
-      if ((access == Access::Write || access == Access::Any) && !store->IsReadOnly())
-        GiveId(*store);
-      return store;
-    });
-  }
-#endif
-  static_cast<void>(access);
-  return store::CreateMemoryStore(schema::ContractCatalog(true),
-                                  DefaultProfile(DefaultDatabaseName(name)));
+  return Naming(name, [&] {
+    auto store = OpenByKind(name, access);
+    if (name != kMemoryName && (access == Access::Write || access == Access::Any) &&
+        !store->IsReadOnly())
+      GiveId(*store);
+    return store;
+  });
 }
 
 void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited)) {
-#ifdef PACTORA_HAS_SQLITE
+#if defined(PACTORA_HAS_SQLITE) || defined(PACTORA_HAS_POSTGRESQL)
   store::sql::GiveUpWaitingWhen(asked);
 #endif
   static_cast<void>(asked);
@@ -151,7 +183,7 @@ void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited)) {
 
 void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,
                   Access access, const std::function<void(store::RecordStore&)>& fill) {
-  if (DatabaseExists(name)) formats::RaiseTaken(name);
+  if (DatabaseExists(name)) RaiseTaken(name);
   if (std::error_code ignored; fs::is_symlink(name, ignored))
     formats::Raise(formats::DoorError::BadInput, name + ": der Verweis führt zu keiner Datei");
   RequireFolder(name);
@@ -160,6 +192,17 @@ void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Pr
     fill(*store::CreateMemoryStore(catalog, profile));
     return;
   }
+#ifdef PACTORA_HAS_POSTGRESQL
+  if (IsServer(name)) {
+    Naming(name, [&] {
+      const auto store = store::CreatePostgresql(name, catalog, profile);
+      fill(*store);
+      store->Commit();
+      GiveId(*store);
+    });
+    return;
+  }
+#endif
 #ifdef PACTORA_HAS_SQLITE
   const formats::ScratchFile scratch(name);
   Naming(name, [&] {
@@ -199,7 +242,7 @@ platform::Error Named(const std::string& database, const platform::Error& error)
   const bool is_named = error.Source() == formats::kErrorSource;
   if (is_named || (error.Source() != store::kErrorSource && !FatalStoreErrorOf(error.Number())))
     return error;
-  return {error.Number(), fmt::format("{}: {}", database, error.Description()),
+  return {error.Number(), fmt::format("{}: {}", Shown(database), error.Description()),
           formats::kErrorSource};
 }
 
@@ -211,6 +254,14 @@ bool IsEmpty(store::RecordStore& store) {
 
 StorageCheck CheckStorage(const std::string& name) {
   RequireAvailable(name);
+#ifdef PACTORA_HAS_POSTGRESQL
+  if (IsServer(name)) {
+    return Naming(name, [&]() -> StorageCheck {
+      store::PostgresqlCheck check = store::CheckPostgresql(name);
+      return {std::move(check.faults), std::move(check.additions), std::move(check.store)};
+    });
+  }
+#endif
 #ifdef PACTORA_HAS_SQLITE
   if (name != kMemoryName) {
     return Naming(name, [&]() -> StorageCheck {

@@ -1,5 +1,5 @@
-// Databases by the name that the command line gives them: a file or ":memory:". A
-// "postgresql://" address is no file name: it is refused.
+// Databases by the name that the command line gives them: a file, ":memory:", or a schema on
+// a server by its address, "postgresql://..." or "service=...".
 #pragma once
 
 #include <chrono>
@@ -35,8 +35,14 @@ store::Profile DefaultProfile(const std::string& name);
 // database that was never written since it has been given one.
 std::string IdOf(const store::Profile& profile);
 
-// Whether a database or another file has that name; false for ":memory:".
+// Whether the name is an address on a server, be there a database or not.
+bool IsServer(const std::string& name);
+
+// Whether a database or another file has that name, or the schema holds anything; false for
+// ":memory:".
 bool DatabaseExists(const std::string& name);
+// Raises DoorError::BadInput because of that.
+[[noreturn]] void RaiseTaken(const std::string& name);
 
 // From now on called with a message for people for each file whose earlier structure has been
 // brought to today's when it was opened.
@@ -52,8 +58,8 @@ void GiveUpWaitingWhen(bool (*asked)(std::chrono::milliseconds waited));
 // and DoorError::NotAvailable for a kind that this build can't open.
 std::unique_ptr<store::RecordStore> OpenDatabase(const std::string& name, Access access);
 
-// Makes a database beside its place, calls fill and then moves it there: a failure
-// leaves nothing behind. A rehearsal makes no file.
+// Makes a database, calls fill, and only then puts it into its place: a failure leaves
+// nothing behind. A rehearsal makes no file and no schema.
 // Raises DoorError::BadInput where the name is taken, also by a link that leads nowhere, and
 // what fill raises.
 void MakeDatabase(const std::string& name, bool workflow_add_on, const store::Profile& profile,

@@ -141,9 +141,10 @@ bool Connection::HasFailed() const {
   return connection_ == nullptr || PQtransactionStatus(connection_) != PQTRANS_INTRANS;
 }
 
-void Connection::RefuseWriting() {
+void Connection::RefuseWriting(std::string why) {
   Run("SET default_transaction_read_only = on");
   refuses_writing_ = true;
+  why_not_written_ = std::move(why);
 }
 
 void Connection::RaiseLost() {
@@ -275,6 +276,7 @@ void Connection::Fail(const PGresult* result) {
   const std::string state = state_field == nullptr ? "" : state_field;
   const StoreError error = ErrorOf(state);
   if (error == StoreError::Locked) RaiseLocked();
+  if (error == StoreError::ReadOnly && refuses_writing_) Raise(error, why_not_written_);
   const char* const message = PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY);
   Raise(error, OneLine(message) + ", PostgreSQL " + state);
 }

@@ -56,8 +56,8 @@ class Connection {
   // Drops the transaction. Never raises; a connection that does not answer is given up.
   void Rollback();
 
-  // Refuses every write from now on, also after the connection was made again.
-  void RefuseWriting();
+  // From now on every write raises StoreError::ReadOnly with that detail.
+  void RefuseWriting(std::string why);
   bool RefusesWriting() const { return refuses_writing_; }
 
  private:
@@ -83,6 +83,7 @@ class Connection {
   std::unordered_map<std::string, std::string> prepared_;  // the name of each statement by its SQL
   bool in_transaction_ = false;
   bool refuses_writing_ = false;
+  std::string why_not_written_;
 };
 
 }  // namespace pactora::store::postgresql

@@ -257,23 +257,24 @@ FROM ours JOIN pg_rewrite ON ev_class = ours.oid WHERE relkind = 'r'
 
 }  // namespace
 
-std::vector<std::string> OwnTables() {
-  std::vector<std::string> names;
-  for (const OwnTable& table : MakeOwnTables()) names.emplace_back(table.name);
-  return names;
+bool HoldsAnything(Connection& connection) {
+  Statement found(connection,
+                  "SELECT EXISTS (SELECT FROM pg_class WHERE relnamespace = "
+                  "(SELECT oid FROM pg_namespace WHERE nspname = $1::text))");
+  found.Bind(1, std::string_view(connection.Schema()));
+  return found.Step() && found.Integer(0) != 0;
 }
 
 void CreateStructure(Connection& connection, const schema::Catalog& catalog) {
   // Two who make it at the same moment take turns.
   connection.Run("SELECT pg_advisory_xact_lock(hashtext('pactora'))");
-  Statement there(connection,
-                  "SELECT EXISTS (SELECT FROM pg_class WHERE relnamespace = pg_namespace.oid) "
-                  "FROM pg_namespace WHERE nspname = $1::text");
-  there.Bind(1, std::string_view(connection.Schema()));
-  if (!there.Step())
-    connection.Run("CREATE SCHEMA " + Quoted(connection.Schema()));
-  else if (there.Integer(0) != 0)
+  if (HoldsAnything(connection)) {
     Raise(StoreError::Failed, "das Schema " + connection.Schema() + " ist nicht leer");
+  }
+  // Making one that is there asks for a right that who made it for us need not have given.
+  Statement there(connection, "SELECT FROM pg_namespace WHERE nspname = $1::text");
+  there.Bind(1, std::string_view(connection.Schema()));
+  if (!there.Step()) connection.Run("CREATE SCHEMA " + Quoted(connection.Schema()));
   connection.Run(Description(catalog).Sql() + "INSERT INTO pactora_database VALUES (1, " +
                  std::to_string(catalog.version) + ", '', '', '', " +
                  (catalog.workflow_add_on ? "true" : "false") + ", 0, 0)");
@@ -292,7 +293,7 @@ Structure ReadStructure(Connection& connection) {
   }
   std::set<std::string> missing = Description(structure.catalog).Parts();
   std::set<std::string> tables;
-  for (const std::string& table : OwnTables()) tables.insert(table);
+  for (const OwnTable& table : MakeOwnTables()) tables.insert(table.name);
   for (const schema::Table& table : structure.catalog.tables) tables.insert(table.name);
   Statement parts(connection, kListParts);
   while (parts.Step()) {

@@ -12,6 +12,9 @@
 
 namespace pactora::store::postgresql {
 
+// Whether the schema is there and holds tables, views or the like.
+bool HoldsAnything(Connection& connection);
+
 // Makes the schema, where it is not there yet, and all tables, indexes and views. Requires: an
 // open transaction. Raises StoreError::Failed where the schema holds something.
 void CreateStructure(Connection& connection, const schema::Catalog& catalog);
@@ -26,8 +29,5 @@ struct Structure {
 // Raises StoreError::NotADatabase where the schema is none of ours, OtherVersion for a structure
 // of another version.
 Structure ReadStructure(Connection& connection);
-
-// The tables that are no tables of the catalogue.
-std::vector<std::string> OwnTables();
 
 }  // namespace pactora::store::postgresql

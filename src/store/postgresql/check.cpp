@@ -1,0 +1,48 @@
+#include "store/postgresql/check.h"
+
+#include "store/postgresql/Statement.h"
+#include "store/sql/row_statements.h"
+
+namespace pactora::store::postgresql {
+namespace {
+
+using sql::Quoted;
+
+// Adds a fault for each row that is found: its Oid, and what is told of it.
+void AddRows(Connection& connection, const std::string& table, const std::string& sql,
+             std::vector<std::string>& faults) {
+  Statement rows(connection, sql);
+  while (rows.Step()) {
+    faults.push_back(table + ", Oid " + std::to_string(rows.Integer(0)) + ": " + rows.Text(1));
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> Examine(Connection& connection, const schema::Catalog& catalog) {
+  std::vector<std::string> faults;
+  for (const schema::Table& table : catalog.tables) {
+    const std::string name = Quoted(table.name);
+    AddRows(connection, table.name,
+            "SELECT oid, 'eine der Zahlen oid, ord und version ist kleiner als 1' FROM " + name +
+                " WHERE least(oid, ord, version) < 1",
+            faults);
+    // The next number given out must be one that no row has.
+    AddRows(connection, table.name,
+            "SELECT oid, 'pactora_database.last_number steht auf ' || last_number || ', die Zeile "
+            "hat schon ' || greatest(oid, ord) FROM " +
+                name + ", pactora_database WHERE greatest(oid, ord) > last_number",
+            faults);
+    if (!table.parent) continue;
+    // The server's triggers keep references, but whoever owns them can switch them off.
+    const std::string parent = catalog.tables[*table.parent].name;
+    AddRows(connection, table.name,
+            "SELECT oid, 'in " + parent + " fehlt der übergeordnete Datensatz' FROM " + name +
+                " WHERE NOT EXISTS (SELECT FROM " + Quoted(parent) +
+                " AS above WHERE above.oid = " + name + ".parent)",
+            faults);
+  }
+  return faults;
+}
+
+}  // namespace pactora::store::postgresql
