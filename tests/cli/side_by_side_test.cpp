@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "cli/Program.h"
+#include "support/store_kinds.h"
 
 namespace pactora::cli {
 namespace {
@@ -24,14 +25,17 @@ constexpr int kEntries = 100;  // of a list and of a file, which two processes e
 // A store that several processes can share.
 struct SharedStore {
   std::string name;
-  std::function<std::string(const support::TemporaryFolder&)> address;
+  std::function<std::string(const support::TemporaryFolder&)> address;  // empty for no server
 
   friend void PrintTo(const SharedStore& store, std::ostream* out) { *out << store.name; }
 };
 
 class SideBySide : public testing::TestWithParam<SharedStore> {
  protected:
-  SideBySide() { EXPECT_EQ(Pactora(folder_, {"init", "--sample", db_}).status, 0); }
+  void SetUp() override {
+    if (db_.empty()) GTEST_SKIP() << "no server; see tools/postgres";
+    Expect(0, {"init", "--sample", db_});
+  }
 
   void Start(const std::vector<std::string>& arguments, const std::string& input) {
     children_.push_back(std::make_unique<Child>(folder_, arguments, input));
@@ -119,9 +123,14 @@ TEST_P(SideBySide, EverythingIsStoredOnceAndEverybodyGetsATurn) {
   EXPECT_GT(sum, kPeople * kSaves / 8) << "they were not at work at the same time";
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, SideBySide,
-                         testing::Values(SharedStore{
-                             "Sqlite", [](const auto& folder) { return folder.File("firma.db"); }}),
+const SharedStore kSharedStores[] = {
+    {"Sqlite", [](const auto& folder) { return folder.File("firma.db"); }},
+#ifdef PACTORA_HAS_POSTGRESQL
+    {"Postgresql", [](const auto&) { return support::NewServerAddress(); }},
+#endif
+};
+
+INSTANTIATE_TEST_SUITE_P(Stores, SideBySide, testing::ValuesIn(kSharedStores),
                          [](const auto& test) { return test.param.name; });
 
 }  // namespace

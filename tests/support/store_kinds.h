@@ -104,14 +104,13 @@ inline std::vector<StoreKind> SharedStoreKinds() {
 }
 
 inline std::vector<StoreKind> AllStoreKinds() {
-  std::vector<StoreKind> kinds = SharedStoreKinds();
-  kinds.insert(kinds.begin(), {"Memory", store::CreateMemoryStore});
+  std::vector<StoreKind> kinds = {{"Memory", store::CreateMemoryStore}};
 #ifdef PACTORA_HAS_SQLITE
-  kinds.insert(kinds.begin(),
-               {"SqliteInMemory", [](const schema::Catalog& catalog, const auto& profile) {
-                  return store::CreateSqliteInMemory(catalog, profile);
-                }});
+  kinds.push_back({"SqliteInMemory", [](const schema::Catalog& catalog, const auto& profile) {
+                     return store::CreateSqliteInMemory(catalog, profile);
+                   }});
 #endif
+  for (StoreKind& kind : SharedStoreKinds()) kinds.push_back(std::move(kind));
   return kinds;
 }
 

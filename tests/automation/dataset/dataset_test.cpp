@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "automation/dataset/ContractMaker.h"
+#include "automation/dataset/contract_file.h"
 #include "automation/dataset/dataset_export.h"
 #include "automation/dataset/dataset_import.h"
 #include "automation/dataset/dataset_profile.h"
@@ -14,7 +16,9 @@
 #include "automation/formats/errors.h"
 #include "automation/formats/json.h"
 #include "automation/workspace/database.h"
+#include "platform/Clock.h"
 #include "schema/Catalog.h"
+#include "support/company_text.h"
 #include "support/error_of.h"
 #include "support/store_kinds.h"
 
@@ -106,6 +110,24 @@ TEST_P(DatasetOverStores, AFileMayHaveItsKeysInAnyOrder) {
       store->Catalog().tables[attributes].FindIndex("MerkmalgruppeIDMerkmal").value();
   EXPECT_TRUE(store->NextByKey(attributes, index, "G1KUNDENART", 0, found));
   EXPECT_EQ(found.keys[index], "G1KUNDENART");
+}
+
+TEST_P(DatasetOverStores, TheSameContractsLeaveTheSameRowsOidsIncluded) {
+  const auto dump = [](const StoreKind& kind) {
+    const platform::FixedClock clock(platform::FromCivil(2024, 3, 15));
+    ContractMaker maker(Import(kind, support::kCompany), clock);
+    const std::string text = std::string(R"({"address": "1", )") + support::kRecord + "}";
+    ForEachContract(formats::MemorySource("v.json", text), [&](const ContractOrder& order) {
+      maker.Make(order);
+      maker.Host().SetSavepoint();
+      maker.Make(order);
+      maker.Host().DropToSavepoint();
+      EXPECT_EQ(maker.Make(order).number, "00000002");
+    });
+    maker.Host().EndUnit();
+    return Export(maker.Store());
+  };
+  EXPECT_EQ(dump(GetParam()), dump(support::StoreKinds().front()));
 }
 
 TEST_P(DatasetOverStores, AnIdThatIsGivenOutNeverMeetsOneOfTheFile) {
