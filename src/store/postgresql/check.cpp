@@ -22,25 +22,23 @@ void AddRows(Connection& connection, const std::string& table, const std::string
 std::vector<std::string> Examine(Connection& connection, const schema::Catalog& catalog) {
   std::vector<std::string> faults;
   for (const schema::Table& table : catalog.tables) {
-    const std::string name = Quoted(table.name);
-    AddRows(connection, table.name,
-            "SELECT oid, 'eine der Zahlen oid, ord und version ist kleiner als 1' FROM " + name +
-                " WHERE least(oid, ord, version) < 1",
-            faults);
+    const auto add = [&](const std::string& what, const std::string& rest) {
+      std::string sql = "SELECT oid, " + what;
+      sql.append(" FROM ").append(Quoted(table.name)).append(" AS checked").append(rest);
+      AddRows(connection, table.name, sql, faults);
+    };
+    add("'eine der Zahlen oid, ord und version ist kleiner als 1'",
+        " WHERE least(oid, ord, checked.version) < 1");
     // The next number given out must be one that no row has.
-    AddRows(connection, table.name,
-            "SELECT oid, 'pactora_database.last_number steht auf ' || last_number || ', die Zeile "
-            "hat schon ' || greatest(oid, ord) FROM " +
-                name + ", pactora_database WHERE greatest(oid, ord) > last_number",
-            faults);
+    add("'pactora_database.last_number steht auf ' || last_number || ', die Zeile hat schon ' || "
+        "greatest(oid, ord)",
+        ", pactora_database WHERE greatest(oid, ord) > last_number");
     if (!table.parent) continue;
     // The server's triggers keep references, but whoever owns them can switch them off.
-    const std::string parent = catalog.tables[*table.parent].name;
-    AddRows(connection, table.name,
-            "SELECT oid, 'in " + parent + " fehlt der übergeordnete Datensatz' FROM " + name +
-                " WHERE NOT EXISTS (SELECT FROM " + Quoted(parent) +
-                " AS above WHERE above.oid = " + name + ".parent)",
-            faults);
+    const std::string& parent = catalog.tables[*table.parent].name;
+    add("'in " + parent + " fehlt der übergeordnete Datensatz'",
+        " WHERE NOT EXISTS (SELECT FROM " + Quoted(parent) +
+            " AS above WHERE above.oid = checked.parent)");
   }
   return faults;
 }

@@ -297,12 +297,12 @@ Structure ReadStructure(Connection& connection) {
   for (const schema::Table& table : structure.catalog.tables) tables.insert(table.name);
   Statement parts(connection, kListParts);
   while (parts.Step()) {
-    const std::string part = parts.Text(2);
+    std::string part = parts.Text(2);
     if (missing.erase(part) != 0 || parts.Integer(0) == 0) continue;
     const std::string table = parts.Text(1);
     if (tables.contains(table)) {
-      structure.additions.push_back(part + " an der Tabelle „" + table +
-                                    "“ stammt nicht von diesem Programm");
+      part.append(" an der Tabelle „").append(table).append("“ stammt nicht von diesem Programm");
+      structure.additions.push_back(std::move(part));
     }
   }
   for (const std::string& part : missing) {
