@@ -71,17 +71,17 @@ std::int32_t LengthOf(const Tracks& tracks, Span span, std::int32_t spacing) {
 }
 
 // Divides room among the tracks of a span: by their shares, else among those that grow,
-// else to the last one.
-void Widen(Tracks& tracks, Span span, std::int32_t room) {
+// else among all. Empty tracks take a share only where they may.
+void Widen(Tracks& tracks, Span span, std::int32_t room, bool also_empty = false) {
   std::vector<Track*> takers;
   const auto take = [&](auto&& may) {
     if (!takers.empty()) return;
     for (std::size_t i = span.first; i < span.first + span.count; ++i)
-      if (tracks[i].is_used && may(tracks[i])) takers.push_back(&tracks[i]);
+      if (may(tracks[i])) takers.push_back(&tracks[i]);
   };
-  take([](const Track& track) { return track.stretch > 0; });
-  take([](const Track& track) { return track.grows; });
-  if (takers.empty()) take([](const Track&) { return true; });
+  take([&](const Track& track) { return track.stretch > 0 && (track.is_used || also_empty); });
+  take([](const Track& track) { return track.is_used && track.grows; });
+  take([](const Track& track) { return track.is_used; });
   if (takers.empty() || room <= 0) return;
   const auto weight = [](const Track* track) { return std::max(1, track->stretch); };
   std::int32_t weights = 0;
@@ -95,8 +95,8 @@ void Widen(Tracks& tracks, Span span, std::int32_t room) {
 }
 
 Tracks TracksOf(const Item& group, bool across, const Measures& measures) {
-  Tracks tracks;
   const auto& shares = across ? group.column_stretch : group.row_stretch;
+  Tracks tracks(shares.size());
   std::vector<std::size_t> wide;  // the parts that take several tracks: they come last
   for (std::size_t part = 0; part < group.items.size(); ++part) {
     const Item& item = group.items[part];
@@ -115,8 +115,7 @@ Tracks TracksOf(const Item& group, bool across, const Measures& measures) {
     const bool along = (group.kind == Kind::Row) == across && group.kind != Kind::Grid;
     if (along) track.stretch = item.stretch;
   }
-  for (std::size_t i = 0; i < std::min(shares.size(), tracks.size()); ++i)
-    tracks[i].stretch = shares[i];
+  for (std::size_t i = 0; i < shares.size(); ++i) tracks[i].stretch = shares[i];
   const std::int32_t spacing = SpacingOf(group, across, measures);
   for (const std::size_t part : wide) {
     const Span span = SpanOf(group, part, across);
@@ -127,13 +126,13 @@ Tracks TracksOf(const Item& group, bool across, const Measures& measures) {
   return tracks;
 }
 
-// A space lies between its neighbours without a spacing of its own where it only stretches.
+// An empty track has no spacing of its own.
 void Fill(Tracks& tracks, std::int32_t begin, std::int32_t length, std::int32_t spacing) {
   const Span all{0, tracks.size()};
-  Widen(tracks, all, length - LengthOf(tracks, all, spacing));
+  Widen(tracks, all, length - LengthOf(tracks, all, spacing), true);
   for (Track& track : tracks) {
     track.begin = begin;
-    if (track.is_used) begin += track.size + spacing;
+    begin += track.size + (track.is_used ? spacing : 0);
   }
 }
 

@@ -46,6 +46,8 @@ TEST(Arrangement, GivesEachItsPlaceAndLeftOverRoomToWhatTakesIt) {
        "a 0,0-78,100 b 86,0-200,100 "},
       {"a part over two columns", Grid({At(0, 0, "a"), At(0, 1, "txt"), At(1, 0, "b", 2)}, {}), "",
        "a 0,0-60,46 b 0,54-200,100 txt 68,0-200,46 "},
+      {"a share of an empty row", Grid({At(0, 0, "a"), At(1, 0, "b")}, {}, {0, 0, 1}), "",
+       "a 0,0-200,20 b 0,28-200,48 "},
       {"content of a frame", Frame("f", Column({"list"})), "", "f 0,0-200,100 list 3,10-197,97 "},
       {"alignment", Column({Aligned(Item::Align::Center, "a")}), "", "a 70,40-130,60 "},
   };
