@@ -91,7 +91,8 @@ HWND FindButton(HWND window, const std::wstring& text) {
 }
 
 HWND PartOf(HWND date, const wchar_t* window_class) {
-  return Found(FindWindowExW(date, nullptr, window_class, nullptr), Narrow(std::wstring_view(window_class)));
+  return Found(FindWindowExW(date, nullptr, window_class, nullptr),
+               Narrow(std::wstring_view(window_class)));
 }
 
 void Click(HWND button) { SendMessageW(button, BM_CLICK, 0, 0); }
