@@ -20,16 +20,15 @@ struct Search {
   HWND found = nullptr;
 };
 
+BOOL CALLBACK LookAt(HWND child, LPARAM data) {
+  auto& search = *reinterpret_cast<Search*>(data);
+  if (search.fits(child)) search.found = child;
+  return search.found == nullptr;
+}
+
 HWND FindChild(HWND window, std::function<bool(HWND)> fits) {
   Search search{std::move(fits)};
-  EnumChildWindows(
-      window,
-      [](HWND child, LPARAM data) -> BOOL {
-        auto& looking = *reinterpret_cast<Search*>(data);
-        if (looking.fits(child)) looking.found = child;
-        return looking.found == nullptr;
-      },
-      reinterpret_cast<LPARAM>(&search));
+  EnumChildWindows(window, LookAt, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 
