@@ -123,6 +123,7 @@ std::map<const ui::Control*, AccessKey> AccessKeysOf(const ui::Form& form) {
   std::ranges::stable_sort(captioned, {},
                            [](const ui::Control* control) { return Rank(*control); });
   std::vector<std::string> texts;
+  texts.reserve(captioned.size());
   for (const ui::Control* control : captioned) texts.push_back(CaptionOf(*control));
   const std::vector<AccessKey> keys = ChooseAccessKeys(texts);
   std::map<const ui::Control*, AccessKey> key_of;

@@ -58,7 +58,7 @@ void Program::ShowStart() {
 }
 
 std::optional<platform::Error> Program::TryOpen(const std::string& database) {
-  if (const auto failure =
+  if (auto failure =
           ErrorOf([&] { Use(std::make_unique<OpenDatabase>(database, clock_, locale_)); }))
     return failure;
   recent_.Add(ToQt(database));

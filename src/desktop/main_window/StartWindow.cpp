@@ -19,7 +19,7 @@
 namespace pactora::desktop {
 namespace {
 
-enum Column { kName, kFolder };
+enum Column { NameColumn, FolderColumn };
 
 constexpr int kNameWidth = 24;  // characters
 constexpr int kWidth = 92;
@@ -56,7 +56,7 @@ QWidget* StartWindow::MakeRecent() {
   list_.setObjectName(QStringLiteral("start_recent"));
   list_.setColumnCount(2);
   list_.setHeaderLabels({QStringLiteral("Datenbank"), QStringLiteral("Ordner")});
-  list_.header()->resizeSection(kName, fontMetrics().horizontalAdvance(u'n') * kNameWidth);
+  list_.header()->resizeSection(NameColumn, fontMetrics().horizontalAdvance(u'n') * kNameWidth);
   list_.setRootIsDecorated(false);
   list_.setUniformRowHeights(true);
   list_.setItemDelegate(new RoomyDelegate(&list_));
@@ -115,10 +115,10 @@ void StartWindow::ShowRecent(int chosen) {
     auto* item = new QTreeWidgetItem(
         &list_, {is_there ? file.fileName() : file.fileName() + QStringLiteral(" (fehlt)"),
                  QDir::toNativeSeparators(file.path())});
-    item->setData(kName, Qt::UserRole, database);
-    item->setToolTip(kFolder, QDir::toNativeSeparators(database));
+    item->setData(NameColumn, Qt::UserRole, database);
+    item->setToolTip(FolderColumn, QDir::toNativeSeparators(database));
     if (is_there) continue;
-    for (const Column column : {kName, kFolder})
+    for (const Column column : {NameColumn, FolderColumn})
       item->setForeground(column, palette().brush(QPalette::Disabled, QPalette::Text));
   }
   const int count = list_.topLevelItemCount();
@@ -134,7 +134,7 @@ void StartWindow::ShowRecent(int chosen) {
 
 QString StartWindow::Chosen() const {
   const QTreeWidgetItem* item = list_.currentItem();
-  return item ? item->data(kName, Qt::UserRole).toString() : QString();
+  return item ? item->data(NameColumn, Qt::UserRole).toString() : QString();
 }
 
 QString StartWindow::Folder() const {
