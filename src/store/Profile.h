@@ -37,4 +37,7 @@ struct Profile {
   std::vector<Macro> macros;
 };
 
+// A database of that name with one user and no settings.
+Profile DefaultProfile(const std::string& name);
+
 }  // namespace pactora::store

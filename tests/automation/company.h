@@ -18,7 +18,7 @@ namespace pactora::support {
 inline std::unique_ptr<store::RecordStore> StoreWith(const std::string& dataset) {
   const formats::TextSource source = formats::MemorySource("firma.json", dataset);
   auto store =
-      store::CreateMemoryStore(schema::ContractCatalog(true), workspace::DefaultProfile("FIRMA"));
+      store::CreateMemoryStore(schema::ContractCatalog(true), store::DefaultProfile("FIRMA"));
   dataset::ImportDataset(*store, source, dataset::SurveyDataset(source), "FIRMA");
   return store;
 }

@@ -42,7 +42,7 @@ std::string Reexported(const std::string& dataset) {
   dataset::DatasetSurvey survey;
   if (!Ends([&] { survey = dataset::SurveyDataset(source); })) return {};
   const auto store = store::CreateMemoryStore(schema::ContractCatalog(survey.workflow_add_on),
-                                              workspace::DefaultProfile("P"));
+                                              store::DefaultProfile("P"));
   if (!Ends([&] { dataset::ImportDataset(*store, source, survey, "P"); })) {
     store->Rollback();
     Require(workspace::IsEmpty(*store), "a refused dataset leaves nothing");

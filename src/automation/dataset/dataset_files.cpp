@@ -46,7 +46,7 @@ void InitDatabase(const std::string& database, Content content, workspace::Acces
                   const Progress& progress) {
   if (content == Content::None) {
     workspace::MakeDatabase(database, true,
-                            workspace::DefaultProfile(workspace::DefaultDatabaseName(database)),
+                            store::DefaultProfile(workspace::DefaultDatabaseName(database)),
                             access, [](store::RecordStore&) {});
     return;
   }
@@ -61,7 +61,7 @@ void ImportDatabase(const std::string& database, const formats::TextSource& sour
   const std::string name = workspace::DefaultDatabaseName(database);
   if (!workspace::DatabaseExists(database)) {
     workspace::MakeDatabase(
-        database, survey.workflow_add_on, workspace::DefaultProfile(name), access,
+        database, survey.workflow_add_on, store::DefaultProfile(name), access,
         [&](store::RecordStore& store) { Fill(store, source, survey, name, progress); });
     return;
   }

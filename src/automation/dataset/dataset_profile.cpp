@@ -9,7 +9,6 @@
 
 #include "automation/dataset/values.h"
 #include "automation/formats/errors.h"
-#include "automation/workspace/database.h"
 #include "platform/Text.h"
 #include "schema/Catalog.h"
 #include "schema/names.h"
@@ -193,7 +192,7 @@ bool IsProfileKey(const std::string& key) {
 
 store::Profile ReadProfile(const formats::Json& members, const std::string& source,
                            const std::string& default_name) {
-  store::Profile profile = workspace::DefaultProfile(default_name);
+  store::Profile profile = store::DefaultProfile(default_name);
   const formats::Place root(source);
   if (const formats::Json* database = formats::Find(members, key::kDatabase)) {
     const formats::Place place = root.Key(key::kDatabase);

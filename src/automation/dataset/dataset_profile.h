@@ -26,7 +26,7 @@ inline constexpr const char* kOid = "@oid";
 bool IsProfileKey(const std::string& key);
 
 // The profile that these members of a dataset describe; what they leave out is as in
-// workspace::DefaultProfile(default_name). Requires: all keys pass IsProfileKey.
+// store::DefaultProfile(default_name). Requires: all keys pass IsProfileKey.
 // Raises DoorError::BadInput.
 store::Profile ReadProfile(const formats::Json& members, const std::string& source,
                            const std::string& default_name);

@@ -1,32 +1,13 @@
 #include "automation/formats/TextSource.h"
 
-#include <fstream>
 #include <sstream>
 #include <utility>
-
-#include "automation/formats/files.h"
-#include "automation/formats/json.h"
 
 namespace pactora::formats {
 
 TextSource MemorySource(const std::string& name, std::string text) {
   const auto kept = std::make_shared<const std::string>(std::move(text));
   return {name, [kept] { return std::make_unique<std::istringstream>(*kept); }};
-}
-
-TextSource FileSource(const std::string& path) {
-  if (path == kStandardStream) return MemorySource("Standardeingabe", ReadStandardInput());
-  const auto open = [path]() -> std::unique_ptr<std::istream> {
-    auto in = std::make_unique<std::ifstream>(path, std::ios::binary);
-    // A folder can be opened, but not read.
-    if (!*in || in->peek() == std::ifstream::traits_type::eof()) {
-      if (!*in && !in->eof()) Place(path).Fail("die Datei kann nicht gelesen werden");
-      in->clear();
-    }
-    return in;
-  };
-  open();
-  return {path, open};
 }
 
 }  // namespace pactora::formats

@@ -108,7 +108,7 @@ std::unique_ptr<store::RecordStore> OpenByKind(const std::string& name, Access a
 #endif
   static_cast<void>(access);
   return store::CreateMemoryStore(schema::ContractCatalog(true),
-                                  DefaultProfile(DefaultDatabaseName(name)));
+                                  store::DefaultProfile(DefaultDatabaseName(name)));
 }
 
 // The address without the password that it must not have.
@@ -133,15 +133,6 @@ void ReportMigrationTo(std::function<void(const std::string& message)> report) {
 std::string DefaultDatabaseName(const std::string& name) {
   if (name == kMemoryName || IsServer(name)) return "PACTORA";
   return fs::path(name).stem().string();
-}
-
-store::Profile DefaultProfile(const std::string& name) {
-  store::Profile profile;
-  profile.name = name;
-  profile.display_name = name;
-  profile.users = {kDefaultUser};
-  profile.current_user = kDefaultUser;
-  return profile;
 }
 
 std::string IdOf(const store::Profile& profile) {

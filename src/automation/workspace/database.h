@@ -25,12 +25,6 @@ inline constexpr const char* kMemoryName = ":memory:";
 // The name of a database that is given none: that of its file.
 std::string DefaultDatabaseName(const std::string& name);
 
-// The one user of a new database.
-inline constexpr const char* kDefaultUser = "Benutzer";
-
-// A database of that name with one user and no settings.
-store::Profile DefaultProfile(const std::string& name);
-
 // What tells the database apart from all others, whatever their names; its name for a
 // database that was never written since it has been given one.
 std::string IdOf(const store::Profile& profile);

@@ -33,7 +33,7 @@ std::unique_ptr<store::RecordStore> Import(const StoreKind& kind, const std::str
   const formats::TextSource source = formats::MemorySource("daten.json", text);
   const DatasetSurvey survey = SurveyDataset(source);
   auto store = kind.create(schema::ContractCatalog(survey.workflow_add_on),
-                           workspace::DefaultProfile("FIRMA"));
+                           store::DefaultProfile("FIRMA"));
   ImportDataset(*store, source, survey, "FIRMA");
   return store;
 }
@@ -150,7 +150,7 @@ TEST_P(DatasetOverStores, AnImportThatFailsLeavesNothing) {
     const formats::TextSource source = formats::MemorySource("daten.json", text);
     const DatasetSurvey survey = SurveyDataset(source);
     const auto store =
-        GetParam().create(schema::ContractCatalog(true), workspace::DefaultProfile("FIRMA"));
+        GetParam().create(schema::ContractCatalog(true), store::DefaultProfile("FIRMA"));
     const auto at_row = [rows = 0]() mutable {
       if (++rows == 4) formats::Raise(formats::DoorError::BadInput, "abgebrochen");
     };
