@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "component/TypeLibrary.h"
+#include "component/com/lifetime.h"
 #include "component/host/AutomationApp.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
@@ -32,9 +33,6 @@ struct Loaded {
 // there, and go with the process.
 Loaded* loaded = nullptr;
 
-LONG objects = 0;
-LONG locks = 0;
-
 }  // namespace
 
 shell::Module& AddOn() {
@@ -42,20 +40,8 @@ shell::Module& AddOn() {
   return loaded->module;
 }
 
-void CountObject() { InterlockedIncrement(&objects); }
-
-void DiscountObject() { InterlockedDecrement(&objects); }
-
-void CountLock(bool locked) {
-  if (locked) {
-    InterlockedIncrement(&locks);
-  } else {
-    InterlockedDecrement(&locks);
-  }
-}
-
 bool LetGo() {
-  if (objects != 0 || locks != 0) return false;
+  if (IsInUse()) return false;
   if (loaded != nullptr && loaded->thread != GetCurrentThreadId()) return false;
   delete std::exchange(loaded, nullptr);
   ForgetTypeLibrary();

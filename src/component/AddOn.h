@@ -1,4 +1,4 @@
-// The loaded add-on behind all objects of the component, and what keeps it loaded.
+// The loaded add-on behind all objects of the component.
 #pragma once
 
 #include "shell/Module.h"
@@ -7,11 +7,6 @@ namespace pactora::component {
 
 // The one set of globals, made at the first use, for the thread that made it.
 shell::Module& AddOn();
-
-// Objects that others hold, and locks, keep the component loaded.
-void CountObject();
-void DiscountObject();
-void CountLock(bool locked);
 
 // Whether nothing keeps it loaded. The globals then go, and with them the objects of the
 // last host: from here on the component may be unloaded without a word. No on another

@@ -6,9 +6,9 @@
 
 #include <ocidl.h>
 
-#include "component/AddOn.h"
 #include "component/TypeLibrary.h"
 #include "component/com/failures.h"
+#include "component/com/lifetime.h"
 
 namespace pactora::component {
 

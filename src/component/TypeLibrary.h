@@ -5,14 +5,9 @@
 
 #include <oaidl.h>
 
-#include <string>
-
 #include "component/com/Ref.h"
 
 namespace pactora::component {
-
-// The path of the component's own file.
-std::wstring OwnPath();
 
 // The library, read from the component's own file at the first use. Raises what reading
 // raises.

@@ -1,58 +1,18 @@
-// The component's four exports and its class factory.
+// The component's four exports.
 #include <pactora2.h>
-
-#include <new>
 
 #include "component/AddOn.h"
 #include "component/CVVObject.h"
 #include "component/Records.h"
+#include "component/com/ClassFactory.h"
 #include "component/registration.h"
 
 namespace pactora::component {
 namespace {
 
-// A factory lives as long as the component is loaded; who holds it holds the component.
-template <typename Object>
-class Factory final : public IClassFactory {
- public:
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (id != IID_IUnknown && id != IID_IClassFactory) return E_NOINTERFACE;
-    *object = static_cast<IClassFactory*>(this);
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override {
-    CountObject();
-    return 2;
-  }
-  ULONG STDMETHODCALLTYPE Release() override {
-    DiscountObject();
-    return 1;
-  }
-
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    HRESULT found = S_OK;
-    const HRESULT made = Guarded([&] {
-      auto* created = new Object;
-      found = created->QueryInterface(id, object);
-      created->Release();
-    });
-    return FAILED(made) ? made : found;
-  }
-  HRESULT STDMETHODCALLTYPE LockServer(BOOL locked) override {
-    CountLock(locked != FALSE);
-    return S_OK;
-  }
-};
-
 template <typename Object>
 HRESULT GetFactory(REFIID id, void** object) {
-  static Factory<Object> factory;
+  static ClassFactory factory([]() -> IUnknown* { return static_cast<IDispatch*>(new Object); });
   return factory.QueryInterface(id, object);
 }
 
