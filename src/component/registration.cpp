@@ -71,15 +71,8 @@ void UnregisterFrom(HKEY root) {
 
 }  // namespace
 
-HRESULT Register() {
-  const HRESULT machine = Guarded([] { RegisterIn(HKEY_LOCAL_MACHINE); });
-  return machine == E_ACCESSDENIED ? Guarded([] { RegisterIn(HKEY_CURRENT_USER); }) : machine;
-}
+HRESULT Register() { return ForMachineOrUser(RegisterIn); }
 
-HRESULT Unregister() {
-  const HRESULT user = Guarded([] { UnregisterFrom(HKEY_CURRENT_USER); });
-  const HRESULT machine = Guarded([] { UnregisterFrom(HKEY_LOCAL_MACHINE); });
-  return FAILED(user) ? user : machine;
-}
+HRESULT Unregister() { return ForMachineAndUser(UnregisterFrom); }
 
 }  // namespace pactora::component

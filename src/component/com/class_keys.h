@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "component/com/failures.h"
+
 namespace pactora::component {
 
 // The path of the file that this code is in.
@@ -22,5 +24,19 @@ struct CreatableClass {
 void EnterClass(HKEY root, const CreatableClass& entered, const std::wstring& library);
 // Removes all of it; nothing there is no failure.
 void RemoveClass(HKEY root, const CreatableClass& entered);
+
+// Runs enter for the machine, or for the user where the machine is denied.
+template <typename Enter>
+HRESULT ForMachineOrUser(const Enter& enter) {
+  const HRESULT machine = Guarded([&] { enter(HKEY_LOCAL_MACHINE); });
+  return machine == E_ACCESSDENIED ? Guarded([&] { enter(HKEY_CURRENT_USER); }) : machine;
+}
+// Runs remove for both.
+template <typename Remove>
+HRESULT ForMachineAndUser(const Remove& remove) {
+  const HRESULT user = Guarded([&] { remove(HKEY_CURRENT_USER); });
+  const HRESULT machine = Guarded([&] { remove(HKEY_LOCAL_MACHINE); });
+  return FAILED(user) ? user : machine;
+}
 
 }  // namespace pactora::component
