@@ -108,12 +108,12 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllRegisterServer() {
-  return pactora::component::Guarded([] {
-    pactora::component::EnterClass(HKEY_CURRENT_USER, pactora::automation_host::kClass, {});
+  return pactora::component::ForMachineOrUser([](HKEY root) {
+    pactora::component::EnterClass(root, pactora::automation_host::kClass, {});
   });
 }
 
 STDAPI DllUnregisterServer() {
-  return pactora::component::Guarded(
-      [] { pactora::component::RemoveClass(HKEY_CURRENT_USER, pactora::automation_host::kClass); });
+  return pactora::component::ForMachineAndUser(
+      [](HKEY root) { pactora::component::RemoveClass(root, pactora::automation_host::kClass); });
 }
