@@ -46,8 +46,8 @@ void InitDatabase(const std::string& database, Content content, workspace::Acces
                   const Progress& progress) {
   if (content == Content::None) {
     workspace::MakeDatabase(database, true,
-                            store::DefaultProfile(workspace::DefaultDatabaseName(database)),
-                            access, [](store::RecordStore&) {});
+                            store::DefaultProfile(workspace::DefaultDatabaseName(database)), access,
+                            [](store::RecordStore&) {});
     return;
   }
   if (workspace::DatabaseExists(database)) workspace::RaiseTaken(database);

@@ -32,8 +32,8 @@ using testing::HasSubstr;
 std::unique_ptr<store::RecordStore> Import(const StoreKind& kind, const std::string& text) {
   const formats::TextSource source = formats::MemorySource("daten.json", text);
   const DatasetSurvey survey = SurveyDataset(source);
-  auto store = kind.create(schema::ContractCatalog(survey.workflow_add_on),
-                           store::DefaultProfile("FIRMA"));
+  auto store =
+      kind.create(schema::ContractCatalog(survey.workflow_add_on), store::DefaultProfile("FIRMA"));
   ImportDataset(*store, source, survey, "FIRMA");
   return store;
 }
