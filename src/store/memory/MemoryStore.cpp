@@ -9,6 +9,7 @@
 
 #include "platform/Text.h"
 #include "store/errors.h"
+#include "store/row_numbers.h"
 
 namespace pactora::store {
 namespace {
@@ -120,10 +121,10 @@ class MemoryStore final : public RecordStore {
     }
     if (record.oid != 0 && Find(table, record.oid) != nullptr) Raise(StoreError::DuplicateOid);
     CheckUnique(table, record);
-    last_number_ = std::max({last_number_, record.oid, record.order});
-    const std::int64_t number = last_number_ + 1;
-    if (record.oid == 0) record.oid = last_number_ = number;
-    if (record.order == 0) record.order = last_number_ = number;
+    const RowNumbers numbers = NumbersFor(record, last_number_);
+    last_number_ = numbers.last;
+    record.oid = numbers.oid;
+    record.order = numbers.order;
     record.version = 1;
     Remember(table, record.oid, nullptr);
     Link(table, std::make_unique<Record>(record));

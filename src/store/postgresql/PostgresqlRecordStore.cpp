@@ -1,15 +1,14 @@
 #include "store/postgresql/PostgresqlRecordStore.h"
 
-#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cstring>
-#include <limits>
 #include <thread>
 #include <utility>
 
 #include "store/postgresql/profile.h"
 #include "store/postgresql/statements.h"
+#include "store/row_numbers.h"
 #include "store/sql/row_values.h"
 
 namespace pactora::store::postgresql {
@@ -114,25 +113,13 @@ auto PostgresqlRecordStore::Written(const Write& write) {
 
 void PostgresqlRecordStore::Insert(TableId table, Record& record) {
   EnterUnitToWrite(table);
-  std::int64_t number = std::max({last_number_, record.oid, record.order});
-  // A number for the row itself and one for its order at most.
-  if (number >= std::numeric_limits<std::int64_t>::max() - 1) {
-    Raise(StoreError::Failed, "keine Oid mehr frei");
-  }
-  const Oid oid = record.oid != 0 ? record.oid : ++number;
-  std::int64_t order = record.order;
-  if (order == 0) order = record.oid == 0 ? oid : ++number;
-
+  const RowNumbers numbers = NumbersFor(record, last_number_);
   Statement& statement = Database().statements.Get(table, Operation::Insert);
-  statement.Bind(sql::kOidParameter, oid);
-  statement.Bind(sql::kVersionParameter, std::int64_t{1});
-  statement.Bind(sql::kOrderParameter, order);
-  if (catalog_.tables[table].parent) statement.Bind(sql::kParentParameter, record.parent);
-  sql::BindContent(statement, catalog_.tables[table], record);
+  sql::BindNew(statement, catalog_.tables[table], record, numbers);
   if (Written([&] { return statement.Run(); }) == 0) RaiseRefused(table, record);
-  last_number_ = number;
-  record.oid = oid;
-  record.order = order;
+  last_number_ = numbers.last;
+  record.oid = numbers.oid;
+  record.order = numbers.order;
   record.version = 1;
 }
 

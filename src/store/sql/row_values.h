@@ -12,6 +12,7 @@
 #include "schema/Catalog.h"
 #include "store/Document.h"
 #include "store/RecordStore.h"
+#include "store/row_numbers.h"
 #include "store/sql/row_statements.h"
 
 namespace pactora::store::sql {
@@ -81,6 +82,17 @@ void BindContent(Statement& statement, const schema::Table& table, const Record&
     BindCell(statement, parameter++, table.fields[field].type, record.cells[field]);
   }
   BindKeys(statement, parameter, record.keys);
+}
+
+// A row to be inserted.
+template <typename Statement>
+void BindNew(Statement& statement, const schema::Table& table, const Record& record,
+             const RowNumbers& numbers) {
+  statement.Bind(kOidParameter, numbers.oid);
+  statement.Bind(kVersionParameter, std::int64_t{1});
+  statement.Bind(kOrderParameter, numbers.order);
+  if (table.parent) statement.Bind(kParentParameter, record.parent);
+  BindContent(statement, table, record);
 }
 
 template <typename Statement>

@@ -1,10 +1,9 @@
 #include "store/sqlite/SqliteRecordStore.h"
 
-#include <algorithm>
-#include <limits>
 #include <utility>
 
 #include "store/errors.h"
+#include "store/row_numbers.h"
 #include "store/sql/row_values.h"
 #include "store/sqlite/profile.h"
 #include "store/sqlite/statements.h"
@@ -129,25 +128,13 @@ void SqliteRecordStore::FailWrite(int code) {
 
 void SqliteRecordStore::Insert(TableId table, Record& record) {
   EnterUnitToWrite(table);
-  std::int64_t number = std::max({last_number_, record.oid, record.order});
-  // A number for the row itself and one for its order at most.
-  if (number >= std::numeric_limits<std::int64_t>::max() - 1) {
-    Raise(StoreError::Failed, "keine Oid mehr frei");
-  }
-  const Oid oid = record.oid != 0 ? record.oid : ++number;
-  std::int64_t order = record.order;
-  if (order == 0) order = record.oid == 0 ? oid : ++number;
-
+  const RowNumbers numbers = NumbersFor(record, last_number_);
   Statement& statement = File().statements.Get(table, sql::Operation::Insert);
-  statement.Bind(sql::kOidParameter, oid);
-  statement.Bind(sql::kVersionParameter, std::int64_t{1});
-  statement.Bind(sql::kOrderParameter, order);
-  if (catalog_.tables[table].parent) statement.Bind(sql::kParentParameter, record.parent);
-  sql::BindContent(statement, catalog_.tables[table], record);
+  sql::BindNew(statement, catalog_.tables[table], record, numbers);
   HasWritten(statement.Run());
-  last_number_ = number;
-  record.oid = oid;
-  record.order = order;
+  last_number_ = numbers.last;
+  record.oid = numbers.oid;
+  record.order = numbers.order;
   record.version = 1;
 }
 
