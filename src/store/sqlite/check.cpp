@@ -1,6 +1,7 @@
 // The examination of a whole database file.
 #include "platform/Text.h"
 #include "store/errors.h"
+#include "store/sql/profile_tables.h"
 #include "store/sql/row_statements.h"
 #include "store/sqlite/SqliteRecordStore.h"
 #include "store/sqlite/SqliteStore.h"
@@ -17,6 +18,17 @@ using sqlite::Statement;
 
 constexpr const char* kWrongType = "der Wert passt nicht zum Typ des Feldes";
 constexpr const char* kNoUtf8 = "der Text ist kein UTF-8";
+constexpr const char* kNoBoolean = "weder 0 noch 1";
+constexpr const char* kNoLong = "die Zahl hat mehr als 32 Bit";
+
+std::string OutsideLong(const std::string& column) {
+  return column + " NOT BETWEEN -2147483648 AND 2147483647";
+}
+// The numbers that SQLite has no form for are kept as bytes.
+std::string IsNoReal(const std::string& column) {
+  return "typeof(" + column + ") <> 'real' AND " + column +
+         " NOT IN (CAST('-0.0' AS BLOB), CAST('NaN' AS BLOB))";
+}
 
 // What must not hold for any row, in SQL.
 struct Rule {
@@ -48,6 +60,7 @@ class Examination {
 
   void OwnTable(const std::string& table) {
     std::vector<Rule> rules;
+    AddMeaning(rules, table);
     std::string row;  // the first column of the primary key
     Statement columns(connection_, "SELECT name, type, pk FROM pragma_table_info(?1)");
     columns.Bind(1, std::string_view(table));
@@ -95,24 +108,66 @@ class Examination {
         {column, "typeof(" + name + ") = 'text' AND NOT is_utf8(" + name + ")", kNoUtf8});
   }
 
+  template <typename Names>
+  static std::string NoneOf(const Names& names) {
+    std::string list;
+    for (const auto& [value, name] : names)
+      list.append(list.empty() ? " NOT IN ('" : ", '").append(name).append("'");
+    return list + ")";
+  }
+
+  // What the columns' types leave open.
+  static void AddMeaning(std::vector<Rule>& rules, const std::string& table) {
+    const auto number = [&](const std::string& column, const std::string& broken,
+                            const char* fault) {
+      rules.push_back({column, "typeof(" + column + ") = 'integer' AND " + broken, fault});
+    };
+    const auto boolean = [&](const std::string& column) {
+      number(column, column + " NOT IN (0, 1)", kNoBoolean);
+    };
+    if (table == "pactora_database") {
+      boolean("workflow_add_on");
+      number("last_number", "last_number NOT BETWEEN 0 AND 9223372036854775805",
+             "danach ist keine Zahl mehr frei");
+    } else if (table == "pactora_macros") {
+      boolean("fails");
+      number("number", OutsideLong("number"), kNoLong);
+    } else if (table == "pactora_settings") {
+      boolean("read_only");
+      rules.push_back({"scope", "scope" + NoneOf(sql::kScopes), "ein unbekanntes Wort"});
+      AddKind(rules, "kind" + NoneOf(sql::kKinds));
+    } else if (table == "pactora_setting_elements") {
+      AddKind(rules, "kind = 'array' OR kind" + NoneOf(sql::kKinds));
+    }
+  }
+
+  static void AddKind(std::vector<Rule>& rules, const std::string& is_unknown) {
+    rules.push_back({"kind", is_unknown, "ein unbekanntes Wort"});
+    rules.push_back(
+        {"value",
+         "CASE kind WHEN 'integer' THEN typeof(value) <> 'integer' OR value NOT BETWEEN -32768 AND "
+         "32767 WHEN 'long' THEN typeof(value) <> 'integer' OR " +
+             OutsideLong("value") + " WHEN 'double' THEN " + IsNoReal("value") +
+             " WHEN 'date' THEN " + IsNoReal("value") +
+             " WHEN 'text' THEN typeof(value) <> 'text' "
+             "WHEN 'boolean' THEN typeof(value) <> 'integer' OR value NOT IN (0, 1) "
+             "WHEN 'empty' THEN value IS NOT NULL WHEN 'array' THEN value IS NOT NULL ELSE 0 END",
+         kWrongType});
+  }
+
   static void AddField(std::vector<Rule>& rules, const schema::Field& field) {
     const std::string name = Quoted(field.name);
     switch (field.type) {
       case schema::FieldType::Long:
         AddType(rules, field.name, "'integer', 'null'");
-        rules.push_back({field.name, name + " NOT BETWEEN -2147483648 AND 2147483647",
-                         "die Zahl hat mehr als 32 Bit"});
+        rules.push_back({field.name, OutsideLong(name), kNoLong});
         return;
       case schema::FieldType::Boolean:
-        rules.push_back({field.name, name + " NOT IN (0, 1)", "weder 0 noch 1"});
+        rules.push_back({field.name, name + " NOT IN (0, 1)", kNoBoolean});
         return;
       case schema::FieldType::Double:
       case schema::FieldType::Date:
-        // The numbers that SQLite has no form for are kept as bytes.
-        rules.push_back({field.name,
-                         "typeof(" + name + ") NOT IN ('real', 'null') AND " + name +
-                             " NOT IN (CAST('-0.0' AS BLOB), CAST('NaN' AS BLOB))",
-                         kWrongType});
+        rules.push_back({field.name, name + " IS NOT NULL AND " + IsNoReal(name), kWrongType});
         return;
       case schema::FieldType::Text:
       case schema::FieldType::Document:
@@ -186,9 +241,12 @@ SqliteCheck CheckSqlite(const std::string& path, std::chrono::milliseconds lock_
     // On damaged pages a walk may lead anywhere.
     if (examination.FoundNothing() && structure.faults.empty()) {
       for (const sqlite::Part& part : sqlite::OwnTables()) examination.OwnTable(part.name);
+      // A store with such rows could not be read whole.
+      const bool has_profile = examination.FoundNothing();
       for (const schema::Table& table : structure.catalog.tables) examination.Table(table);
-      check.store = std::make_unique<sqlite::SqliteRecordStore>(std::move(copy),
-                                                                std::move(structure.catalog));
+      if (has_profile)
+        check.store = std::make_unique<sqlite::SqliteRecordStore>(std::move(copy),
+                                                                  std::move(structure.catalog));
     }
   } catch (const platform::Error& error) {
     // Too damaged to read on.
